@@ -1,0 +1,27 @@
+#include "app/about_dlg.h"
+
+#include "res/dialog_templates.h"
+
+namespace panelora {
+
+namespace {
+constexpr int kOk = 1;
+}  // namespace
+
+void CAboutDlg::Run(ui::Dialog& owner) { toolkit.RunModal(res::kAbout, *this, owner, window); }
+
+void CAboutDlg::OnCommand(int control, ui::Notification /*what*/) {
+  if (control == kOk) OnCloseRequest();
+}
+
+// Enter and Escape both mean "read it".
+bool CAboutDlg::OnKey(ui::Key /*key*/) {
+  OnCloseRequest();
+  return true;
+}
+
+void CAboutDlg::OnCloseRequest() {
+  if (window != nullptr) window->Close();
+}
+
+}  // namespace panelora

@@ -1,0 +1,269 @@
+#include "app/main_dlg.h"
+
+#include <algorithm>
+
+#include "app/navigation.h"
+#include "device/properties.h"
+#include "res/dialog_templates.h"
+
+#ifndef PANELORA_ADMITTED_BOX_TYPES_LIST
+#define PANELORA_ADMITTED_BOX_TYPES_LIST 26
+#endif
+
+namespace panelora {
+
+namespace {
+
+constexpr char kTitle[] = "Corvane RXC-9 Center ( 1.0.2.6 )";
+constexpr char kLogo[] = "Logo";
+
+constexpr int kMonitorTimer = 1;
+constexpr int kMonitorPeriod = 3000;  // ms
+
+constexpr int kAboutCommand = 16;
+
+constexpr int kClientWidth = 600;
+constexpr int kClientHeight = 375;
+constexpr ui::Rect kPictureStrip = {0, 0, 600, 65};
+constexpr ui::Rect kWholeClient = {0, 0, kClientWidth, kClientHeight};
+constexpr ui::Rect kPageArea = {110, 65, 540, 335};
+
+constexpr std::uint8_t kAdmitted[] = {PANELORA_ADMITTED_BOX_TYPES_LIST};
+
+}  // namespace
+
+std::span<const std::uint8_t> AdmittedBoxTypes() { return kAdmitted; }
+
+CMainDlg::CMainDlg(DeviceLink& theDevice, ui::Toolkit& theToolkit,
+                   std::span<const std::uint8_t> theAdmittedTypes)
+    : device(theDevice), toolkit(theToolkit), admittedTypes(theAdmittedTypes), about(theToolkit) {}
+
+CMainDlg::~CMainDlg() {
+  // While everything that hears of it still exists.
+  if (window != nullptr) window->Close();
+  for (int code = 0; code <= static_cast<int>(PageCode::kTextLabels); ++code) {
+    PageOf(static_cast<PageCode>(code)).Destroy();
+  }
+}
+
+bool CMainDlg::IsAdmitted(std::uint8_t boxType) const {
+  return std::find(admittedTypes.begin(), admittedTypes.end(), boxType) != admittedTypes.end();
+}
+
+void CMainDlg::Init() {
+  window = toolkit.CreateDialogFrom(res::kMain, *this, nullptr);
+  const std::string aboutText = toolkit.String(res::kAboutMenuText);
+  if (!aboutText.empty()) window->AddSystemMenuItem(kAboutCommand, aboutText);
+  window->SetIcon(res::kIcon);
+
+  panel.identity.boxType = kNoBoxType;
+  panel.deviceHandle = device.Open(kOpenMode);
+  connected = panel.deviceHandle != kNoBox;
+  ReadIdentity();
+  if (!IsAdmitted(panel.identity.boxType)) {
+    connected = false;
+    panel.identity.boxType = kNoBoxType;
+  }
+
+  window->ResizeClient(kClientWidth, kClientHeight);
+  window->SetTitle(kTitle);
+  CreatePages();
+  SetFirstTexts();
+  PlaceButtonsAtHome();
+  for (const NavigationButton& button : kNavigationButtons) {
+    window->SetPictures(button.control, button.up, button.down);
+    ShowButton(button.control, button.shownAtStart);
+  }
+  ApplyDevicePicture();
+  pageCode = PageCode::kInformation;
+  if (!connected) ShowDisconnectedLook();
+  timerRuns = window->StartTimer(kMonitorTimer, kMonitorPeriod);
+}
+
+// True when the box answered. The bytes are stored only when the box type changed: the same model
+// that comes back with other brand or DIP bytes keeps the old ones, on purpose.
+bool CMainDlg::ReadIdentity() {
+  BlockBuffer block{};
+  if (device.GetKiraboxProperty(panel.deviceHandle, block::kIdentity, kNoSub, 20, block) !=
+      kSuccess) {
+    return false;
+  }
+  if (block[0] != panel.identity.boxType) {
+    panel.identity = {block[0], block[1], block[2], block[3], block[4]};
+    panel.identityPair = {block[0], block[1]};
+  }
+  return true;
+}
+
+void CMainDlg::CreatePages() {
+  // In the order of their templates; each is shown while it is placed, initialised, then hidden.
+  Page* const pages[] = {&information,   &videoMenu,   &audio,     &procAmp, &setting,
+                         &videoSettings, &displayMode, &tvWall,    &pip,     &genlock,
+                         &imageAdjust,   &roi,         &textLabels};
+  for (Page* page : pages) {
+    page->Create(*window);
+    page->Place(kPageArea, kPictureButton);
+  }
+  InitPages();
+  imageAdjust.Init();
+  roi.Init();
+  textLabels.Init();
+  for (Page* page : pages) page->Show(page == &information);
+}
+
+// The initialisations that the start and every connection change have in common.
+void CMainDlg::InitPages() {
+  information.Init();
+  information.Refresh(panel.serialHandle);
+  videoMenu.Init(panel.serialHandle);
+  audio.Init();
+  panel.procAmpCache = kProcAmpStart;
+  procAmp.Init(panel.serialHandle, panel.procAmpCache);
+  setting.Init();
+  videoSettings.Init();
+  displayMode.Init(panel.serialHandle);
+  pip.Init(panel.serialHandle);
+  genlock.Init();
+}
+
+void CMainDlg::SetFirstTexts() {
+  const auto caption = [&](int control, const char* text) {
+    window->SetFont(control, ui::kCaptionFont);
+    window->SetText(control, text);
+  };
+  caption(kPictureButton, kLogo);
+  window->PlaceControl(kPictureButton, kPictureStrip);
+  caption(kSerialPicture, kLogo);
+  window->PlaceControl(kSerialPicture, {110, 65, 490, 310});
+  window->SetPictures(kSerialPicture, "NULL_RS485", "NULL_RS485");
+  window->ShowControl(kSerialPicture, false);
+  caption(kPortList, "");
+  window->PlaceControl(kPortList, {500, 20, 80, 20});
+  window->ShowControl(kPortList, false);
+  for (const NavigationButton& button : kNavigationButtons) {
+    if (button.caption != nullptr) caption(button.control, button.caption);
+  }
+}
+
+void CMainDlg::PlaceButtonsAtHome() {
+  for (const NavigationButton& button : kNavigationButtons) {
+    window->PlaceControl(button.control, button.home);
+  }
+}
+
+void CMainDlg::ApplyDevicePicture() {
+  bool pipMark = false;
+  if (PictureNeedsMultiViewBlock(panel.identity)) {
+    BlockBuffer multiView{};
+    if (device.GetKiraboxProperty(panel.deviceHandle, block::kMultiView, kNoSub, 20, multiView) ==
+        kSuccess) {
+      panel.fittedOption = multiView[2];
+      pipMark = multiView[1] == 1;
+    }
+  }
+  const PictureChoice choice = ChoosePicture(panel.identity, pipMark);
+  if (choice.newSubModel) panel.identity.subModel = *choice.newSubModel;
+  window->SetPictures(kPictureButton, choice.picture, choice.picture);
+  ChangeNavigation(choice.change);
+  if (choice.showsRefresh) ShowButton(kRefreshButton);
+}
+
+void CMainDlg::ChangeNavigation(NavigationChange change) {
+  switch (change) {
+    case NavigationChange::kNone:
+      break;
+    case NavigationChange::kNoProcAmp:
+      MoveButton(kSettingButton, 185);
+      ShowButton(kProcAmpButton, false);
+      MoveButton(kProcAmpButton, 225);
+      break;
+    case NavigationChange::kNoProcAmpNoAudio:
+      MoveButton(kSettingButton, 145);
+      ShowButton(kProcAmpButton, false);
+      MoveButton(kProcAmpButton, 185);
+      ShowButton(kAudioButton, false);
+      MoveButton(kAudioButton, 225);
+      break;
+    case NavigationChange::kNoAudio:
+      ShowButtonAt(kProcAmpButton, 145);
+      MoveButton(kSettingButton, 185);
+      ShowButton(kAudioButton, false);
+      MoveButton(kAudioButton, 225);
+      break;
+  }
+}
+
+void CMainDlg::OnTimer(int /*timer*/) {
+  if (panel.tickSkip > 0) {
+    --panel.tickSkip;
+    return;
+  }
+  panel.deviceHandle = device.Open(kOpenMode);
+  const bool present = panel.deviceHandle != kNoBox && !panel.forceDisconnect;
+  if (present == connected) {
+    panel.forceDisconnect = false;  // set in the disconnected look: done with this tick
+    return;
+  }
+
+  bool nowConnected = true;
+  if (panel.forceDisconnect) {
+    panel.forceDisconnect = false;
+    nowConnected = false;
+    panel.identity.boxType = kNoBoxType;
+  } else if (!ReadIdentity()) {
+    nowConnected = false;
+    panel.identity.boxType = kNoBoxType;
+  }
+  if (!IsAdmitted(panel.identity.boxType)) {
+    nowConnected = false;
+    panel.identity.boxType = kNoBoxType;
+  }
+  if (nowConnected == connected) return;
+  connected = nowConnected;
+  ChangeConnection();
+}
+
+void CMainDlg::ChangeConnection() {
+  PlaceButtonsAtHome();
+  ResetSubPages();
+  InitPages();
+  window->PlaceControl(kPictureButton, kPictureStrip);
+  HideAllButtons();
+  HideAllPages();
+  for (const NavigationButton& button : kNavigationButtons) {
+    if (button.shownAtStart) ShowButton(button.control);
+  }
+  information.Show(true);
+  ApplyDevicePicture();
+  pageCode = PageCode::kInformation;
+  if (connected) {
+    OnInformation();
+  } else {
+    ShowDisconnectedLook();
+  }
+}
+
+// The picture of "no box" covers the whole client area.
+void CMainDlg::ShowDisconnectedLook() {
+  information.Show(false);
+  for (const NavigationButton& button : kNavigationButtons) {
+    if (button.shownAtStart) ShowButton(button.control, false);
+  }
+  window->PlaceControl(kPictureButton, kWholeClient);
+}
+
+bool CMainDlg::OnSystemCommand(int command) {
+  if (command != kAboutCommand) return false;
+  about.Run(*window);
+  return true;
+}
+
+void CMainDlg::OnCloseRequest() { window->Close(); }
+
+void CMainDlg::OnDestroy() {
+  if (timerRuns) window->StopTimer(kMonitorTimer);
+  timerRuns = false;
+  videoSettings.StopTimer();
+}
+
+}  // namespace panelora

@@ -1,0 +1,50 @@
+# The program, its toolkit over real windows, and the simulated DEVLNK.dll.
+enable_language(RC)
+
+# One static file with nothing beside the system's own DLLs.
+if(MSVC)
+  set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+else()
+  add_link_options(-static -Wl,--gc-sections -Wl,--no-insert-timestamp $<$<CONFIG:MinSizeRel>:-s>)
+endif()
+
+add_library(panelora_win32 STATIC
+  platform/win32/devlnk_loader.cpp
+  platform/win32/dpi.cpp
+  platform/win32/gdi_cache.cpp
+  platform/win32/serial_port.cpp
+  platform/win32/win32_dialog.cpp
+  platform/win32/win32_toolkit.cpp)
+target_compile_definitions(panelora_win32 PUBLIC _WIN32_WINNT=0x0601 NOMINMAX)
+target_link_libraries(panelora_win32 PUBLIC panelora_core comctl32 gdi32 shlwapi user32)
+
+# The art is rendered from its vector sources into bitmaps and a resource script that names them.
+set(PANELORA_ART_DIR ${PROJECT_BINARY_DIR}/art)
+file(GLOB PANELORA_ART_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/res/art/*)
+file(GLOB PANELORA_DIALOGS CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/res/dialogs/*.inc)
+add_custom_command(
+  OUTPUT ${PANELORA_ART_DIR}/art.rc
+  COMMAND ${PROJECT_SOURCE_DIR}/tools/render_art ${PANELORA_ART_DIR}
+  DEPENDS ${PROJECT_SOURCE_DIR}/tools/render_art ${PANELORA_ART_SOURCES}
+  COMMENT "Rendering the artwork"
+  VERBATIM)
+add_custom_target(panelora_art DEPENDS ${PANELORA_ART_DIR}/art.rc)
+
+# The program's resources, for the program and for the tests that open its windows themselves.
+add_library(panelora_resources OBJECT res/panelora.rc)
+target_include_directories(panelora_resources PRIVATE
+  ${PROJECT_SOURCE_DIR}/res ${PANELORA_ART_DIR})
+set_source_files_properties(res/panelora.rc PROPERTIES OBJECT_DEPENDS
+  "${PANELORA_ART_DIR}/art.rc;${PROJECT_SOURCE_DIR}/res/panelora.manifest;${PROJECT_SOURCE_DIR}/res/dialogs.inc;${PROJECT_SOURCE_DIR}/res/strings.inc;${PANELORA_DIALOGS}")
+add_dependencies(panelora_resources panelora_art)
+
+add_executable(Panelora WIN32 platform/win32/main.cpp $<TARGET_OBJECTS:panelora_resources>)
+target_link_libraries(Panelora PRIVATE panelora_win32)
+
+# In a folder of its own, so that it never stands beside the program unasked.
+add_library(DEVLNK SHARED simulator/devlnk_dll.cpp simulator/devlnk.def)
+target_link_libraries(DEVLNK PRIVATE panelora_simulator panelora_options)
+target_compile_definitions(DEVLNK PRIVATE _WIN32_WINNT=0x0601 NOMINMAX)
+set_target_properties(DEVLNK PROPERTIES PREFIX "" IMPORT_PREFIX ""
+  RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/simulator
+  ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/simulator)

@@ -1,0 +1,30 @@
+// Option tables: constant rows that end at the row whose key is 255, searched from the start.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace panelora {
+
+// The key of the row that ends every option table.
+constexpr std::uint8_t kTableEnd = 255;
+
+// The first row that `matches`, or null. The search ends at the row whose `key` is 255, which is
+// itself offered to `matches` first: some end rows carry a text that a box can ask for.
+template <class Row, class Matches>
+const Row* FindRow(const Row* row, std::uint8_t Row::*key, Matches matches) {
+  for (;; ++row) {
+    const bool last = row->*key == kTableEnd;
+    if (matches(*row)) return row;
+    if (last) return nullptr;
+  }
+}
+
+// Captions are stored padded with blanks on the right.
+inline std::string TrimRight(std::string_view text) {
+  const std::size_t end = text.find_last_not_of(' ');
+  return std::string(text.substr(0, end == std::string_view::npos ? 0 : end + 1));
+}
+
+}  // namespace panelora

@@ -1,0 +1,109 @@
+// The page protocol: what every page offers to the main window, and what it has to work with.
+#pragma once
+
+#include <cstddef>
+#include <initializer_list>
+#include <memory>
+
+#include "device/device_link.h"
+#include "device/properties.h"
+#include "pages/panel_state.h"
+#include "ui/dialog.h"
+#include "ui/toolkit.h"
+
+namespace panelora {
+
+// What a page works with; all of it outlives the page.
+struct PanelContext {
+  PanelState& panel;
+  DeviceLink& device;
+  ui::Toolkit& toolkit;
+};
+
+// A row of a page's table from control and notification to the operation that handles it.
+template <class T>
+struct CommandRow {
+  int control;
+  void (T::*handler)();
+  ui::Notification what = ui::Notification::kClicked;
+};
+
+// Runs the handler of the first matching row; nothing when there is none.
+template <class T, std::size_t size>
+void DispatchCommand(T& target, const CommandRow<T> (&rows)[size], int control,
+                     ui::Notification what) {
+  for (const CommandRow<T>& row : rows) {
+    if (row.control == control && row.what == what) {
+      (target.*row.handler)();
+      return;
+    }
+  }
+}
+
+// A child dialog of the main window. Each page has an Init with the arguments of its own, which
+// copies the device handle; until the next Init the page goes on with that copy.
+class Page : public ui::DialogEvents {
+ public:
+  Page(int number, PanelContext context)
+      : panel(context.panel),
+        device(context.device),
+        toolkit(context.toolkit),
+        templateNumber(number) {}
+
+  // Creates the window; to be called once, before anything else.
+  void Create(ui::Dialog& parent) {
+    window = toolkit.CreateDialogFrom(templateNumber, *this, &parent);
+  }
+  void Show(bool shown) { window->Show(shown); }
+  void Place(const ui::Rect& rect, int behind) { window->Place(rect, behind); }
+  // Closes the window, for a main window that goes.
+  void Destroy() { window.reset(); }
+
+  // Reads the box into the page. A failed read keeps what was shown. The serial handle is kept and
+  // never used for input or output.
+  virtual void Refresh(ui::SerialHandle serial) { serialHandle = serial; }
+  // Writes the page's selections to the box.
+  virtual void Apply() {}
+  // Has the box restore what this page sets, as far as the box can.
+  virtual void RestoreDefaults() {}
+
+ protected:
+  ui::Dialog& Window() { return *window; }
+
+  // Block properties; ReadBlock is true when the box answered and `out` holds the bytes.
+  bool ReadBlock(std::uint8_t property, std::uint8_t length, BlockBuffer& out,
+                 std::uint8_t sub = kNoSub) {
+    return device.GetKiraboxProperty(deviceHandle, property, sub, length, out) == kSuccess;
+  }
+  void WriteBlock(std::uint8_t property, std::initializer_list<std::uint8_t> bytes,
+                  std::uint8_t sub = kNoSub) {
+    BlockBuffer buffer{};
+    std::size_t length = 0;
+    for (const std::uint8_t byte : bytes) buffer[length++] = byte;
+    device.SetKiraboxProperty(deviceHandle, property, sub, static_cast<std::uint8_t>(length),
+                              buffer);
+  }
+
+  // Word properties; ReadWord is true when the box answered and `value` holds the low byte.
+  bool ReadWord(std::uint32_t item, std::uint8_t& value) {
+    WordBuffer words{};
+    if (device.GetBoxProperty(deviceHandle, kBoxGroup, item, words) != kSuccess) return false;
+    value = static_cast<std::uint8_t>(words[0] & 0xFF);
+    return true;
+  }
+  void WriteWord(std::uint32_t item, std::uint32_t value) {
+    device.SetBoxProperty(deviceHandle, kBoxGroup, item, value);
+  }
+
+  PanelState& panel;
+  DeviceLink& device;
+  ui::Toolkit& toolkit;
+  DeviceHandle deviceHandle = kNoBox;
+  ui::SerialHandle serialHandle = ui::kInvalidSerial;
+
+ private:
+  int templateNumber;
+  std::unique_ptr<ui::Dialog> window;
+};
+
+}  // namespace panelora

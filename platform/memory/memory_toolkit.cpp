@@ -1,0 +1,277 @@
+#include "platform/memory/memory_toolkit.h"
+
+#include <algorithm>
+
+#include "res/dialog_templates.h"
+
+namespace panelora::memory {
+
+MemoryDialog::MemoryDialog(MemoryToolkit& theToolkit, const ui::DialogTemplate& theSource,
+                           ui::DialogEvents& theEvents, MemoryDialog* theParent)
+    : toolkit(theToolkit),
+      source(theSource),
+      events(theEvents),
+      parent(theParent),
+      rect(ui::PixelsFromUnits(theSource.units)),
+      title(theSource.title) {
+  for (const ui::ControlTemplate& row : source.controls) {
+    MemoryControl control;
+    control.kind = row.kind;
+    control.text = row.text;
+    control.rect = ui::PixelsFromUnits(row.units);
+    controls.emplace(row.id, std::move(control));
+  }
+  toolkit.dialogs.push_back(this);
+}
+
+MemoryDialog::~MemoryDialog() {
+  Close();
+  std::erase(toolkit.dialogs, this);
+}
+
+void MemoryDialog::Close() {
+  if (!open) return;
+  open = false;
+  events.OnDestroy();
+  timers.clear();
+  shown = false;
+}
+
+void MemoryDialog::Show(bool nowShown) {
+  if (nowShown && !shown) {
+    for (auto& [id, control] : controls) control.needsPaint = true;
+  }
+  shown = nowShown;
+}
+
+void MemoryDialog::Place(const ui::Rect& place, int behindParentControl) {
+  rect = place;
+  behind = behindParentControl;
+}
+
+void MemoryDialog::ResizeClient(int width, int height) {
+  rect.width = width;
+  rect.height = height;
+}
+
+void MemoryDialog::PlaceOver(const ui::Dialog& other, ui::Point offset) {
+  const ui::Point base = static_cast<const MemoryDialog&>(other).ScreenPosition();
+  rect.x = base.x + offset.x;
+  rect.y = base.y + offset.y;
+}
+
+ui::Point MemoryDialog::ScreenPosition() const {
+  if (parent == nullptr || source.framed) return {rect.x, rect.y};
+  const ui::Point base = parent->ScreenPosition();
+  return {base.x + rect.x, base.y + rect.y};
+}
+
+void MemoryDialog::AddSystemMenuItem(int command, std::string_view text) {
+  systemMenu.emplace_back(command, text);
+}
+
+bool MemoryDialog::StartTimer(int timer, int milliseconds) {
+  timers[timer] = milliseconds;
+  return true;
+}
+
+const MemoryControl* MemoryDialog::Find(int control) const {
+  const auto found = controls.find(control);
+  return found == controls.end() ? nullptr : &found->second;
+}
+
+MemoryControl* MemoryDialog::FindForChange(int control) {
+  const auto found = controls.find(control);
+  return found == controls.end() ? nullptr : &found->second;
+}
+
+std::string MemoryDialog::Text(int control) const {
+  const MemoryControl* found = Find(control);
+  return found != nullptr ? found->text : std::string();
+}
+
+void MemoryDialog::SetText(int control, std::string_view text) {
+  if (MemoryControl* found = FindForChange(control)) found->text = text;
+}
+
+void MemoryDialog::ShowControl(int control, bool nowShown) {
+  MemoryControl* found = FindForChange(control);
+  if (found == nullptr) return;
+  if (nowShown && !found->shown) found->needsPaint = true;
+  found->shown = nowShown;
+}
+
+void MemoryDialog::EnableControl(int control, bool enabled) {
+  if (MemoryControl* found = FindForChange(control)) found->enabled = enabled;
+}
+
+void MemoryDialog::PlaceControl(int control, const ui::Rect& place) {
+  if (MemoryControl* found = FindForChange(control)) found->rect = place;
+}
+
+void MemoryDialog::SetFont(int control, const ui::Font& font) {
+  if (MemoryControl* found = FindForChange(control)) {
+    found->font = font;
+    found->fontSet = true;
+  }
+}
+
+void MemoryDialog::SetPictures(int control, std::string_view up, std::string_view down) {
+  if (MemoryControl* found = FindForChange(control)) {
+    found->upPicture = up;
+    found->downPicture = down;
+  }
+}
+
+void MemoryDialog::SetTextLimit(int control, int characters) {
+  if (MemoryControl* found = FindForChange(control)) found->textLimit = characters;
+}
+
+void MemoryDialog::SetSliderRange(int control, int minimum, int maximum) {
+  if (MemoryControl* found = FindForChange(control)) {
+    found->minimum = minimum;
+    found->maximum = std::max(minimum, maximum);
+    SetSliderPosition(control, found->position);
+  }
+}
+
+void MemoryDialog::SetSliderPosition(int control, int position) {
+  if (MemoryControl* found = FindForChange(control)) {
+    found->position = std::clamp(position, found->minimum, found->maximum);
+    found->needsPaint = true;
+  }
+}
+
+int MemoryDialog::SliderPosition(int control) const {
+  const MemoryControl* found = Find(control);
+  return found != nullptr ? found->position : 0;
+}
+
+void MemoryDialog::SetProgressRange(int control, int minimum, int maximum) {
+  SetSliderRange(control, minimum, maximum);
+}
+
+void MemoryDialog::SetProgressPosition(int control, int position) {
+  SetSliderPosition(control, position);
+}
+
+void MemoryDialog::ClearItems(int control) {
+  if (MemoryControl* found = FindForChange(control)) {
+    found->items.clear();
+    found->selected = -1;
+  }
+}
+
+void MemoryDialog::AddItem(int control, std::string_view text) {
+  if (MemoryControl* found = FindForChange(control)) found->items.emplace_back(text);
+}
+
+void MemoryDialog::SelectItem(int control, int index) {
+  if (MemoryControl* found = FindForChange(control)) {
+    const bool exists = index >= 0 && index < static_cast<int>(found->items.size());
+    found->selected = exists ? index : -1;
+  }
+}
+
+int MemoryDialog::SelectedItem(int control) const {
+  const MemoryControl* found = Find(control);
+  return found != nullptr ? found->selected : -1;
+}
+
+std::string MemoryDialog::ItemText(int control, int index) const {
+  const MemoryControl* found = Find(control);
+  if (found == nullptr || index < 0 || index >= static_cast<int>(found->items.size())) return "";
+  return found->items[static_cast<std::size_t>(index)];
+}
+
+bool MemoryDialog::IsVisible() const {
+  return open && shown && (parent == nullptr || source.framed || parent->IsVisible());
+}
+
+bool MemoryDialog::TakesInput(const MemoryControl* control) const {
+  return control != nullptr && open && control->enabled;
+}
+
+void MemoryDialog::Press(int control) {
+  if (TakesInput(Find(control))) events.OnCommand(control, ui::Notification::kClicked);
+}
+
+void MemoryDialog::Type(int control, std::string_view text) {
+  MemoryControl* found = FindForChange(control);
+  if (!TakesInput(found)) return;
+  found->text = text.substr(0, static_cast<std::size_t>(found->textLimit));
+}
+
+void MemoryDialog::Drag(int control, int position) {
+  if (!TakesInput(Find(control))) return;
+  SetSliderPosition(control, position);
+  Paint();
+}
+
+void MemoryDialog::Release(int control) {
+  if (TakesInput(Find(control))) events.OnSliderReleased(control);
+}
+
+void MemoryDialog::Choose(int control, int index) {
+  if (!TakesInput(Find(control))) return;
+  SelectItem(control, index);
+  events.OnCommand(control, ui::Notification::kSelectionChanged);
+}
+
+bool MemoryDialog::PressKey(ui::Key key) { return events.OnKey(key); }
+
+void MemoryDialog::PressMouse(int control) {
+  const MemoryControl* found = Find(control);
+  if (TakesInput(found) && found->shown) events.OnMousePress(control);
+}
+
+void MemoryDialog::Tick(int timer) {
+  if (open) events.OnTimer(timer);
+}
+
+void MemoryDialog::ChooseSystemMenu(int command) { events.OnSystemCommand(command & ~0xF); }
+
+void MemoryDialog::RequestClose() { events.OnCloseRequest(); }
+
+void MemoryDialog::Paint() {
+  if (!IsVisible()) return;
+  for (auto& [id, control] : controls) {
+    if (control.kind != ui::ControlKind::kSlider || !control.shown || !control.needsPaint) continue;
+    control.needsPaint = false;
+    events.OnSliderRepainted(id);
+  }
+}
+
+std::unique_ptr<ui::Dialog> MemoryToolkit::CreateDialogFrom(int number, ui::DialogEvents& events,
+                                                            ui::Dialog* parent) {
+  return std::make_unique<MemoryDialog>(*this, *res::FindDialog(number), events,
+                                        static_cast<MemoryDialog*>(parent));
+}
+
+void MemoryToolkit::RunModal(int number, ui::DialogEvents& events, ui::Dialog& owner,
+                             ui::Dialog*& opened) {
+  MemoryDialog dialog(*this, *res::FindDialog(number), events, &static_cast<MemoryDialog&>(owner));
+  opened = &dialog;
+  dialog.Show(true);
+  if (onModal) onModal();
+  opened = nullptr;
+}
+
+std::string MemoryToolkit::String(int number) const { return res::FindString(number); }
+
+ui::SerialHandle MemoryToolkit::OpenSerial(const std::string& name) {
+  openedPorts.push_back(name);
+  const auto port = ports.find(name);
+  return port == ports.end() ? ui::kInvalidSerial : port->second;
+}
+
+int MemoryToolkit::Random() { return drawn < randomNumbers.size() ? randomNumbers[drawn++] : 1; }
+
+MemoryDialog* MemoryToolkit::Find(int number) const {
+  for (auto dialog = dialogs.rbegin(); dialog != dialogs.rend(); ++dialog) {
+    if ((*dialog)->IsOpen() && (*dialog)->Number() == number) return *dialog;
+  }
+  return nullptr;
+}
+
+}  // namespace panelora::memory

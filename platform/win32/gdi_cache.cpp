@@ -1,0 +1,128 @@
+#include "platform/win32/gdi_cache.h"
+
+// clang-format off: objidl.h comes before gdiplus.h
+#include <gdiplus.h>
+#include <objidl.h>
+#include <shlwapi.h>
+// clang-format on
+
+namespace panelora::win32 {
+
+namespace {
+
+// The system's picture decoder, bound when the first fine picture is drawn: at 96 dpi it is never
+// loaded.
+template <class Function>
+Function Bind(HMODULE module, const char* name) {
+  return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+}
+
+}  // namespace
+
+int ScaleForDpi(int value, int dpi) { return MulDiv(value, dpi, 96); }
+
+GdiCache::~GdiCache() {
+  for (const auto& [key, font] : fonts) DeleteObject(font);
+  for (const auto& [key, brush] : brushes) DeleteObject(brush);
+  for (const auto& [key, bitmap] : bitmaps) {
+    if (bitmap != nullptr) DeleteObject(bitmap);
+  }
+  if (gdiplusToken != 0) {
+    const auto shutdown = Bind<void(WINAPI*)(ULONG_PTR)>(gdiplus, "GdiplusShutdown");
+    if (shutdown != nullptr) shutdown(gdiplusToken);
+  }
+  if (gdiplus != nullptr) FreeLibrary(gdiplus);
+}
+
+HFONT GdiCache::FontFor(const ui::Font& font, int dpi) {
+  HFONT& made = fonts[{font.face, font.tenths, dpi}];
+  if (made == nullptr) {
+    made = CreateFontA(-MulDiv(font.tenths, dpi, 720), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
+                       DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                       DEFAULT_PITCH | FF_SWISS, font.face);
+  }
+  return made;
+}
+
+HBRUSH GdiCache::BrushFor(const ui::Colour& colour) {
+  const COLORREF value = RGB(colour.red, colour.green, colour.blue);
+  HBRUSH& made = brushes[value];
+  if (made == nullptr) made = CreateSolidBrush(value);
+  return made;
+}
+
+HBITMAP GdiCache::BitmapFor(const std::string& name, bool fine) {
+  const auto key = std::make_pair(name, fine);
+  const auto found = bitmaps.find(key);
+  if (found != bitmaps.end()) return found->second;
+  HBITMAP bitmap = nullptr;
+  if (fine) bitmap = LoadFine(name);
+  if (!fine) {
+    bitmap = static_cast<HBITMAP>(
+        LoadImageA(instance, name.c_str(), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
+  }
+  bitmaps[key] = bitmap;
+  return bitmap;
+}
+
+// The drawing of twice the size, or null when it can't be had.
+HBITMAP GdiCache::LoadFine(const std::string& name) {
+  if (!gdiplusTried) {
+    gdiplusTried = true;
+    gdiplus = LoadLibraryExA("gdiplus.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (gdiplus == nullptr) gdiplus = LoadLibraryA("gdiplus.dll");
+    using Startup = int(WINAPI*)(ULONG_PTR*, const Gdiplus::GdiplusStartupInput*, void*);
+    const auto startup = gdiplus != nullptr ? Bind<Startup>(gdiplus, "GdiplusStartup") : nullptr;
+    const Gdiplus::GdiplusStartupInput input;
+    if (startup == nullptr || startup(&gdiplusToken, &input, nullptr) != 0) gdiplusToken = 0;
+  }
+  if (gdiplusToken == 0) return nullptr;
+
+  const HRSRC resource = FindResourceA(instance, name.c_str(), "PNG");
+  if (resource == nullptr) return nullptr;
+  const HGLOBAL loaded = LoadResource(instance, resource);
+  const DWORD size = SizeofResource(instance, resource);
+  IStream* stream = SHCreateMemStream(static_cast<const BYTE*>(LockResource(loaded)), size);
+  if (stream == nullptr) return nullptr;
+
+  using FromStream = int(WINAPI*)(IStream*, void**);
+  using ToBitmap = int(WINAPI*)(void*, HBITMAP*, DWORD);
+  using Dispose = int(WINAPI*)(void*);
+  const auto fromStream = Bind<FromStream>(gdiplus, "GdipCreateBitmapFromStream");
+  const auto toBitmap = Bind<ToBitmap>(gdiplus, "GdipCreateHBITMAPFromBitmap");
+  const auto dispose = Bind<Dispose>(gdiplus, "GdipDisposeImage");
+  HBITMAP bitmap = nullptr;
+  void* image = nullptr;
+  if (fromStream != nullptr && toBitmap != nullptr && dispose != nullptr &&
+      fromStream(stream, &image) == 0) {
+    if (toBitmap(image, &bitmap, 0xFF000000) != 0) bitmap = nullptr;
+    dispose(image);
+  }
+  stream->Release();
+  return bitmap;
+}
+
+bool GdiCache::Draw(HDC context, const RECT& place, const std::string& name, int dpi) {
+  HBITMAP bitmap = dpi > 96 ? BitmapFor(name, true) : nullptr;
+  if (bitmap == nullptr) bitmap = BitmapFor(name, false);
+  if (bitmap == nullptr) return false;
+  BITMAP info{};
+  GetObjectA(bitmap, sizeof info, &info);
+  const HDC source = CreateCompatibleDC(context);
+  const HGDIOBJ before = SelectObject(source, bitmap);
+  const int width = place.right - place.left;
+  const int height = place.bottom - place.top;
+  if (width == info.bmWidth && height == info.bmHeight) {
+    BitBlt(context, place.left, place.top, width, height, source, 0, 0, SRCCOPY);
+  } else {
+    SetStretchBltMode(context, HALFTONE);
+    SetBrushOrgEx(context, 0, 0, nullptr);
+    StretchBlt(context, place.left, place.top, width, height, source, 0, 0, info.bmWidth,
+               info.bmHeight, SRCCOPY);
+  }
+  SelectObject(source, before);
+  DeleteDC(source);
+  return true;
+}
+
+}  // namespace panelora::win32

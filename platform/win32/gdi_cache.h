@@ -1,0 +1,50 @@
+// Fonts, bitmaps and brushes: each is made once and freed with the cache, so that the number of
+// handles does not grow with use.
+#pragma once
+
+// clang-format off: windows.h comes first
+#include <windows.h>
+// clang-format on
+
+#include <map>
+#include <string>
+#include <tuple>
+
+#include "ui/geometry.h"
+
+namespace panelora::win32 {
+
+// A value of 96-dpi pixels at another dpi, rounded as the system rounds.
+int ScaleForDpi(int value, int dpi);
+
+class GdiCache {
+ public:
+  explicit GdiCache(HINSTANCE theInstance) : instance(theInstance) {}
+  ~GdiCache();
+  GdiCache(const GdiCache&) = delete;
+  GdiCache& operator=(const GdiCache&) = delete;
+
+  HFONT FontFor(const ui::Font& font, int dpi);
+  HBRUSH BrushFor(const ui::Colour& colour);
+
+  // Draws a picture of the resources by name, stretched to `place`; above 96 dpi the drawing of
+  // twice the size is used. False when there is no such picture.
+  bool Draw(HDC context, const RECT& place, const std::string& name, int dpi);
+
+  // How many handles the cache owns at present.
+  std::size_t Count() const { return fonts.size() + brushes.size() + bitmaps.size(); }
+
+ private:
+  HBITMAP BitmapFor(const std::string& name, bool fine);
+  HBITMAP LoadFine(const std::string& name);
+
+  HINSTANCE instance;
+  std::map<std::tuple<std::string, int, int>, HFONT> fonts;
+  std::map<COLORREF, HBRUSH> brushes;
+  std::map<std::pair<std::string, bool>, HBITMAP> bitmaps;
+  HMODULE gdiplus = nullptr;
+  ULONG_PTR gdiplusToken = 0;
+  bool gdiplusTried = false;
+};
+
+}  // namespace panelora::win32

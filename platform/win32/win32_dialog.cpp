@@ -1,0 +1,441 @@
+#include <algorithm>
+
+#include "platform/win32/dpi.h"
+#include "platform/win32/win32_toolkit.h"
+
+namespace panelora::win32 {
+
+namespace {
+
+constexpr int kDropDownHeight = 180;
+
+std::string WindowText(HWND window) {
+  const int length = GetWindowTextLengthA(window);
+  std::string text(static_cast<std::size_t>(length) + 1, '\0');
+  text.resize(static_cast<std::size_t>(GetWindowTextA(window, text.data(), length + 1)));
+  return text;
+}
+
+}  // namespace
+
+Win32Dialog::Win32Dialog(Win32Toolkit& theToolkit, const ui::DialogTemplate& theSource,
+                         ui::DialogEvents& theEvents, Win32Dialog* theParent)
+    : toolkit(theToolkit),
+      source(theSource),
+      events(theEvents),
+      parent(theParent),
+      rect(ui::PixelsFromUnits(theSource.units)) {
+  toolkit.dialogs.push_back(this);
+  window = CreateDialogParamA(toolkit.Instance(), MAKEINTRESOURCEA(source.number),
+                              parent != nullptr ? parent->window : nullptr, Procedure,
+                              reinterpret_cast<LPARAM>(this));
+  live = window != nullptr;
+}
+
+Win32Dialog::~Win32Dialog() {
+  Close();
+  std::erase(toolkit.dialogs, this);
+}
+
+void Win32Dialog::Close() {
+  if (window == nullptr) return;
+  // A disabled owner gets the input back before its modal dialog goes, so that it is activated
+  // next.
+  if (source.framed && parent != nullptr) EnableWindow(parent->window, TRUE);
+  DestroyWindow(window);
+}
+
+INT_PTR CALLBACK Win32Dialog::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_INITDIALOG) {
+    SetWindowLongPtrA(handle, DWLP_USER, lParam);
+    Win32Dialog* dialog = reinterpret_cast<Win32Dialog*>(lParam);
+    dialog->window = handle;
+    dialog->AdoptControls();
+    return dialog->source.framed ? TRUE : FALSE;  // a page leaves the focus where it is
+  }
+  Win32Dialog* dialog = reinterpret_cast<Win32Dialog*>(GetWindowLongPtrA(handle, DWLP_USER));
+  return dialog != nullptr ? dialog->OnMessage(message, wParam, lParam) : FALSE;
+}
+
+// Takes over the controls that the template made, at exact 96-dpi places: the system's own dialog
+// units depend on the font that it finds.
+void Win32Dialog::AdoptControls() {
+  LeaveScalingToProgram(window);
+  dpi = DpiOf(window);
+  SetWindowLongPtrA(window, GWLP_ID, source.framed ? 0 : source.number);
+  for (const ui::ControlTemplate& row : source.controls) {
+    Win32Control control;
+    control.kind = row.kind;
+    control.window = GetDlgItem(window, row.id);
+    control.rect = ui::PixelsFromUnits(row.units);
+    if (control.window == nullptr) continue;
+    LayOutControl(control);
+    controls.emplace(row.id, std::move(control));
+  }
+  if (source.framed) {
+    SizeForClient(rect.width, rect.height, SWP_NOMOVE | SWP_NOZORDER);
+  } else {
+    const RECT place = Scaled(rect);
+    SetWindowPos(window, nullptr, 0, 0, place.right - place.left, place.bottom - place.top,
+                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+}
+
+int Win32Dialog::Scaled(int value) const { return ScaleForDpi(value, dpi); }
+
+// Edges are scaled, not sizes, so that what touches at 96 dpi touches at every dpi.
+RECT Win32Dialog::Scaled(const ui::Rect& place) const {
+  return {Scaled(place.x), Scaled(place.y), Scaled(place.x + place.width),
+          Scaled(place.y + place.height)};
+}
+
+void Win32Dialog::LayOutControl(const Win32Control& control) {
+  const RECT place = Scaled(control.rect);
+  // A combo box is as high as its open list; closed it takes the height of its font.
+  const int list = control.kind == ui::ControlKind::kCombo ? Scaled(kDropDownHeight) : 0;
+  MoveWindow(control.window, place.left, place.top, place.right - place.left,
+             place.bottom - place.top + list, TRUE);
+  if (control.fontSet) {
+    SendMessageA(control.window, WM_SETFONT,
+                 reinterpret_cast<WPARAM>(toolkit.Gdi().FontFor(control.font, dpi)), TRUE);
+  }
+}
+
+void Win32Dialog::SizeForClient(int width, int height, UINT flags) {
+  RECT outer;
+  RECT client;
+  GetWindowRect(window, &outer);
+  GetClientRect(window, &client);
+  SetWindowPos(window, HWND_TOP, 0, 0, (outer.right - outer.left) - client.right + Scaled(width),
+               (outer.bottom - outer.top) - client.bottom + Scaled(height), flags);
+}
+
+void Win32Dialog::Rescale(int newDpi) {
+  dpi = newDpi;
+  for (const auto& [id, control] : controls) LayOutControl(control);
+  if (!source.framed) {
+    const RECT place = Scaled(rect);
+    SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  InvalidateRect(window, nullptr, TRUE);
+}
+
+void Win32Dialog::OnDpiChanged(int newDpi, const RECT& suggested) {
+  SetWindowPos(window, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  Rescale(newDpi);
+  SizeForClient(rect.width, rect.height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  for (Win32Dialog* page : toolkit.dialogs) {
+    if (page->parent == this && !page->source.framed && page->IsOpen()) page->Rescale(newDpi);
+  }
+}
+
+INT_PTR Win32Dialog::Answer(LRESULT result) {
+  SetWindowLongPtrA(window, DWLP_MSGRESULT, static_cast<LONG_PTR>(result));
+  return TRUE;
+}
+
+INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_DESTROY:
+      if (live) events.OnDestroy();
+      live = false;
+      return FALSE;
+    case WM_NCDESTROY:
+      SetWindowLongPtrA(window, DWLP_USER, 0);
+      window = nullptr;
+      controls.clear();
+      timers.clear();
+      // Wakes a loop that waits for this dialog: the message that closed it may have been sent.
+      if (source.framed) PostThreadMessageA(GetCurrentThreadId(), WM_NULL, 0, 0);
+      return FALSE;
+    case WM_DRAWITEM:
+      DrawPicture(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+      return TRUE;
+    case WM_CTLCOLORDLG:
+      if (const auto colour = events.BackgroundColour()) {
+        return reinterpret_cast<INT_PTR>(toolkit.Gdi().BrushFor(*colour));
+      }
+      return FALSE;
+    case WM_PAINT:
+      return PaintMinimised() ? TRUE : FALSE;
+    case WM_QUERYDRAGICON:
+      return bigIcon != nullptr ? Answer(reinterpret_cast<LRESULT>(bigIcon)) : FALSE;
+    default:
+      break;
+  }
+  if (!live) return FALSE;
+  switch (message) {
+    case WM_COMMAND:
+      OnCommandMessage(LOWORD(wParam), HIWORD(wParam));
+      return TRUE;
+    case WM_NOTIFY:
+      return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
+    case WM_TIMER:
+      events.OnTimer(static_cast<int>(wParam));
+      return TRUE;
+    case WM_SYSCOMMAND:
+      return events.OnSystemCommand(static_cast<int>(wParam & 0xFFF0)) ? TRUE : FALSE;
+    case WM_CLOSE:
+      events.OnCloseRequest();
+      return TRUE;
+    case kDpiChanged:
+      OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+      return TRUE;
+    default:
+      return FALSE;
+  }
+}
+
+void Win32Dialog::OnCommandMessage(int control, UINT code) {
+  const Win32Control* found = Find(control);
+  if (found == nullptr) return;
+  switch (found->kind) {
+    case ui::ControlKind::kPictureButton:
+      // The second press of a quick pair arrives as a double click.
+      if (code == BN_CLICKED || code == BN_DOUBLECLICKED) {
+        events.OnCommand(control, ui::Notification::kClicked);
+      }
+      break;
+    case ui::ControlKind::kButton:
+    case ui::ControlKind::kDefaultButton:
+      if (code == BN_CLICKED) events.OnCommand(control, ui::Notification::kClicked);
+      break;
+    case ui::ControlKind::kCombo:
+      if (code == CBN_SELCHANGE) events.OnCommand(control, ui::Notification::kSelectionChanged);
+      break;
+    default:
+      break;
+  }
+}
+
+INT_PTR Win32Dialog::OnNotify(const NMHDR& header) {
+  const int control = static_cast<int>(header.idFrom);
+  const Win32Control* found = Find(control);
+  if (found == nullptr || found->kind != ui::ControlKind::kSlider) return FALSE;
+  if (header.code == static_cast<UINT>(NM_CUSTOMDRAW)) {
+    const auto& draw = reinterpret_cast<const NMCUSTOMDRAW&>(header);
+    if (draw.dwDrawStage == CDDS_PREPAINT) events.OnSliderRepainted(control);
+    return Answer(CDRF_DODEFAULT);
+  }
+  if (header.code == static_cast<UINT>(NM_RELEASEDCAPTURE)) events.OnSliderReleased(control);
+  return FALSE;
+}
+
+void Win32Dialog::DrawPicture(const DRAWITEMSTRUCT& item) {
+  const Win32Control* control = Find(static_cast<int>(item.CtlID));
+  if (control == nullptr) return;
+  const bool pressed = (item.itemState & ODS_SELECTED) != 0;
+  const std::string& name = pressed ? control->downPicture : control->upPicture;
+  RECT place = item.rcItem;
+  if (name.empty() || !toolkit.Gdi().Draw(item.hDC, place, name, dpi)) {
+    // No picture yet: an ordinary button with its text.
+    DrawFrameControl(item.hDC, &place, DFC_BUTTON,
+                     static_cast<UINT>(DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0)));
+    const std::string text = WindowText(item.hwndItem);
+    SetBkMode(item.hDC, TRANSPARENT);
+    DrawTextA(item.hDC, text.c_str(), -1, &place,
+              DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+  }
+  if ((item.itemState & ODS_FOCUS) != 0 && toolkit.MarksFocus()) {
+    // A light line in a dark one, to be seen on every picture.
+    const int inset = Scaled(3);
+    RECT mark = item.rcItem;
+    InflateRect(&mark, -inset, -inset);
+    FrameRect(item.hDC, &mark, toolkit.Gdi().BrushFor({255, 255, 255}));
+    InflateRect(&mark, -1, -1);
+    SetTextColor(item.hDC, RGB(0, 0, 0));
+    SetBkColor(item.hDC, RGB(255, 255, 255));
+    DrawFocusRect(item.hDC, &mark);
+  }
+}
+
+bool Win32Dialog::PaintMinimised() {
+  if (!IsIconic(window) || bigIcon == nullptr) return false;
+  PAINTSTRUCT paint;
+  const HDC context = BeginPaint(window, &paint);
+  SendMessageA(window, WM_ICONERASEBKGND, reinterpret_cast<WPARAM>(context), 0);
+  RECT client;
+  GetClientRect(window, &client);
+  const int x = (client.right - GetSystemMetrics(SM_CXICON) + 1) / 2;
+  const int y = (client.bottom - GetSystemMetrics(SM_CYICON) + 1) / 2;
+  DrawIcon(context, x, y, bigIcon);
+  EndPaint(window, &paint);
+  return true;
+}
+
+const Win32Control* Win32Dialog::Find(int control) const {
+  const auto found = controls.find(control);
+  return found == controls.end() ? nullptr : &found->second;
+}
+
+HWND Win32Dialog::ControlWindow(int control) const {
+  const Win32Control* found = Find(control);
+  return found != nullptr ? found->window : nullptr;
+}
+
+void Win32Dialog::Show(bool shown) { ShowWindow(window, shown ? SW_SHOW : SW_HIDE); }
+
+bool Win32Dialog::IsShown() const {
+  return window != nullptr && (GetWindowLongPtrA(window, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+void Win32Dialog::Place(const ui::Rect& place, int behindParentControl) {
+  rect = place;
+  behind = behindParentControl;
+  const RECT scaled = Scaled(rect);
+  const HWND after = parent != nullptr ? parent->ControlWindow(behind) : nullptr;
+  SetWindowPos(window, after, scaled.left, scaled.top, scaled.right - scaled.left,
+               scaled.bottom - scaled.top, SWP_NOACTIVATE);
+}
+
+void Win32Dialog::ResizeClient(int width, int height) {
+  rect = {0, 0, width, height};
+  SizeForClient(width, height, SWP_NOMOVE);
+}
+
+void Win32Dialog::PlaceOver(const ui::Dialog& other, ui::Point offset) {
+  RECT base;
+  GetWindowRect(static_cast<const Win32Dialog&>(other).window, &base);
+  SetWindowPos(window, nullptr, base.left + Scaled(offset.x), base.top + Scaled(offset.y), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER);
+}
+
+void Win32Dialog::SetTitle(std::string_view title) {
+  SetWindowTextA(window, std::string(title).c_str());
+}
+
+void Win32Dialog::SetIcon(int icon) {
+  const auto load = [&](int size) {
+    return static_cast<HICON>(LoadImageA(toolkit.Instance(), MAKEINTRESOURCEA(icon), IMAGE_ICON,
+                                         GetSystemMetrics(size), GetSystemMetrics(size),
+                                         LR_SHARED));
+  };
+  bigIcon = load(SM_CXICON);
+  SendMessageA(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(bigIcon));
+  SendMessageA(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(load(SM_CXSMICON)));
+}
+
+void Win32Dialog::AddSystemMenuItem(int command, std::string_view text) {
+  const HMENU menu = GetSystemMenu(window, FALSE);
+  if (menu == nullptr) return;
+  AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
+  AppendMenuA(menu, MF_STRING, static_cast<UINT_PTR>(command), std::string(text).c_str());
+}
+
+bool Win32Dialog::StartTimer(int timer, int milliseconds) {
+  if (SetTimer(window, static_cast<UINT_PTR>(timer), static_cast<UINT>(milliseconds), nullptr) ==
+      0) {
+    return false;
+  }
+  timers[timer] = milliseconds;
+  return true;
+}
+
+void Win32Dialog::StopTimer(int timer) {
+  KillTimer(window, static_cast<UINT_PTR>(timer));
+  timers.erase(timer);
+}
+
+std::string Win32Dialog::Text(int control) const {
+  const HWND found = ControlWindow(control);
+  return found != nullptr ? WindowText(found) : std::string();
+}
+
+void Win32Dialog::SetText(int control, std::string_view text) {
+  const HWND found = ControlWindow(control);
+  if (found == nullptr || WindowText(found) == text) return;  // an equal text would only flicker
+  SetWindowTextA(found, std::string(text).c_str());
+}
+
+void Win32Dialog::ShowControl(int control, bool shown) {
+  const HWND found = ControlWindow(control);
+  if (found != nullptr) ShowWindow(found, shown ? SW_SHOW : SW_HIDE);
+}
+
+void Win32Dialog::EnableControl(int control, bool enabled) {
+  const HWND found = ControlWindow(control);
+  if (found != nullptr) EnableWindow(found, enabled ? TRUE : FALSE);
+}
+
+void Win32Dialog::PlaceControl(int control, const ui::Rect& place) {
+  const auto found = controls.find(control);
+  if (found == controls.end()) return;
+  if (found->second.rect == place) return;
+  found->second.rect = place;
+  LayOutControl(found->second);
+}
+
+void Win32Dialog::SetFont(int control, const ui::Font& font) {
+  const auto found = controls.find(control);
+  if (found == controls.end()) return;
+  if (found->second.fontSet && found->second.font == font) return;
+  found->second.font = font;
+  found->second.fontSet = true;
+  LayOutControl(found->second);
+}
+
+void Win32Dialog::SetPictures(int control, std::string_view up, std::string_view down) {
+  const auto found = controls.find(control);
+  if (found == controls.end()) return;
+  found->second.upPicture = up;
+  found->second.downPicture = down;
+  InvalidateRect(found->second.window, nullptr, FALSE);
+}
+
+void Win32Dialog::SetTextLimit(int control, int characters) {
+  SendMessageA(ControlWindow(control), EM_SETLIMITTEXT, static_cast<WPARAM>(characters), 0);
+}
+
+void Win32Dialog::SetSliderRange(int control, int minimum, int maximum) {
+  const HWND slider = ControlWindow(control);
+  SendMessageA(slider, TBM_SETRANGEMIN, FALSE, minimum);
+  SendMessageA(slider, TBM_SETRANGEMAX, TRUE, std::max(minimum, maximum));
+}
+
+void Win32Dialog::SetSliderPosition(int control, int position) {
+  SendMessageA(ControlWindow(control), TBM_SETPOS, TRUE, position);
+}
+
+int Win32Dialog::SliderPosition(int control) const {
+  return static_cast<int>(SendMessageA(ControlWindow(control), TBM_GETPOS, 0, 0));
+}
+
+void Win32Dialog::SetProgressRange(int control, int minimum, int maximum) {
+  SendMessageA(ControlWindow(control), PBM_SETRANGE32, static_cast<WPARAM>(minimum), maximum);
+}
+
+void Win32Dialog::SetProgressPosition(int control, int position) {
+  SendMessageA(ControlWindow(control), PBM_SETPOS, static_cast<WPARAM>(position), 0);
+}
+
+void Win32Dialog::ClearItems(int control) {
+  SendMessageA(ControlWindow(control), CB_RESETCONTENT, 0, 0);
+}
+
+void Win32Dialog::AddItem(int control, std::string_view text) {
+  SendMessageA(ControlWindow(control), CB_ADDSTRING, 0,
+               reinterpret_cast<LPARAM>(std::string(text).c_str()));
+}
+
+void Win32Dialog::SelectItem(int control, int index) {
+  SendMessageA(ControlWindow(control), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
+int Win32Dialog::SelectedItem(int control) const {
+  return static_cast<int>(SendMessageA(ControlWindow(control), CB_GETCURSEL, 0, 0));
+}
+
+std::string Win32Dialog::ItemText(int control, int index) const {
+  const HWND combo = ControlWindow(control);
+  const LRESULT length = SendMessageA(combo, CB_GETLBTEXTLEN, static_cast<WPARAM>(index), 0);
+  if (length < 0) return "";
+  std::string text(static_cast<std::size_t>(length) + 1, '\0');
+  SendMessageA(combo, CB_GETLBTEXT, static_cast<WPARAM>(index),
+               reinterpret_cast<LPARAM>(text.data()));
+  text.resize(static_cast<std::size_t>(length));
+  return text;
+}
+
+}  // namespace panelora::win32

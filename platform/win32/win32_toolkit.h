@@ -1,0 +1,164 @@
+// The toolkit over real windows. Rectangles come in pixels at 96 dpi and are scaled here, in one
+// place, to the dpi of the window's monitor; when that changes every dialog is laid out again.
+#pragma once
+
+// clang-format off: windows.h comes first
+#include <commctrl.h>
+#include <windows.h>
+// clang-format on
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/win32/gdi_cache.h"
+#include "ui/dialog_template.h"
+#include "ui/toolkit.h"
+
+namespace panelora::win32 {
+
+class Win32Toolkit;
+
+// A control as the program placed it, so that it can be laid out again at another dpi.
+struct Win32Control {
+  ui::ControlKind kind = ui::ControlKind::kLabel;
+  HWND window = nullptr;
+  ui::Rect rect;  // 96 dpi
+  ui::Font font;
+  bool fontSet = false;
+  std::string upPicture;
+  std::string downPicture;
+};
+
+class Win32Dialog final : public ui::Dialog {
+ public:
+  Win32Dialog(Win32Toolkit& theToolkit, const ui::DialogTemplate& theSource,
+              ui::DialogEvents& theEvents, Win32Dialog* theParent);
+  ~Win32Dialog() override;
+
+  bool IsOpen() const override { return window != nullptr; }
+  void Close() override;
+  void Show(bool shown) override;
+  bool IsShown() const override;
+  void Place(const ui::Rect& place, int behindParentControl) override;
+  void ResizeClient(int width, int height) override;
+  void PlaceOver(const ui::Dialog& other, ui::Point offset) override;
+  void SetTitle(std::string_view title) override;
+  void SetIcon(int icon) override;
+  void AddSystemMenuItem(int command, std::string_view text) override;
+  bool StartTimer(int timer, int milliseconds) override;
+  void StopTimer(int timer) override;
+  std::string Text(int control) const override;
+  void SetText(int control, std::string_view text) override;
+  void ShowControl(int control, bool shown) override;
+  void EnableControl(int control, bool enabled) override;
+  void PlaceControl(int control, const ui::Rect& place) override;
+  void SetFont(int control, const ui::Font& font) override;
+  void SetPictures(int control, std::string_view up, std::string_view down) override;
+  void SetTextLimit(int control, int characters) override;
+  void SetSliderRange(int control, int minimum, int maximum) override;
+  void SetSliderPosition(int control, int position) override;
+  int SliderPosition(int control) const override;
+  void SetProgressRange(int control, int minimum, int maximum) override;
+  void SetProgressPosition(int control, int position) override;
+  void ClearItems(int control) override;
+  void AddItem(int control, std::string_view text) override;
+  void SelectItem(int control, int index) override;
+  int SelectedItem(int control) const override;
+  std::string ItemText(int control, int index) const override;
+
+  int Number() const { return source.number; }
+  HWND Handle() const { return window; }
+  ui::DialogEvents& Events() { return events; }
+  const Win32Control* Find(int control) const;
+  HWND ControlWindow(int control) const;
+  const std::map<int, int>& Timers() const { return timers; }  // period in ms by number
+
+  // Lays the dialog and its controls out for another dpi.
+  void Rescale(int newDpi);
+
+ private:
+  static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  INT_PTR Answer(LRESULT result);
+  void OnCommandMessage(int control, UINT code);
+  INT_PTR OnNotify(const NMHDR& header);
+  void OnDpiChanged(int newDpi, const RECT& suggested);
+  void DrawPicture(const DRAWITEMSTRUCT& item);
+  bool PaintMinimised();
+  void AdoptControls();
+  void LayOutControl(const Win32Control& control);
+  void SizeForClient(int width, int height, UINT flags);
+  int Scaled(int value) const;
+  RECT Scaled(const ui::Rect& place) const;
+
+  Win32Toolkit& toolkit;
+  const ui::DialogTemplate& source;
+  ui::DialogEvents& events;
+  Win32Dialog* parent;
+  HWND window = nullptr;
+  bool live = false;  // events are passed on: between creation and destruction
+  int dpi = 96;
+  ui::Rect rect;  // 96 dpi: a page's place, a framed window's client size
+  int behind = 0;
+  HICON bigIcon = nullptr;
+  std::map<int, Win32Control> controls;
+  std::map<int, int> timers;
+};
+
+class Win32Toolkit final : public ui::Toolkit {
+ public:
+  explicit Win32Toolkit(HINSTANCE theInstance);
+  ~Win32Toolkit() override;
+
+  std::unique_ptr<ui::Dialog> CreateDialogFrom(int number, ui::DialogEvents& events,
+                                               ui::Dialog* parent) override;
+  void RunModal(int number, ui::DialogEvents& events, ui::Dialog& owner,
+                ui::Dialog*& opened) override;
+  std::string String(int number) const override;
+  void DebugOutput(std::string_view text) override;
+  ui::SerialHandle OpenSerial(const std::string& name) override;
+  void CloseSerial(ui::SerialHandle port) override;
+  int Random() override;
+
+  // Runs the message loop until the dialog is closed.
+  void RunUntilClosed(const ui::Dialog& dialog);
+  // Handles every message that waits; returns at once when there is none.
+  void HandleWaiting();
+  // Offers a message to the pages, then to the dialogs' keyboard handling, then to its window.
+  void Handle(MSG& message);
+
+  HINSTANCE Instance() const { return instance; }
+  GdiCache& Gdi() { return gdi; }
+
+  // The open dialog of a template, the one opened last first; null when there is none.
+  Win32Dialog* Find(int number) const;
+  // The dialog that a window is or belongs to, the innermost one; null when it is none of ours.
+  Win32Dialog* DialogOf(HWND window) const;
+
+  // Whether the focus is marked: once the operator moves by the keyboard.
+  bool MarksFocus() const { return marksFocus; }
+
+  // Runs whenever a message loop has nothing to do, before it waits. For tests, which act there as
+  // the operator while a modal dialog is open.
+  std::function<void()> onIdle;
+  std::function<void(std::string_view)> onDebugOutput;
+  std::function<int()> onRandom;
+
+ private:
+  friend class Win32Dialog;
+
+  bool PreTranslate(const MSG& message);
+  bool PressFocusedButton(HWND focus);
+  void KeepFocusUsable();
+
+  HINSTANCE instance;
+  GdiCache gdi;
+  std::vector<Win32Dialog*> dialogs;
+  bool marksFocus = false;
+  HWND lastFocus = nullptr;  // the control that had the focus last
+};
+
+}  // namespace panelora::win32

@@ -1,0 +1,209 @@
+#include "simulator/box_model.h"
+
+#include <algorithm>
+
+#include "device/properties.h"
+
+namespace panelora::simulator {
+
+namespace {
+
+constexpr int kFailure = 0;
+
+// What each input of model 26 receives: width and height big-endian, Hz, 1/100 Hz, scan flag.
+struct InputRow {
+  std::uint8_t source;
+  std::vector<std::uint8_t> format;
+};
+
+const InputRow kInputs[] = {
+    {1, {0x07, 0x80, 0x04, 0x38, 59, 94, 0}},  // HDMI: 1920x1080 59.94p
+    {2, {0x04, 0x00, 0x03, 0x00, 60, 0, 0}},   // VGA: 1024x768 60.00p
+    {4, {0x07, 0x80, 0x04, 0x38, 50, 0, 1}},   // SDI: 1920x1080 50.00i
+};
+
+struct WordRow {
+  std::uint32_t item;
+  std::uint32_t value;
+};
+
+// Model 26 as it leaves the factory.
+constexpr WordRow kWords26[] = {
+    {word::kInputSource, 1},   {word::kOutputFormat, 15}, {word::kAspectRatio, 1},
+    {word::kHdmiEq, 2},        {word::kOutputColour, 0},  {word::kOutputLevel, 1},
+    {word::kEdgeEnhance, 0},   {word::kAudioMute, 0},     {word::kAudioSource, 1},
+    {word::kAudioStandard, 0}, {word::kOsd, 1},
+};
+
+constexpr std::size_t kFormatLength = 30;
+
+}  // namespace
+
+BoxModel::BoxModel(const Identity& theIdentity, std::uint32_t theFirmware, Clock theClock)
+    : identity(theIdentity), firmware(theFirmware), clock(std::move(theClock)) {
+  RestoreEverything();
+}
+
+void BoxModel::Become(const Identity& newIdentity, std::uint32_t newFirmware) {
+  identity = newIdentity;
+  firmware = newFirmware;
+  RestoreEverything();
+}
+
+std::vector<std::uint8_t>& BoxModel::Block(std::uint8_t property, std::uint8_t sub) {
+  return blocks[{property, sub}];
+}
+
+WordBuffer& BoxModel::Word(std::uint32_t item) { return words[item]; }
+
+void BoxModel::RestoreEverything() {
+  blocks.clear();
+  words.clear();
+  std::vector<std::uint8_t> identityBlock(20, 0);
+  identityBlock[0] = identity.boxType;
+  identityBlock[1] = identity.brandCode;
+  identityBlock[2] = identity.subModel;
+  identityBlock[3] = identity.inputDipFlag;
+  identityBlock[4] = identity.outputDipFlag;
+  Block(block::kIdentity) = identityBlock;
+
+  const std::uint32_t firmwareItem =
+      identity.boxType == 26 ? word::kFirmware : word::kFirmwareOther;
+  Word(firmwareItem) = {firmware & 0xFF, (firmware >> 8) & 0xFF};
+  RestoreProcAmp();
+  if (identity.boxType != 26) return;
+
+  for (const WordRow& row : kWords26) Word(row.item) = {row.value, 0};
+  Block(block::kNoSignal) = {1, 0};
+  Block(block::kDip8Mode) = {0, 0};
+  RestoreRgb();
+  RestoreImage();
+  ReportInputFormat();
+}
+
+void BoxModel::RestoreProcAmp() { picture = ProcAmpBytes{}; }
+
+void BoxModel::RestoreRgb() { Block(block::kRgb) = {128, 128, 0}; }
+
+// Horizontal position 300, vertical 50; both sizes 100 percent.
+void BoxModel::RestoreImage() {
+  Block(block::kImagePosition26) = {0x01, 0x2C, 0x00, 0x32};
+  Block(block::kImageSize26) = {100, 100};
+}
+
+void BoxModel::ReportInputFormat() {
+  std::vector<std::uint8_t> format(kFormatLength, 0);
+  for (const InputRow& row : kInputs) {
+    if (row.source == Word(word::kInputSource)[0]) {
+      std::copy(row.format.begin(), row.format.end(), format.begin());
+    }
+  }
+  Block(block::kInputFormat) = format;
+}
+
+bool BoxModel::IsRestarting() const { return restarting && Now() - restartedAt < kRestartTime; }
+
+DeviceHandle BoxModel::Open(std::uint32_t mode) {
+  if (mode != kOpenMode || !IsPresent()) return kNoBox;
+  restarting = false;
+  return kHandle;
+}
+
+int BoxModel::GetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std::uint8_t sub,
+                                 std::uint8_t length, BlockBuffer& out) {
+  const auto found = blocks.find({property, sub});
+  if (!Answers(handle) || found == blocks.end() || found->second.empty()) return kFailure;
+  std::fill_n(out.begin(), length, std::uint8_t{0});
+  const std::size_t held = std::min<std::size_t>(length, found->second.size());
+  std::copy_n(found->second.begin(), held, out.begin());
+  return kSuccess;
+}
+
+int BoxModel::SetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std::uint8_t sub,
+                                 std::uint8_t length, const BlockBuffer& bytes) {
+  if (!Answers(handle)) return kFailure;
+  std::vector<std::uint8_t>& stored = Block(property, sub);
+  if (stored.size() < length) stored.resize(length);
+  std::copy_n(bytes.begin(), length, stored.begin());
+  return kSuccess;
+}
+
+int BoxModel::GetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint32_t item,
+                             WordBuffer& out) {
+  const auto found = words.find(item);
+  if (!Answers(handle) || group != kBoxGroup || found == words.end()) return kFailure;
+  out = found->second;
+  return kSuccess;
+}
+
+int BoxModel::SetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint32_t item,
+                             std::uint32_t value) {
+  if (!Answers(handle) || group != kBoxGroup) return kFailure;
+  if (identity.boxType == 26 && item == word::kCommand) {
+    RunCommand(value);
+    return kSuccess;
+  }
+  Word(item) = {value, 0};
+  if (identity.boxType == 26 && item == word::kInputSource) ReportInputFormat();
+  return kSuccess;
+}
+
+void BoxModel::RunCommand(std::uint32_t number) {
+  switch (number) {
+    case command::kProcAmpDefaults:
+      RestoreProcAmp();
+      break;
+    case command::kRgbDefaults:
+      RestoreRgb();
+      break;
+    case command::kImageRestore:
+      RestoreImage();
+      break;
+    case command::kHardwareReset:
+      RestoreEverything();
+      restarting = true;
+      restartedAt = Now();
+      break;
+    default:
+      break;
+  }
+}
+
+int BoxModel::GetKiraboxProcAmp(DeviceHandle handle, ProcAmpBytes& out) {
+  if (!Answers(handle)) return kFailure;
+  out = picture;
+  return kSuccess;
+}
+
+std::uint8_t* BoxModel::ProcAmpValue(std::uint32_t control) {
+  switch (control) {
+    case proc_amp::kBrightness:
+      return &picture.brightness;
+    case proc_amp::kContrast:
+      return &picture.contrast;
+    case proc_amp::kHue:
+      return &picture.hue;
+    case proc_amp::kSaturation:
+      return &picture.saturation;
+    default:
+      return nullptr;
+  }
+}
+
+int BoxModel::GetVideoProcAmp(DeviceHandle handle, std::uint32_t group, std::uint32_t control,
+                              WordBuffer& out) {
+  const std::uint8_t* value = ProcAmpValue(control);
+  if (!Answers(handle) || group != kBoxGroup || value == nullptr) return kFailure;
+  out[0] = *value;
+  return kSuccess;
+}
+
+int BoxModel::SetVideoProcAmp(DeviceHandle handle, std::uint32_t group, std::uint32_t control,
+                              std::uint32_t value) {
+  if (!Answers(handle) || group != kBoxGroup) return kFailure;
+  std::uint8_t* stored = ProcAmpValue(control);
+  if (stored != nullptr) *stored = static_cast<std::uint8_t>(value & 0xFF);
+  return kSuccess;
+}
+
+}  // namespace panelora::simulator
