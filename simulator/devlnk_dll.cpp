@@ -1,7 +1,5 @@
 // The drop-in DEVLNK.dll over the simulated box.
-// clang-format off: windows.h comes first
 #include <windows.h>
-// clang-format on
 
 #include <algorithm>
 #include <cstring>

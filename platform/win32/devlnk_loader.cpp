@@ -1,8 +1,6 @@
 #include "platform/win32/devlnk_loader.h"
 
-// clang-format off: windows.h comes first
-#include <windows.h>
-// clang-format on
+#include "platform/win32/windows_headers.h"
 
 namespace panelora::win32 {
 

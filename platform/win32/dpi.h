@@ -1,9 +1,7 @@
 // The per-monitor dpi of Windows 10, on systems that have it; the screen's one dpi on the others.
 #pragma once
 
-// clang-format off: windows.h comes first
-#include <windows.h>
-// clang-format on
+#include "platform/win32/windows_headers.h"
 
 namespace panelora::win32 {
 

@@ -1,8 +1,9 @@
 #include "platform/win32/gdi_cache.h"
 
-// clang-format off: objidl.h comes before gdiplus.h
-#include <gdiplus.h>
+// gdiplus.h needs the one before it.
+// clang-format off
 #include <objidl.h>
+#include <gdiplus.h>
 #include <shlwapi.h>
 // clang-format on
 

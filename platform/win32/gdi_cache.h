@@ -2,9 +2,7 @@
 // handles does not grow with use.
 #pragma once
 
-// clang-format off: windows.h comes first
-#include <windows.h>
-// clang-format on
+#include "platform/win32/windows_headers.h"
 
 #include <map>
 #include <string>

@@ -1,7 +1,5 @@
 // The program: the main window over the real toolkit and the real library.
-// clang-format off: windows.h comes first
-#include <windows.h>
-// clang-format on
+#include "platform/win32/windows_headers.h"
 
 #include <cstdlib>
 #include <ctime>

@@ -2,10 +2,7 @@
 // place, to the dpi of the window's monitor; when that changes every dialog is laid out again.
 #pragma once
 
-// clang-format off: windows.h comes first
-#include <commctrl.h>
-#include <windows.h>
-// clang-format on
+#include "platform/win32/windows_headers.h"
 
 #include <functional>
 #include <map>
