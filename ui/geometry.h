@@ -1,6 +1,8 @@
 // Places on the screen, in pixels at 96 dpi; the toolkit scales them to the real screen.
 #pragma once
 
+#include <string_view>
+
 namespace panelora::ui {
 
 struct Point {
@@ -30,7 +32,7 @@ struct Colour {
 
 // A font by its face and its size in tenths of a point.
 struct Font {
-  const char* face = "Arial";
+  std::string_view face = "Arial";
   int tenths = 120;
 
   bool operator==(const Font&) const = default;

@@ -12,6 +12,12 @@ class CSettingDlg final : public Page {
 
   // Copies the device handle.
   void Init() { deviceHandle = panel.deviceHandle; }
+
+  void OnCommand(int control, ui::Notification what) override;
+
+ private:
+  // Acts at once: the box restarts, and the next tick of the monitor shows it as absent.
+  void OnHardwareReset();
 };
 
 }  // namespace panelora

@@ -38,9 +38,7 @@ void MemoryDialog::Close() {
 }
 
 void MemoryDialog::Show(bool nowShown) {
-  if (nowShown && !shown) {
-    for (auto& [id, control] : controls) control.needsPaint = true;
-  }
+  if (nowShown && !shown) Uncover();
   shown = nowShown;
 }
 
@@ -232,6 +230,10 @@ void MemoryDialog::Tick(int timer) {
 void MemoryDialog::ChooseSystemMenu(int command) { events.OnSystemCommand(command & ~0xF); }
 
 void MemoryDialog::RequestClose() { events.OnCloseRequest(); }
+
+void MemoryDialog::Uncover() {
+  for (auto& [id, control] : controls) control.needsPaint = true;
+}
 
 void MemoryDialog::Paint() {
   if (!IsVisible()) return;

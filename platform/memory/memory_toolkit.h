@@ -85,6 +85,8 @@ class MemoryDialog final : public ui::Dialog {
   void Tick(int timer);
   void ChooseSystemMenu(int command);
   void RequestClose();
+  // The dialog was covered and is seen again: all of it wants to be painted.
+  void Uncover();
   // Delivers the repaints of sliders that can be seen.
   void Paint();
 

@@ -36,11 +36,12 @@ GdiCache::~GdiCache() {
 }
 
 HFONT GdiCache::FontFor(const ui::Font& font, int dpi) {
-  HFONT& made = fonts[{font.face, font.tenths, dpi}];
+  const std::string face(font.face);
+  HFONT& made = fonts[{face, font.tenths, dpi}];
   if (made == nullptr) {
     made = CreateFontA(-MulDiv(font.tenths, dpi, 720), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
                        DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
-                       DEFAULT_PITCH | FF_SWISS, font.face);
+                       DEFAULT_PITCH | FF_SWISS, face.c_str());
   }
   return made;
 }

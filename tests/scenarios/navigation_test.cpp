@@ -1,0 +1,418 @@
+// The navigation bar: pages, buttons, and what Apply, Default, Refresh and Page Up act on.
+#include "tests/support/panel_test.h"
+
+namespace panelora::testing {
+namespace {
+
+using Navigation = PanelTest;
+using Texts = std::vector<std::string>;
+
+TEST_F(Navigation, AudioShowsItsPageWithApplyAndReturn) {
+  Start();
+  Press(kAudioButton);
+  EXPECT_EQ(panel->CurrentPage(), PageCode::kAudio);
+  EXPECT_EQ(ShownPages(), std::vector<int>{res::kAudio});
+  EXPECT_EQ(Buttons(), (Texts{"Apply 65", "Return 105"}));
+  Press(kReturnButton);
+  ExpectConnectedLook();
+}
+
+TEST_F(Navigation, ProcAmpReadsItsValuesAndShowsDefaultReturnAndPageUp) {
+  Start();
+  TakeCalls();
+  Press(kProcAmpButton);
+  EXPECT_EQ(TakeCalls(), (Calls{"get proc amp", "get block 14,0,3"}));
+  EXPECT_EQ(panel->CurrentPage(), PageCode::kProcAmp);
+  EXPECT_EQ(ShownPages(), std::vector<int>{res::kProcAmp});
+  EXPECT_EQ(Buttons(), (Texts{"Default 65", "Return 105", "Page Up 145"}));
+  Press(kReturnButton);
+  ExpectConnectedLook();
+}
+
+TEST_F(Navigation, ProcAmpOfBrand2HasApply) {
+  StartWith(0x0126, {26, 2, 0, 0, 0});
+  Press(kProcAmpButton);
+  EXPECT_EQ(Buttons(), (Texts{"Default 65", "Apply 105", "Return 145", "Page Up 185"}));
+}
+
+TEST_F(Navigation, ProcAmpCacheHoldsWhatTheBoxTells) {
+  Start();
+  box.Picture() = {10, 20, 30, 40};
+  box.Block(14) = {50, 60, 7};
+  Press(kProcAmpButton);
+  EXPECT_EQ(panel->Panel().procAmpCache, (ProcAmpCache{10, 20, 30, 40, 50, 60, 7, 128, 128, 128}));
+}
+
+TEST_F(Navigation, FailedProcAmpReadsStandInTheMiddle) {
+  Start();
+  box.Picture() = {10, 20, 30, 40};
+  box.Block(14) = {50, 60, 7};
+  device.Fail("get proc amp");
+  device.Fail("get block 14,0,3");
+  Press(kProcAmpButton);
+  EXPECT_EQ(panel->Panel().procAmpCache,
+            (ProcAmpCache{128, 128, 128, 128, 128, 128, 0, 128, 128, 128}));
+}
+
+struct SettingRow {
+  std::uint32_t firmware;
+  Texts buttons;
+};
+
+TEST_F(Navigation, SettingShowsApplyFromFirmware281) {
+  const SettingRow rows[] = {
+      {0x0111, {"Return 65"}},               // 273
+      {0x0112, {"Return 65"}},               // 274
+      {0x0118, {"Return 65"}},               // 280
+      {0x0119, {"Apply 65", "Return 105"}},  // 281
+      {0x0126, {"Apply 65", "Return 105"}},  // 294
+  };
+  for (const SettingRow& row : rows) {
+    StartWith(row.firmware);
+    Press(kSettingButton);
+    EXPECT_EQ(panel->CurrentPage(), PageCode::kSetting);
+    EXPECT_EQ(ShownPages(), std::vector<int>{res::kSetting});
+    EXPECT_EQ(Buttons(), row.buttons) << row.firmware;
+    panel.reset();
+  }
+}
+
+TEST_F(Navigation, SettingLeavesReturnInItsLastPlaceBelowFirmware281) {
+  StartWith(0x0111);
+  Press(kVideoButton);   // straight to the Video settings page
+  Press(kReturnButton);  // leaves the hidden Return at 105
+  Press(kSettingButton);
+  EXPECT_EQ(Buttons(), Texts{"Return 105"});
+}
+
+TEST_F(Navigation, VideoStaysOnTheMenuFromFirmware274) {
+  StartWith(0x0112);
+  Press(kVideoButton);
+  EXPECT_EQ(panel->CurrentPage(), PageCode::kVideoMenu);
+  EXPECT_EQ(ShownPages(), std::vector<int>{res::kVideoMenu});
+  EXPECT_EQ(Buttons(), Texts{"Return 65"});
+  desk.Press(res::kVideoMenu, 1002);
+  EXPECT_EQ(panel->CurrentPage(), PageCode::kVideoSettings);
+  EXPECT_EQ(ShownPages(), std::vector<int>{res::kVideoSettings});
+  EXPECT_EQ(Buttons(), (Texts{"Page Up 65", "Apply 105", "Return 145"}));
+  Press(kReturnButton);
+  EXPECT_EQ(panel->CurrentPage(), PageCode::kVideoMenu);
+  EXPECT_EQ(ShownPages(), std::vector<int>{res::kVideoMenu});
+  EXPECT_EQ(Buttons(), Texts{"Return 65"});
+  Press(kReturnButton);
+  ExpectConnectedLook();
+}
+
+TEST_F(Navigation, VideoGoesStraightToTheSettingsBelowFirmware274) {
+  StartWith(0x0111);
+  Press(kVideoButton);
+  EXPECT_EQ(panel->CurrentPage(), PageCode::kVideoSettings);
+  EXPECT_EQ(ShownPages(), std::vector<int>{res::kVideoSettings});
+  EXPECT_EQ(Buttons(), (Texts{"Page Up 65", "Apply 105", "Return 145"}));
+  Press(kReturnButton);
+  EXPECT_EQ(panel->CurrentPage(), PageCode::kInformation);
+  EXPECT_EQ(ShownPages(), std::vector<int>{res::kInformation});
+  // Refresh stays hidden on this way back.
+  EXPECT_EQ(Buttons(),
+            (Texts{"Information 65", "Video 105", "Audio 145", "Proc Amp 185", "Setting 225"}));
+  EXPECT_EQ(desk.PlaceOf(res::kMain, kReturnButton), (Rect{0, 105, 110, 40}));
+  EXPECT_EQ(desk.PlaceOf(res::kMain, kApplyButton), (Rect{0, 65, 110, 40}));
+  EXPECT_EQ(desk.PlaceOf(res::kMain, kPageUpButton), (Rect{0, 145, 110, 40}));
+  EXPECT_EQ(panel->Panel().cycleState, 0);
+}
+
+TEST_F(Navigation, InformationButtonRefreshesAndKeepsTheOtherButtons) {
+  Start();
+  TakeCalls();
+  Press(kInformationButton);
+  EXPECT_EQ(TakeCalls(), kInformationCalls);
+  ExpectConnectedLook();
+}
+
+struct MenuRow {
+  PageCode code;
+  int page;
+  void (CMainDlg::*show)();
+  Texts buttons;
+};
+
+TEST_F(Navigation, VideoSubPagesShowTheirButtonsAndReturnToTheMenu) {
+  const Texts usual = {"Apply 65", "Default 105", "Return 145"};
+  const MenuRow rows[] = {
+      {PageCode::kVideoSettings,
+       res::kVideoSettings,
+       &CMainDlg::ShowVideoSettings,
+       {"Page Up 65", "Apply 105", "Return 145"}},
+      {PageCode::kDisplayMode,
+       res::kDisplayMode,
+       &CMainDlg::ShowDisplayMode,
+       {"Apply 65", "Default 105", "Return 145", "Page Up 185"}},
+      {PageCode::kTvWall,
+       res::kTvWall,
+       &CMainDlg::ShowTvWall,
+       {"1X1 65", "2X2 105", "3X3 145", "4X4 185", "Return 225"}},
+      {PageCode::kPip, res::kPip, &CMainDlg::ShowPip, usual},
+      {PageCode::kGenlock, res::kGenlock, &CMainDlg::ShowGenlock, usual},
+      {PageCode::kImageAdjust, res::kImageAdjust, &CMainDlg::ShowImageAdjust, usual},
+      {PageCode::kRoi, res::kRoi, &CMainDlg::ShowRoi, usual},
+  };
+  Start();
+  for (const MenuRow& row : rows) {
+    Press(kVideoButton);
+    ((*panel).*row.show)();
+    EXPECT_EQ(panel->CurrentPage(), row.code);
+    EXPECT_EQ(ShownPages(), std::vector<int>{row.page});
+    EXPECT_EQ(Buttons(), row.buttons) << row.page;
+    Press(kReturnButton);
+    EXPECT_EQ(panel->CurrentPage(), PageCode::kVideoMenu);
+    EXPECT_EQ(ShownPages(), std::vector<int>{res::kVideoMenu});
+    EXPECT_EQ(Buttons(), Texts{"Return 65"}) << row.page;
+    Press(kReturnButton);
+    ExpectConnectedLook();
+  }
+}
+
+TEST_F(Navigation, TextLabelsReturnsToInformation) {
+  Start();
+  panel->ShowTextLabels();
+  EXPECT_EQ(panel->CurrentPage(), PageCode::kTextLabels);
+  EXPECT_EQ(ShownPages(), std::vector<int>{res::kTextLabels});
+  EXPECT_EQ(Buttons(), (Texts{"Apply 65", "Default 105", "Return 145"}));
+  Press(kReturnButton);
+  ExpectConnectedLook();
+}
+
+TEST_F(Navigation, VideoMenuButtonsOpenTheirPages) {
+  const std::pair<int, int> rows[] = {{1002, res::kVideoSettings},
+                                      {1003, res::kDisplayMode},
+                                      {1004, res::kTvWall},
+                                      {1005, res::kPip},
+                                      {1006, res::kGenlock},
+                                      {1007, res::kImageAdjust},
+                                      {1008, res::kRoi}};
+  Start();
+  for (const auto& [button, page] : rows) {
+    Press(kVideoButton);
+    desk.Press(res::kVideoMenu, button);
+    EXPECT_EQ(ShownPages(), std::vector<int>{page}) << button;
+    Press(kReturnButton);
+    Press(kReturnButton);
+  }
+}
+
+TEST_F(Navigation, RefreshOnTheVideoMenuOnlySilencesTheMonitor) {
+  Start();
+  Press(kVideoButton);
+  TakeCalls();
+  Press(kPictureButton);
+  EXPECT_EQ(TakeCalls(), Calls{});
+  EXPECT_EQ(panel->Panel().tickSkip, 2);
+}
+
+TEST_F(Navigation, RefreshOnProcAmpReadsItsValuesAgain) {
+  Start();
+  Press(kProcAmpButton);
+  TakeCalls();
+  Press(kPictureButton);
+  EXPECT_EQ(TakeCalls(), (Calls{"get proc amp", "get block 14,0,3"}));
+  EXPECT_EQ(ShownPages(), std::vector<int>{res::kProcAmp});
+}
+
+TEST_F(Navigation, ApplySilencesFiveTicksAndDefaultTwo) {
+  Start();
+  Press(kApplyButton);
+  EXPECT_EQ(panel->Panel().tickSkip, 5);
+  Press(kAudioButton);
+  Press(kDefaultButton);
+  EXPECT_EQ(panel->Panel().tickSkip, 2);
+}
+
+TEST_F(Navigation, PageUpTogglesOnVideoSettingsAndProcAmpOnly) {
+  Start();
+  Press(kPageUpButton);
+  EXPECT_EQ(panel->Panel().cycleState, 0);
+  Press(kVideoButton);
+  Press(kPageUpButton);
+  EXPECT_EQ(panel->Panel().cycleState, 0);
+  desk.Press(res::kVideoMenu, 1002);
+  for (const int state : {1, 0, 1}) {
+    Press(kPageUpButton);
+    EXPECT_EQ(panel->Panel().cycleState, state);
+  }
+  Press(kReturnButton);
+  EXPECT_EQ(panel->Panel().cycleState, 0);
+  Press(kReturnButton);
+  Press(kProcAmpButton);
+  for (const int state : {1, 0, 1}) {
+    Press(kPageUpButton);
+    EXPECT_EQ(panel->Panel().cycleState, state);
+  }
+  Press(kReturnButton);
+  EXPECT_EQ(panel->Panel().cycleState, 0);
+}
+
+TEST_F(Navigation, PageUpTogglesOnDisplayMode) {
+  Start();
+  panel->ShowDisplayMode();
+  for (const int state : {1, 0, 1}) {
+    Press(kPageUpButton);
+    EXPECT_EQ(panel->Panel().cycleState, state);
+  }
+}
+
+TEST_F(Navigation, VideoSettingsHasThreeSubPagesOnSomeModelsAndBrands) {
+  struct Row {
+    std::uint8_t boxType;
+    std::uint8_t brandCode;
+    int subPages;
+  };
+  const Row rows[] = {{24, 2, 3}, {34, 2, 3}, {24, 1, 2}, {34, 0, 2}, {37, 0, 3}, {38, 1, 3},
+                      {37, 2, 2}, {38, 2, 2}, {50, 2, 2}, {26, 2, 2}, {20, 0, 2}};
+  admitted = {20, 24, 26, 34, 37, 38, 50};
+  for (const Row& row : rows) {
+    StartWith(0x0126, {row.boxType, row.brandCode, 0, 0, 0});
+    panel->ShowVideoSettings();
+    for (int press = 1; press <= 6; ++press) {
+      Press(kPageUpButton);
+      EXPECT_EQ(panel->Panel().cycleState, press % row.subPages)
+          << int{row.boxType} << " brand " << int{row.brandCode};
+    }
+    panel.reset();
+  }
+}
+
+TEST_F(Navigation, OpeningVideoSettingsStartsAtSubPageZero) {
+  Start();
+  panel->ShowVideoSettings();
+  Press(kPageUpButton);
+  panel->ShowVideoSettings();
+  EXPECT_EQ(panel->Panel().cycleState, 0);
+}
+
+TEST_F(Navigation, ConnectionChangeResetsPageUp) {
+  Start();
+  Press(kProcAmpButton);
+  Press(kPageUpButton);
+  box.SetPresent(false);
+  Tick();
+  EXPECT_EQ(panel->Panel().cycleState, 0);
+  box.SetPresent(true);
+  Tick();
+  ExpectConnectedLook();
+}
+
+TEST_F(Navigation, WallButtonsSetSizeAndFirstTile) {
+  admitted = {14};
+  StartWith(0x0126, {14, 0, 0, 0, 0});
+  box.Block(8) = {2, 3};
+  panel->ShowTvWall();
+  EXPECT_EQ(panel->Panel().wallSize, 2U);
+  EXPECT_EQ(panel->Panel().tilePosition, 3U);
+  const int buttons[] = {kWall1Button, kWall2Button, kWall3Button, kWall4Button};
+  for (std::uint32_t size = 1; size <= 4; ++size) {
+    Press(buttons[size - 1]);
+    EXPECT_EQ(panel->Panel().wallSize, size);
+    EXPECT_EQ(panel->Panel().tilePosition, 0U);
+  }
+}
+
+TEST_F(Navigation, WallLayoutIsReadFromThePropertyOfTheModel) {
+  struct Row {
+    std::vector<std::uint8_t> types;
+    Calls calls;
+  };
+  const Row rows[] = {
+      {{37, 38, 39, 40, 46, 47, 48, 49}, {"get block 16,0,20"}},
+      {{14, 36}, {"get block 8,0,20"}},
+      {{18, 20, 30, 32, 33, 43}, {"get word 0,8", "get word 0,9"}},
+      {{17, 35}, {"get word 0,10", "get word 0,11"}},
+      {{26, 50, 51, 15}, {}},
+  };
+  for (const Row& row : rows) {
+    for (const std::uint8_t type : row.types) {
+      admitted = {type};
+      StartWith(0x0126, {type, 0, 0, 0, 0});
+      panel->ShowTvWall();
+      EXPECT_EQ(TakeCalls(), row.calls) << int{type};
+      panel.reset();
+    }
+  }
+}
+
+TEST_F(Navigation, FailedWallReadKeepsTheEarlierLayout) {
+  admitted = {14};
+  StartWith(0x0126, {14, 0, 0, 0, 0});
+  box.Block(8) = {3, 7};
+  panel->ShowTvWall();
+  device.Fail("get block 8,0,20");
+  box.Block(8) = {1, 0};
+  panel->ShowTvWall();
+  EXPECT_EQ(panel->Panel().wallSize, 3U);
+  EXPECT_EQ(panel->Panel().tilePosition, 7U);
+}
+
+TEST_F(Navigation, InformationLookLacksWhatTheModelLacks) {
+  struct Row {
+    std::vector<std::uint8_t> types;
+    bool audio;
+    bool procAmp;
+  };
+  const Row rows[] = {{{6, 7, 52, 53, 54, 55}, true, false},
+                      {{5, 27}, false, false},
+                      {{19}, false, true},
+                      {{26, 20, 13, 50}, true, true}};
+  for (const Row& row : rows) {
+    for (const std::uint8_t type : row.types) {
+      admitted = {type};
+      StartWith(0x0126, {type, 0, 0, 0, 0});
+      for (const int press : {kInformationButton, kSettingButton, kReturnButton}) Press(press);
+      EXPECT_EQ(desk.Shows(res::kMain, kAudioButton), row.audio) << int{type};
+      EXPECT_EQ(desk.Shows(res::kMain, kProcAmpButton), row.procAmp) << int{type};
+      panel.reset();
+    }
+  }
+}
+
+TEST_F(Navigation, ProcAmpIsReadAsTheModelTellsIt) {
+  const Calls single = {"get proc amp 0,2", "get proc amp 0,3", "get proc amp 0,4",
+                        "get proc amp 0,5"};
+  struct Row {
+    std::vector<std::uint8_t> types;
+    Calls calls;
+  };
+  const Row rows[] = {
+      {{13, 14, 15, 17, 18, 19, 20, 30, 32, 33, 35, 36, 43, 48, 49}, single},
+      {{6, 7}, {}},
+      {{50, 24, 46}, {"get proc amp"}},
+  };
+  for (const Row& row : rows) {
+    for (const std::uint8_t type : row.types) {
+      admitted = {type};
+      StartWith(0x0126, {type, 0, 0, 0, 0});
+      box.Picture() = {1, 2, 3, 4};
+      Press(kProcAmpButton);
+      EXPECT_EQ(TakeCalls(), row.calls) << int{type};
+      const ProcAmpCache expected = row.calls.empty()
+                                        ? kProcAmpStart
+                                        : ProcAmpCache{1, 2, 3, 4, 128, 128, 128, 128, 128, 128};
+      EXPECT_EQ(panel->Panel().procAmpCache, expected) << int{type};
+      panel.reset();
+    }
+  }
+}
+
+TEST_F(Navigation, EveryButtonTwiceLeavesTheWindowWhole) {
+  for (const std::uint8_t brand : Bytes{0, 2}) {
+    StartWith(0x0126, {26, brand, 0, 0, 0});
+    device.FailEverything();
+    for (int round = 0; round < 2; ++round) {
+      for (const NavigationButton& button : kNavigationButtons) Press(button.control);
+    }
+    EXPECT_TRUE(panel->IsOpen());
+    device.FailNothing();
+    panel.reset();
+  }
+}
+
+}  // namespace
+}  // namespace panelora::testing

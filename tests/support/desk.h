@@ -1,0 +1,76 @@
+// An operator's desk: what somebody in front of the panel can do and see. The same class stands
+// over both toolkits (desk_memory.cpp, desk_win32.cpp), so that a scenario is written once. Dialogs
+// are named by their template numbers, controls by their ids.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "ui/toolkit.h"
+
+namespace panelora::testing {
+
+class Desk {
+ public:
+  Desk();
+  ~Desk();
+  Desk(const Desk&) = delete;
+  Desk& operator=(const Desk&) = delete;
+
+  ui::Toolkit& Toolkit();
+
+  // What the operator does. A disabled control takes nothing.
+  void Press(int dialog, int control);
+  void Type(int dialog, int control, std::string_view text);  // instead of what stands there
+  void Drag(int dialog, int control, int position);           // a slider, held
+  void Release(int dialog, int control);                      // the slider is let go
+  void Choose(int dialog, int control, int index);            // an item of a combo box
+  void PressKey(int dialog, int control, ui::Key key);        // with the focus on the control
+  void PressMouse(int dialog, int control);                   // the left button goes down
+  void ChooseSystemMenu(int dialog, int command);
+  void RequestClose(int dialog);
+  // What the operator does while the next modal dialog is open; it must close it.
+  void WhileModal(std::function<void()> action);
+
+  // What the system does.
+  void Tick(int dialog, int timer);
+  void Settle();             // everything that waits is painted and handled
+  void Repaint(int dialog);  // the dialog was covered and is seen again
+
+  // What the operator sees. A page is shown or hidden as a whole; a control's own state is told
+  // apart from its page's.
+  bool IsOpen(int dialog);
+  bool IsShown(int dialog);
+  std::string Title(int dialog);
+  ui::Rect PlaceOf(int dialog);          // of a page in the main window's client area
+  ui::Point ScreenPosition(int dialog);  // of the window's top left corner
+  ui::Rect ClientSize(int dialog);       // at (0, 0)
+  std::string Text(int dialog, int control);
+  bool Shows(int dialog, int control);
+  bool Enables(int dialog, int control);
+  ui::Rect PlaceOf(int dialog, int control);
+  std::string Picture(int dialog, int control);  // released
+  std::string PressedPicture(int dialog, int control);
+  ui::Font FontOf(int dialog, int control);
+  int SliderPosition(int dialog, int control);
+  std::pair<int, int> SliderRange(int dialog, int control);
+  int ProgressPosition(int dialog, int control);
+  std::pair<int, int> ProgressRange(int dialog, int control);
+  std::vector<std::string> Items(int dialog, int control);
+  std::vector<std::pair<int, std::string>> SystemMenu(int dialog);  // what the program added
+  int TimerPeriod(int dialog, int timer);                           // ms; 0 = does not run
+
+  // What the program told or asked the system.
+  std::vector<std::string> DebugOutput();
+  void DrawNext(std::vector<int> numbers);  // the next random numbers
+
+ private:
+  struct Inside;
+  std::unique_ptr<Inside> inside;
+};
+
+}  // namespace panelora::testing

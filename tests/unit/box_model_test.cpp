@@ -1,0 +1,130 @@
+// The simulated box.
+#include "simulator/box_model.h"
+
+#include <gtest/gtest.h>
+
+#include "device/properties.h"
+
+namespace panelora::simulator {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+class BoxModelTest : public ::testing::Test {
+ protected:
+  std::uint64_t now = 0;
+  BoxModel box{BoxModel::kDefaultIdentity, BoxModel::kDefaultFirmware, [this] { return now; }};
+  DeviceHandle handle = box.Open(kOpenMode);
+
+  std::uint32_t ReadWord(std::uint32_t item) {
+    WordBuffer words{};
+    EXPECT_EQ(box.GetBoxProperty(handle, kBoxGroup, item, words), kSuccess) << item;
+    return words[0];
+  }
+  BlockBuffer ReadBlock(std::uint8_t property, std::uint8_t length) {
+    BlockBuffer bytes{};
+    EXPECT_EQ(box.GetKiraboxProperty(handle, property, 0, length, bytes), kSuccess)
+        << int{property};
+    return bytes;
+  }
+};
+
+TEST_F(BoxModelTest, AnswersEverythingThatThePagesOfModel26Read) {
+  for (const std::uint32_t item : {4, 2, 7, 12, 10, 15, 19, 11, 6, 16, 21, 5}) ReadWord(item);
+  for (const std::uint8_t property : Bytes{254, 1, 14, 17, 18, 22, 23}) ReadBlock(property, 4);
+  ProcAmpBytes picture;
+  EXPECT_EQ(box.GetKiraboxProcAmp(handle, picture), kSuccess);
+}
+
+TEST_F(BoxModelTest, AnswersNothingToAnotherHandleOrWhenUnplugged) {
+  BlockBuffer bytes{};
+  WordBuffer words{};
+  ProcAmpBytes picture;
+  const auto expectSilence = [&](DeviceHandle used) {
+    EXPECT_NE(box.GetKiraboxProperty(used, 254, 0, 20, bytes), kSuccess);
+    EXPECT_NE(box.SetKiraboxProperty(used, 22, 0, 1, bytes), kSuccess);
+    EXPECT_NE(box.GetBoxProperty(used, 0, 5, words), kSuccess);
+    EXPECT_NE(box.SetBoxProperty(used, 0, 4, 2), kSuccess);
+    EXPECT_NE(box.GetKiraboxProcAmp(used, picture), kSuccess);
+    EXPECT_NE(box.GetVideoProcAmp(used, 0, 2, words), kSuccess);
+    EXPECT_NE(box.SetVideoProcAmp(used, 0, 2, 1), kSuccess);
+  };
+  expectSilence(kNoBox);
+  expectSilence(handle + 1);
+  box.SetPresent(false);
+  expectSilence(handle);
+  EXPECT_EQ(box.Open(kOpenMode), kNoBox);
+  box.SetPresent(true);
+  EXPECT_EQ(box.Open(kOpenMode), handle);
+}
+
+TEST_F(BoxModelTest, InputFormatFollowsTheInputSource) {
+  EXPECT_EQ(ReadBlock(block::kInputFormat, 30)[0], 0x07);  // HDMI: 1920 wide
+  box.SetBoxProperty(handle, 0, word::kInputSource, 2);
+  EXPECT_EQ(ReadBlock(block::kInputFormat, 30)[0], 0x04);  // VGA: 1024
+  box.SetBoxProperty(handle, 0, word::kInputSource, 4);
+  EXPECT_EQ(ReadBlock(block::kInputFormat, 30)[6], 1);  // SDI: interlaced
+  box.SetBoxProperty(handle, 0, word::kInputSource, 9);
+  EXPECT_EQ(ReadBlock(block::kInputFormat, 30)[0], 0);  // nothing there: no signal
+}
+
+TEST_F(BoxModelTest, KeepsWhatIsWritten) {
+  box.SetBoxProperty(handle, 0, word::kOsd, 0);
+  EXPECT_EQ(ReadWord(word::kOsd), 0U);
+  box.SetKiraboxProperty(handle, block::kDip8Mode, 0, 2, {6, 9});
+  EXPECT_EQ(ReadBlock(block::kDip8Mode, 2)[0], 6);
+  EXPECT_EQ(ReadBlock(block::kDip8Mode, 2)[1], 9);
+  box.SetVideoProcAmp(handle, 0, proc_amp::kHue, 200);
+  WordBuffer words{};
+  EXPECT_EQ(box.GetVideoProcAmp(handle, 0, proc_amp::kHue, words), kSuccess);
+  EXPECT_EQ(words[0], 200U);
+}
+
+TEST_F(BoxModelTest, CommandsRestoreTheirOwnDefaultsOnly) {
+  const auto spoil = [&] {
+    box.SetVideoProcAmp(handle, 0, proc_amp::kBrightness, 1);
+    box.SetKiraboxProperty(handle, block::kRgb, 0, 3, {1, 2, 3});
+    box.SetKiraboxProperty(handle, block::kImageSize26, 0, 2, {90, 91});
+    box.SetKiraboxProperty(handle, block::kImagePosition26, 0, 4, {1, 1, 1, 1});
+  };
+  ProcAmpBytes picture;
+  spoil();
+  box.SetBoxProperty(handle, 0, word::kCommand, command::kProcAmpDefaults);
+  box.GetKiraboxProcAmp(handle, picture);
+  EXPECT_EQ(picture.brightness, 128);
+  EXPECT_EQ(ReadBlock(block::kRgb, 3)[0], 1);
+  spoil();
+  box.SetBoxProperty(handle, 0, word::kCommand, command::kRgbDefaults);
+  box.GetKiraboxProcAmp(handle, picture);
+  EXPECT_EQ(picture.brightness, 1);
+  EXPECT_EQ(ReadBlock(block::kRgb, 3)[0], 128);
+  spoil();
+  box.SetBoxProperty(handle, 0, word::kCommand, command::kImageRestore);
+  EXPECT_EQ(ReadBlock(block::kImageSize26, 2)[0], 100);
+  EXPECT_EQ(ReadBlock(block::kImagePosition26, 4)[1], 0x2C);
+  EXPECT_EQ(ReadBlock(block::kRgb, 3)[0], 1);
+}
+
+TEST_F(BoxModelTest, HardwareResetMakesItVanishAndComeBackWithDefaults) {
+  box.SetBoxProperty(handle, 0, word::kInputSource, 4);
+  box.SetBoxProperty(handle, 0, word::kCommand, command::kHardwareReset);
+  EXPECT_EQ(box.Open(kOpenMode), kNoBox);
+  now += BoxModel::kRestartTime - 1;
+  EXPECT_EQ(box.Open(kOpenMode), kNoBox);
+  now += 1;
+  EXPECT_EQ(box.Open(kOpenMode), handle);
+  EXPECT_EQ(ReadWord(word::kInputSource), 1U);
+}
+
+TEST_F(BoxModelTest, BlocksAreFilledUpWithZerosToTheLengthAskedFor) {
+  BlockBuffer bytes;
+  bytes.fill(0xAA);
+  EXPECT_EQ(box.GetKiraboxProperty(handle, block::kRgb, 0, 30, bytes), kSuccess);
+  EXPECT_EQ(bytes[0], 128);
+  EXPECT_EQ(bytes[3], 0);
+  EXPECT_EQ(bytes[29], 0);
+  EXPECT_EQ(bytes[30], 0xAA);
+}
+
+}  // namespace
+}  // namespace panelora::simulator

@@ -1,0 +1,106 @@
+// The layers of the tree: which folder may include which.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <regex>
+#include <string>
+#include <vector>
+
+namespace panelora {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Include {
+  std::string file;
+  std::string included;
+  bool system;
+};
+
+std::vector<Include> AllIncludes() {
+  const fs::path root = PANELORA_SOURCE_DIR;
+  const std::regex line("^\\s*#\\s*include\\s*([<\"])([^>\"]+)[>\"].*");
+  std::vector<Include> all;
+  for (const char* folder : {"app", "device", "pages", "platform", "res", "simulator", "ui"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {
+      const std::string ending = entry.path().extension().string();
+      if (ending != ".h" && ending != ".cpp") continue;
+      std::ifstream file(entry.path());
+      std::smatch match;
+      for (std::string text; std::getline(file, text);) {
+        if (!std::regex_match(text, match, line)) continue;
+        all.push_back(
+            {fs::relative(entry.path(), root).generic_string(), match[2], match[1] == "<"});
+      }
+    }
+  }
+  return all;
+}
+
+bool StartsWith(const std::string& text, const std::string& start) {
+  return text.compare(0, start.size(), start) == 0;
+}
+
+// What the files of a folder may include of the project.
+const std::vector<std::pair<std::string, std::vector<std::string>>> kAllowed = {
+    {"ui/", {"ui/"}},
+    {"device/", {"device/"}},
+    {"res/", {"res/", "ui/", "dialogs/"}},
+    {"pages/", {"pages/", "device/", "ui/", "res/"}},
+    {"app/", {"app/", "pages/", "device/", "ui/", "res/"}},
+    {"simulator/", {"simulator/", "device/", "ui/text.h"}},
+    {"platform/memory/", {"platform/memory/", "ui/", "res/"}},
+    {"platform/win32/", {"platform/win32/", "app/", "pages/", "device/", "ui/", "res/"}},
+};
+
+TEST(Layers, ArrowsRunDownOnly) {
+  const auto includes = AllIncludes();
+  ASSERT_GT(includes.size(), 100U);
+  for (const Include& each : includes) {
+    if (each.system) continue;
+    for (const auto& [folder, targets] : kAllowed) {
+      if (!StartsWith(each.file, folder)) continue;
+      bool allowed = false;
+      for (const std::string& target : targets) allowed |= StartsWith(each.included, target);
+      EXPECT_TRUE(allowed) << each.file << " includes " << each.included;
+    }
+  }
+}
+
+TEST(Layers, NoPageIncludesAPageOfAnotherFolder) {
+  for (const Include& each : AllIncludes()) {
+    if (!StartsWith(each.file, "pages/") || !StartsWith(each.included, "pages/")) continue;
+    const std::string own = fs::path(each.file).parent_path().generic_string();
+    const std::string other = fs::path(each.included).parent_path().generic_string();
+    EXPECT_TRUE(other == own || other == "pages") << each.file << " includes " << each.included;
+  }
+}
+
+TEST(Layers, WindowsHeadersStayInTheirPlace) {
+  for (const Include& each : AllIncludes()) {
+    if (!each.system) continue;
+    const bool windows = each.included == "windows.h" || each.included == "commctrl.h" ||
+                         each.included == "gdiplus.h" || each.included == "shlwapi.h" ||
+                         each.included == "objidl.h" || each.included == "windowsx.h";
+    if (!windows) continue;
+    EXPECT_TRUE(StartsWith(each.file, "platform/win32/") || each.file == "simulator/devlnk_dll.cpp")
+        << each.file;
+  }
+}
+
+TEST(Layers, FilesStayReadableInOneSitting) {
+  const fs::path root = PANELORA_SOURCE_DIR;
+  for (const char* folder : {"app", "device", "pages", "platform", "simulator", "tests", "ui"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {
+      if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
+      std::ifstream file(entry.path());
+      int lines = 0;
+      for (std::string text; std::getline(file, text);) ++lines;
+      EXPECT_LE(lines, 700) << entry.path();
+    }
+  }
+}
+
+}  // namespace
+}  // namespace panelora

@@ -1,0 +1,136 @@
+// Keys, and the ways in which the program does and does not end.
+#include <algorithm>
+#include <set>
+
+#include "device_calls.h"
+#include "panel_test.h"
+
+namespace panelora::end_to_end {
+
+namespace {
+
+class KeyboardTest : public PanelTest {
+ protected:
+  // Waits until the program has taken every message that was posted to it.
+  void Settle(PanelProcess& panel) { panel.Description(); }
+
+  HWND AwaitFocus(PanelProcess& panel) {
+    panel.Await("the focus", [&] { return panel.Focus() != nullptr; });
+    return panel.Focus();
+  }
+
+  // The controls that Tab visits until it comes back to where it was.
+  std::vector<int> TabOrder(PanelProcess& panel) {
+    std::vector<int> order;
+    const HWND first = AwaitFocus(panel);
+    HWND focus = first;
+    do {
+      order.push_back(GetDlgCtrlID(focus));
+      EXPECT_TRUE(IsWindowVisible(focus)) << order.back();
+      panel.PostKey(focus, VK_TAB);
+      Settle(panel);
+      focus = panel.Focus();
+    } while (focus != first && order.size() < 100);
+    std::sort(order.begin(), order.end());
+    return order;
+  }
+
+  void TabTo(PanelProcess& panel, int control) {
+    for (int i = 0; i < 100 && GetDlgCtrlID(AwaitFocus(panel)) != control; ++i) {
+      panel.PostKey(panel.Focus(), VK_TAB);
+      Settle(panel);
+    }
+    ASSERT_EQ(GetDlgCtrlID(panel.Focus()), control);
+  }
+};
+
+TEST_F(KeyboardTest, TabVisitsTheVisibleButtonsOnly) {
+  PanelProcess& panel = Start();
+  EXPECT_EQ(TabOrder(panel), (std::vector<int>{kPicture, kVideo, kInformation, kAudio, kProcAmp,
+                                               kSetting, kRefresh}));
+  panel.Press(kMain, kVideo);
+  EXPECT_EQ(TabOrder(panel), (std::vector<int>{kPicture, 1002, kReturn, 1007}));
+  panel.Plug(false);
+  panel.Tick();
+  EXPECT_EQ(TabOrder(panel), std::vector<int>{kPicture});
+}
+
+TEST_F(KeyboardTest, EnterAndSpacePressTheFocusedButton) {
+  PanelProcess& panel = Start();
+  TabTo(panel, kVideo);
+  panel.PostKey(panel.Focus(), VK_RETURN);
+  Settle(panel);
+  EXPECT_EQ(panel.CurrentLook().pages, std::vector<int>{kVideoMenuPage});
+  TabTo(panel, kReturn);
+  panel.PostKey(panel.Focus(), VK_SPACE);
+  Settle(panel);
+  EXPECT_EQ(panel.CurrentLook(), HomeLook());
+}
+
+TEST_F(KeyboardTest, FocusLeavesAButtonThatIsHidden) {
+  PanelProcess& panel = Start();
+  for (const int button : {kVideo, kAudio, kProcAmp, kSetting}) {
+    SCOPED_TRACE(button);
+    TabTo(panel, button);
+    panel.PostKey(panel.Focus(), VK_RETURN);
+    Settle(panel);
+    const HWND focus = AwaitFocus(panel);
+    EXPECT_TRUE(IsWindowVisible(focus));
+    EXPECT_NE(focus, panel.Main());
+    TabTo(panel, kReturn);
+    panel.PostKey(panel.Focus(), VK_RETURN);
+    Settle(panel);
+    ASSERT_EQ(panel.CurrentLook(), HomeLook());
+  }
+}
+
+TEST_F(KeyboardTest, EnterAndEscapeNeverCloseTheWindowOrAPage) {
+  PanelProcess& panel = Start();
+  for (const int button : {kInformation, kVideo, kAudio, kProcAmp, kSetting}) {
+    SCOPED_TRACE(button);
+    panel.Command(kMain, kReturn);
+    panel.Command(kMain, button);
+    const Look look = panel.CurrentLook();
+    const HWND page = panel.Page(look.pages.front());
+    // The page gets the keys itself and through the command that dialogs make of them.
+    for (const HWND window : {panel.Main(), page}) {
+      panel.PostKey(window, VK_ESCAPE);
+      panel.PostKey(window, VK_RETURN);
+      panel.Send(window, WM_COMMAND, IDCANCEL);
+      panel.Send(window, WM_COMMAND, IDOK);
+      Settle(panel);
+      EXPECT_EQ(panel.CurrentLook(), look);
+      EXPECT_TRUE(IsWindowVisible(panel.Main()));
+    }
+    panel.PostKey(AwaitFocus(panel), VK_ESCAPE);
+    Settle(panel);
+    EXPECT_EQ(panel.CurrentLook(), look);
+  }
+  EXPECT_TRUE(panel.IsRunning());
+}
+
+TEST_F(KeyboardTest, EnterAndEscapeDoNotCloseTheDisconnectedWindow) {
+  PanelProcess& panel = Start({.plugged = false});
+  const HWND focus = AwaitFocus(panel);
+  panel.PostKey(focus, VK_ESCAPE);
+  panel.PostKey(focus, VK_RETURN);
+  Settle(panel);
+  EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
+}
+
+TEST_F(KeyboardTest, SystemMenuCloseEndsTheProgram) {
+  PanelProcess& panel = Start();
+  panel.Post(panel.Main(), WM_SYSCOMMAND, SC_CLOSE);
+  EXPECT_EQ(panel.WaitForEnd(), 0U);
+}
+
+TEST_F(KeyboardTest, CloseBoxEndsTheProgramInBothLooks) {
+  Start();
+  CloseAndCheck();
+  Start({.plugged = false});
+  CloseAndCheck();
+}
+
+}  // namespace
+
+}  // namespace panelora::end_to_end

@@ -1,0 +1,217 @@
+// The monitor: the box goes and comes back while the panel is open.
+#include "device_calls.h"
+#include "panel_test.h"
+
+namespace panelora::end_to_end {
+
+namespace {
+
+class MonitorTest : public PanelTest {
+ protected:
+  // The calls of one tick.
+  Calls TickCalls(PanelProcess& panel) {
+    panel.TakeCalls();
+    panel.Tick();
+    return panel.TakeCalls();
+  }
+};
+
+TEST_F(MonitorTest, TickOfAnUnchangedBoxOnlyOpens) {
+  PanelProcess& panel = Start();
+  for (int tick = 0; tick < 3; ++tick) EXPECT_EQ(TickCalls(panel), kOpen);
+  EXPECT_EQ(panel.CurrentLook(), HomeLook());
+}
+
+TEST_F(MonitorTest, UnpluggedBoxTurnsToTheDisconnectedLookFromEveryPage) {
+  PanelProcess& panel = Start();
+  for (const int button : {kInformation, kVideo, kAudio, kProcAmp, kSetting}) {
+    SCOPED_TRACE(button);
+    panel.Press(kMain, button);
+    panel.Plug(false);
+    EXPECT_EQ(TickCalls(panel), Joined({kOpen, kIdentify, kInitialisePagesWithoutBox}));
+    EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
+    EXPECT_EQ(TickCalls(panel), kOpen);
+    panel.Plug(true);
+    // The pages are initialised, and the Information button's procedure reads once more.
+    EXPECT_EQ(TickCalls(panel), Joined({kOpen, kIdentify, kInitialisePages, kReadInformation}));
+    EXPECT_EQ(panel.CurrentLook(), HomeLook());
+  }
+}
+
+TEST_F(MonitorTest, ReturnedBoxIsReadAnew) {
+  PanelProcess& panel = Start();
+  panel.Plug(false);
+  panel.Tick();
+  panel.Become({26, 2, 0, 0, 0}, 0x0206);
+  panel.Plug(true);
+  panel.Tick();
+  EXPECT_EQ(panel.Text(kInformationPage, 1007), "1920x1080  59.94p");
+  EXPECT_EQ(panel.Text(kInformationPage, 1014), "0.2.0.6");
+  panel.Press(kMain, kProcAmp);
+  EXPECT_TRUE(panel.IsShown(panel.Control(kMain, kApply)));  // brand 2
+}
+
+TEST_F(MonitorTest, ConnectionChangePutsEveryButtonBackInItsHomePlace) {
+  PanelProcess& panel = Start({.firmware = 0x0111});
+  panel.Press(kMain, kVideo);
+  panel.Plug(false);
+  panel.Tick();
+  EXPECT_EQ(panel.PlaceOf(panel.Control(kMain, kReturn)), ButtonAt(65));
+  EXPECT_EQ(panel.PlaceOf(panel.Control(kMain, kApply)), ButtonAt(65));
+  EXPECT_EQ(panel.PlaceOf(panel.Control(kMain, kDefault)), ButtonAt(65));
+  EXPECT_EQ(panel.PlaceOf(panel.Control(kMain, kPageUp)), (ui::Rect{0, 340, 110, 45}));
+}
+
+TEST_F(MonitorTest, BoxOfAnotherTypeIsTreatedAsAbsentAndAskedAtEveryTick) {
+  PanelProcess& panel = Start({.identity = {50, 0, 0, 0, 0}});
+  for (int tick = 0; tick < 3; ++tick) {
+    EXPECT_EQ(TickCalls(panel), Joined({kOpen, kIdentify}));
+    EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
+  }
+  panel.Become({26, 0, 0, 0, 0});
+  EXPECT_EQ(TickCalls(panel), Joined({kOpen, kIdentify, kInitialisePages, kReadInformation}));
+  EXPECT_EQ(panel.CurrentLook(), HomeLook());
+}
+
+TEST_F(MonitorTest, BoxThatAnswersNoIdentityIsAbsent) {
+  PanelProcess& panel = Start();
+  panel.FailCalls(true);
+  EXPECT_EQ(TickCalls(panel), kOpen);  // the identity of a box that stays is not read again
+  EXPECT_EQ(panel.CurrentLook(), HomeLook());
+  panel.Plug(false);
+  EXPECT_EQ(TickCalls(panel), Joined({kOpen, kIdentify, kInitialisePagesWithoutBox}));
+  panel.Plug(true);
+  for (int tick = 0; tick < 3; ++tick) EXPECT_EQ(TickCalls(panel), Joined({kOpen, kIdentify}));
+  EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
+  panel.FailCalls(false);
+  panel.Tick();
+  EXPECT_EQ(panel.CurrentLook(), HomeLook());
+}
+
+TEST_F(MonitorTest, BoxThatChangesItsIdentityWhileConnectedIsNotAskedAgain) {
+  PanelProcess& panel = Start();
+  panel.Become({15, 1, 1, 1, 1});
+  EXPECT_EQ(TickCalls(panel), kOpen);
+  EXPECT_EQ(panel.CurrentLook(), HomeLook());
+}
+
+TEST_F(MonitorTest, ApplyOnInformationWritesNothingAndSilencesFiveTicks) {
+  PanelProcess& panel = Start();
+  panel.TakeCalls();
+  panel.Command(kMain, kApply);
+  EXPECT_EQ(panel.TakeCalls(), kNothing);
+  for (int tick = 1; tick <= 5; ++tick) EXPECT_EQ(TickCalls(panel), kNothing) << tick;
+  EXPECT_EQ(TickCalls(panel), kOpen);
+  EXPECT_EQ(panel.CurrentLook(), HomeLook());
+}
+
+TEST_F(MonitorTest, RefreshReadsThePageAndSilencesTwoTicks) {
+  PanelProcess& panel = Start();
+  for (const int button : {kRefresh, kPicture}) {
+    SCOPED_TRACE(button);
+    panel.TakeCalls();
+    panel.Press(kMain, button);
+    EXPECT_EQ(panel.TakeCalls(), kReadInformation);
+    for (int tick = 1; tick <= 2; ++tick) EXPECT_EQ(TickCalls(panel), kNothing) << tick;
+    EXPECT_EQ(TickCalls(panel), kOpen);
+  }
+}
+
+TEST_F(MonitorTest, RefreshOnTheVideoMenuOnlySilencesTwoTicks) {
+  PanelProcess& panel = Start();
+  panel.TakeCalls();
+  panel.Press(kMain, kVideo);
+  panel.Press(kMain, kPicture);
+  EXPECT_EQ(panel.TakeCalls(), kNothing);
+  for (int tick = 1; tick <= 2; ++tick) EXPECT_EQ(TickCalls(panel), kNothing) << tick;
+  EXPECT_EQ(TickCalls(panel), kOpen);
+}
+
+TEST_F(MonitorTest, SilencedTicksSeeTheUnpluggedBoxLater) {
+  PanelProcess& panel = Start();
+  panel.Press(kMain, kRefresh);
+  panel.Plug(false);
+  for (int tick = 1; tick <= 2; ++tick) {
+    panel.Tick();
+    EXPECT_EQ(panel.CurrentLook(), HomeLook()) << tick;
+  }
+  panel.Tick();
+  EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
+}
+
+TEST_F(MonitorTest, FailedReadsKeepWhatInformationShows) {
+  PanelProcess& panel = Start();
+  panel.FailCalls(true);
+  panel.Press(kMain, kInformation);
+  panel.Press(kMain, kRefresh);
+  EXPECT_EQ(panel.Text(kInformationPage, 1007), "1920x1080  59.94p");
+  EXPECT_EQ(panel.Text(kInformationPage, 1014), "0.1.2.6");
+  panel.Press(kMain, kVideo);  // the old version goes on counting
+  EXPECT_EQ(panel.CurrentLook().pages, std::vector<int>{kVideoMenuPage});
+}
+
+TEST_F(MonitorTest, AnswerThatFillsTheWholeLengthIsShownAsItIs) {
+  PanelProcess& panel = Start();
+  panel.FillAnswers(true);
+  panel.Press(kMain, kRefresh);
+  EXPECT_EQ(panel.Text(kInformationPage, 1007), "65535x65535  255.0i");
+}
+
+TEST_F(MonitorTest, OnlyModel26IsABox) {
+  PanelProcess& panel = Start({.plugged = false});
+  panel.Plug(true);
+  for (int type = 0; type <= 255; ++type) {
+    SCOPED_TRACE(type);
+    panel.Become({static_cast<std::uint8_t>(type), 0, 0, 0, 0});
+    if (type != 26) {
+      ASSERT_EQ(TickCalls(panel), Joined({kOpen, kIdentify}));
+      ASSERT_EQ(panel.CurrentLook(), DisconnectedLook());
+      continue;
+    }
+    panel.Tick();
+    ASSERT_EQ(panel.CurrentLook(), HomeLook());
+    panel.Plug(false);
+    panel.Tick();
+    panel.Plug(true);
+  }
+}
+
+TEST_F(MonitorTest, Model26IsABoxWhateverItsOtherIdentityBytes) {
+  PanelProcess& panel = Start({.plugged = false});
+  const std::uint8_t values[] = {0, 1, 2, 3, 255};
+  for (const std::uint8_t brand : values) {
+    Places procAmp = {{kDefault, ButtonAt(65)}, {kReturn, ButtonAt(105)}, {kPageUp, ButtonAt(145)}};
+    if (brand == 2) {
+      procAmp = {{kDefault, ButtonAt(65)},
+                 {kApply, ButtonAt(105)},
+                 {kReturn, ButtonAt(145)},
+                 {kPageUp, ButtonAt(185)}};
+    }
+    for (const std::uint8_t subModel : values) {
+      for (const std::uint8_t dip : values) {
+        SCOPED_TRACE(::testing::Message() << int{brand} << " " << int{subModel} << " " << int{dip});
+        panel.Become({26, brand, subModel, dip, dip});
+        panel.Plug(true);
+        panel.Tick();
+        ASSERT_EQ(panel.CurrentLook(), HomeLook());
+        panel.Press(kMain, kProcAmp);
+        ASSERT_EQ(panel.CurrentLook(), PageLook(kProcAmpPage, procAmp));
+        panel.Plug(false);
+        panel.Tick();
+        ASSERT_EQ(panel.CurrentLook(), DisconnectedLook());
+      }
+    }
+  }
+}
+
+TEST_F(MonitorTest, PanelLooksForTheBoxByItself) {
+  PanelProcess& panel = Start({.holdsClock = false});
+  panel.Plug(false);
+  panel.Await("the disconnected look", [&] { return panel.CurrentLook() == DisconnectedLook(); });
+  panel.Plug(true);
+  panel.Await("the connected look", [&] { return panel.CurrentLook() == HomeLook(); });
+}
+
+}  // namespace
+
+}  // namespace panelora::end_to_end

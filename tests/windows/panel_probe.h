@@ -1,0 +1,19 @@
+// What the probe in the program's process and the test outside agree on.
+#pragma once
+
+namespace panelora::end_to_end {
+
+// A message that, posted to a window, has it described.
+constexpr char kDescribeWindow[] = "Panelora.DescribeWindow";
+
+// The name of the memory that takes the description: this and the process id, in decimal.
+constexpr char kProbeMemoryName[] = "Local\\PaneloraProbe.";
+
+struct ProbeMemory {
+  long described;  // 1 = the rest is complete
+  bool bigIcon;    // the window has them
+  bool smallIcon;
+  char systemMenu[1024];  // a line an item: "id text", or "-" for a separator
+};
+
+}  // namespace panelora::end_to_end

@@ -1,0 +1,425 @@
+#include "panel_process.h"
+
+#include <cstring>
+#include <fstream>
+#include <ostream>
+#include <sstream>
+#include <stdexcept>
+
+namespace panelora::ui {
+
+void PrintTo(const Rect& rect, std::ostream* out) {
+  *out << "(" << rect.x << ", " << rect.y << ", " << rect.width << ", " << rect.height << ")";
+}
+
+}  // namespace panelora::ui
+
+namespace panelora::end_to_end {
+
+namespace {
+
+constexpr DWORD kPatience = 60000;  // ms
+constexpr DWORD kPoll = 1;          // ms
+constexpr int kMonitorTimer = 1;
+
+std::string ClassOf(HWND window) {
+  char name[64] = "";
+  GetClassNameA(window, name, sizeof name);
+  return name;
+}
+
+bool IsDialog(HWND window) { return ClassOf(window) == "#32770"; }
+
+int NumberOf(HWND window) { return static_cast<int>(GetWindowLongPtrA(window, GWLP_ID)); }
+
+}  // namespace
+
+Parts& TheParts() {
+  static Parts parts;
+  return parts;
+}
+
+Calls Joined(std::initializer_list<Calls> parts) {
+  Calls all;
+  for (const Calls& part : parts) all.insert(all.end(), part.begin(), part.end());
+  return all;
+}
+
+void PrintTo(const Look& look, std::ostream* out) {
+  *out << "pages";
+  for (const int page : look.pages) *out << " " << page;
+  *out << ", controls";
+  for (const auto& [id, place] : look.controls) {
+    *out << " " << id << " ";
+    PrintTo(place, out);
+  }
+}
+
+Look PageLook(int page, Places buttons) {
+  buttons[kPicture] = {0, 0, 600, 65};
+  return {{page}, std::move(buttons)};
+}
+
+Look HomeLook() {
+  return PageLook(kInformationPage, {{kInformation, ButtonAt(65)},
+                                     {kVideo, ButtonAt(105)},
+                                     {kAudio, ButtonAt(145)},
+                                     {kProcAmp, ButtonAt(185)},
+                                     {kSetting, ButtonAt(225)},
+                                     {kRefresh, {0, 340, 110, 45}}});
+}
+
+Look DisconnectedLook() { return {{}, {{kPicture, {0, 0, 600, 375}}}}; }
+
+PanelProcess::PanelProcess(const Setup& setup) {
+  MakeFolder(setup);
+  StartSuspended(setup);
+  try {
+    PrepareBox(setup);
+    ResumeThread(process.hThread);
+    Await("the main window", [this] {
+      FindMain();
+      return main != nullptr;
+    });
+    if (debugging) {
+      DebugActiveProcessStop(process.dwProcessId);
+      debugging = false;
+    }
+    if (setup.holdsClock) HoldTheClock();
+    Send(main, WM_NULL);
+  } catch (...) {
+    TerminateProcess(process.hProcess, 1);
+    throw;
+  }
+}
+
+PanelProcess::~PanelProcess() {
+  if (hook != nullptr) UnhookWindowsHookEx(hook);
+  if (IsRunning()) {
+    TerminateProcess(process.hProcess, 1);
+    WaitForSingleObject(process.hProcess, kPatience);
+  }
+  if (bench != nullptr) UnmapViewOfFile(bench);
+  for (const HANDLE handle : {benchMemory, process.hThread, process.hProcess, job}) {
+    if (handle != nullptr) CloseHandle(handle);
+  }
+  std::error_code ignored;
+  std::filesystem::remove_all(folder, ignored);
+}
+
+// The folder holds what an operator's folder holds: the program and at most one library.
+void PanelProcess::MakeFolder(const Setup& setup) {
+  static int count = 0;
+  std::ostringstream name;
+  name << "panelora_" << GetCurrentProcessId() << "_" << ++count;
+  folder = std::filesystem::temp_directory_path() / name.str();
+  std::filesystem::create_directories(folder);
+  const std::filesystem::path program = folder / "Panelora.exe";
+  std::error_code error;
+  std::filesystem::create_hard_link(TheParts().program, program, error);
+  if (error) std::filesystem::copy_file(TheParts().program, program);
+  if (!setup.library.empty()) std::filesystem::copy_file(setup.library, folder / "DEVLNK.dll");
+}
+
+void PanelProcess::StartSuspended(const Setup& setup) {
+  const std::filesystem::path working = setup.workingFolder.empty() ? folder : setup.workingFolder;
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  DWORD flags = CREATE_SUSPENDED;
+  if (setup.debugged) flags |= DEBUG_ONLY_THIS_PROCESS;
+  if (!CreateProcessW((folder / "Panelora.exe").c_str(), nullptr, nullptr, nullptr, FALSE, flags,
+                      nullptr, working.c_str(), &start, &process)) {
+    throw std::runtime_error("the program can't be started");
+  }
+  debugging = setup.debugged;
+  // A test program that is killed takes its panel along.
+  job = CreateJobObjectW(nullptr, nullptr);
+  JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
+  limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
+  SetInformationJobObject(job, JobObjectExtendedLimitInformation, &limits, sizeof limits);
+  AssignProcessToJobObject(job, process.hProcess);
+}
+
+void PanelProcess::PrepareBox(const Setup& setup) {
+  const std::string name = simulator::kBenchPortName + std::to_string(process.dwProcessId);
+  benchMemory = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
+                                   sizeof(simulator::BenchPort), name.c_str());
+  bench =
+      static_cast<simulator::BenchPort*>(MapViewOfFile(benchMemory, FILE_MAP_ALL_ACCESS, 0, 0, 0));
+  if (bench == nullptr) throw std::runtime_error("no bench port");
+  bench->magic = simulator::kBenchPortMagic;
+  Plug(setup.plugged);
+  Become(setup.identity, setup.firmware);
+}
+
+std::vector<HWND> PanelProcess::TopWindows() const {
+  struct Search {
+    DWORD process;
+    std::vector<HWND> found;
+  } search{process.dwProcessId, {}};
+  const auto collect = [](HWND window, LPARAM parameter) -> BOOL {
+    Search& all = *reinterpret_cast<Search*>(parameter);
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if (owner == all.process && IsDialog(window)) all.found.push_back(window);
+    return TRUE;
+  };
+  EnumWindows(collect, reinterpret_cast<LPARAM>(&search));
+  return search.found;
+}
+
+void PanelProcess::FindMain() {
+  for (const HWND window : TopWindows()) {
+    if (GetWindow(window, GW_OWNER) == nullptr && IsWindowVisible(window)) main = window;
+  }
+}
+
+// The program's own timer goes on but reaches nobody.
+void PanelProcess::HoldTheClock() {
+  static const HMODULE probe = LoadLibraryW((TheParts().tests / "panel_probe.dll").c_str());
+  const FARPROC procedure = probe != nullptr ? GetProcAddress(probe, "HoldClock") : nullptr;
+  if (procedure != nullptr) {
+    hook = SetWindowsHookExW(WH_GETMESSAGE,
+                             reinterpret_cast<HOOKPROC>(reinterpret_cast<void*>(procedure)), probe,
+                             GetWindowThreadProcessId(main, nullptr));
+  }
+  if (hook == nullptr) throw std::runtime_error("the probe can't be set");
+}
+
+// Takes the next event of the process, if there is one soon.
+void PanelProcess::PumpDebugger() {
+  DEBUG_EVENT event{};
+  if (!WaitForDebugEvent(&event, kPoll)) return;
+  DWORD answer = DBG_CONTINUE;
+  if (event.dwDebugEventCode == OUTPUT_DEBUG_STRING_EVENT) {
+    const OUTPUT_DEBUG_STRING_INFO& output = event.u.DebugString;
+    std::string text(output.nDebugStringLength, '\0');
+    SIZE_T read = 0;
+    if (output.fUnicode == 0 && ReadProcessMemory(process.hProcess, output.lpDebugStringData,
+                                                  text.data(), text.size(), &read)) {
+      text.resize(std::strlen(text.c_str()));
+      if (text.starts_with("Panelora:")) debuggerLines.push_back(text);
+    }
+  } else if (event.dwDebugEventCode == CREATE_PROCESS_DEBUG_EVENT) {
+    CloseHandle(event.u.CreateProcessInfo.hFile);
+  } else if (event.dwDebugEventCode == LOAD_DLL_DEBUG_EVENT) {
+    CloseHandle(event.u.LoadDll.hFile);
+  } else if (event.dwDebugEventCode == EXCEPTION_DEBUG_EVENT) {
+    const DWORD code = event.u.Exception.ExceptionRecord.ExceptionCode;
+    if (code != EXCEPTION_BREAKPOINT) answer = DBG_EXCEPTION_NOT_HANDLED;
+  }
+  ContinueDebugEvent(event.dwProcessId, event.dwThreadId, answer);
+}
+
+DWORD PanelProcess::WaitForEnd() {
+  if (WaitForSingleObject(process.hProcess, kPatience) != WAIT_OBJECT_0) {
+    throw std::runtime_error("the program does not end");
+  }
+  DWORD code = 0;
+  GetExitCodeProcess(process.hProcess, &code);
+  return code;
+}
+
+DWORD PanelProcess::Close() {
+  Post(main, WM_CLOSE);
+  return WaitForEnd();
+}
+
+bool PanelProcess::IsRunning() const {
+  return process.hProcess != nullptr && WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT;
+}
+
+LRESULT PanelProcess::Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  DWORD_PTR result = 0;
+  if (SendMessageTimeoutA(window, message, wParam, lParam, SMTO_NORMAL, kPatience, &result) == 0) {
+    std::ostringstream text;
+    text << "message " << message << " was not handled"
+         << (IsRunning() ? "" : ": the program has ended");
+    throw std::runtime_error(text.str());
+  }
+  return static_cast<LRESULT>(result);
+}
+
+void PanelProcess::Post(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (!PostMessageA(window, message, wParam, lParam)) {
+    throw std::runtime_error("the window takes no messages");
+  }
+}
+
+void PanelProcess::Press(int dialog, int control) {
+  const HWND button = Control(dialog, control);
+  if (!IsWindowVisible(button)) {
+    throw std::runtime_error("button " + std::to_string(control) + " can't be seen");
+  }
+  Send(button, BM_CLICK);
+}
+
+void PanelProcess::Command(int dialog, int control) {
+  const HWND window = dialog == kMain ? main : Page(dialog);
+  Send(window, WM_COMMAND, MAKEWPARAM(control, BN_CLICKED),
+       reinterpret_cast<LPARAM>(Control(dialog, control)));
+}
+
+void PanelProcess::PostKey(HWND window, WPARAM key) {
+  Post(window, WM_KEYDOWN, key, 1);
+  Post(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+}
+
+void PanelProcess::Tick() { Send(main, WM_TIMER, kMonitorTimer); }
+
+void PanelProcess::Await(const char* what, const std::function<bool()>& condition) {
+  const ULONGLONG start = GetTickCount64();
+  while (!condition()) {
+    if (debugging) {
+      PumpDebugger();
+    } else {
+      Sleep(kPoll);
+    }
+    if (!IsRunning()) throw std::runtime_error(std::string("the program ended before ") + what);
+    if (GetTickCount64() - start > kPatience) {
+      throw std::runtime_error(std::string("waited in vain for ") + what);
+    }
+  }
+}
+
+HWND PanelProcess::Page(int number) const {
+  for (HWND child = GetWindow(main, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    if (IsDialog(child) && NumberOf(child) == number) return child;
+  }
+  return nullptr;
+}
+
+HWND PanelProcess::OwnedDialog() const {
+  for (const HWND window : TopWindows()) {
+    if (GetWindow(window, GW_OWNER) == main && IsWindowVisible(window)) return window;
+  }
+  return nullptr;
+}
+
+HWND PanelProcess::Control(int dialog, int control) const {
+  const HWND parent = dialog == kMain ? main : dialog == kAbout ? OwnedDialog() : Page(dialog);
+  const HWND found = GetDlgItem(parent, control);
+  if (found == nullptr) {
+    throw std::runtime_error("no control " + std::to_string(control) + " in dialog " +
+                             std::to_string(dialog));
+  }
+  return found;
+}
+
+std::vector<int> PanelProcess::Pages() const {
+  std::vector<int> numbers;
+  for (HWND child = GetWindow(main, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    if (IsDialog(child)) numbers.push_back(NumberOf(child));
+  }
+  return numbers;
+}
+
+Look PanelProcess::CurrentLook() const {
+  Look look;
+  for (HWND child = GetWindow(main, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    if (IsDialog(child) && IsShown(child)) look.pages.push_back(NumberOf(child));
+  }
+  look.controls = ShownControls(kMain);
+  return look;
+}
+
+Places PanelProcess::ShownControls(int dialog) const {
+  Places places;
+  const HWND parent = dialog == kMain ? main : Page(dialog);
+  for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    if (!IsDialog(child) && IsShown(child)) places[NumberOf(child)] = PlaceOf(child);
+  }
+  return places;
+}
+
+ui::Rect PanelProcess::PlaceOf(HWND window) const {
+  RECT rect{};
+  GetWindowRect(window, &rect);
+  MapWindowPoints(nullptr, GetAncestor(window, GA_PARENT), reinterpret_cast<POINT*>(&rect), 2);
+  return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+}
+
+bool PanelProcess::IsShown(HWND window) const {
+  return (GetWindowLongPtrA(window, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+std::string PanelProcess::Text(HWND window) {
+  char text[256] = "";
+  Send(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
+  return text;
+}
+
+HWND PanelProcess::Focus() const {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(main, nullptr), &info);
+  return info.hwndFocus;
+}
+
+std::vector<COLORREF> PanelProcess::Pixels(int control) {
+  const HWND window = Control(kMain, control);
+  RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+  Send(window, WM_NULL);
+  const ui::Rect place = PlaceOf(window);
+  BITMAPINFO info{};
+  info.bmiHeader = {
+      sizeof info.bmiHeader, place.width, -place.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  const HDC source = GetDC(main);
+  const HDC copy = CreateCompatibleDC(source);
+  void* bits = nullptr;
+  const HBITMAP bitmap = CreateDIBSection(copy, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+  const HGDIOBJ before = SelectObject(copy, bitmap);
+  BitBlt(copy, 0, 0, place.width, place.height, source, place.x, place.y, SRCCOPY);
+  GdiFlush();
+  std::vector<COLORREF> pixels(static_cast<std::size_t>(place.width * place.height));
+  std::memcpy(pixels.data(), bits, pixels.size() * sizeof(COLORREF));
+  for (COLORREF& pixel : pixels) pixel &= 0xFFFFFF;
+  SelectObject(copy, before);
+  DeleteObject(bitmap);
+  DeleteDC(copy);
+  ReleaseDC(main, source);
+  return pixels;
+}
+
+ProbeMemory PanelProcess::Description() {
+  const std::string name = kProbeMemoryName + std::to_string(process.dwProcessId);
+  const HANDLE mapping = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
+                                            sizeof(ProbeMemory), name.c_str());
+  ProbeMemory* memory =
+      static_cast<ProbeMemory*>(MapViewOfFile(mapping, FILE_MAP_ALL_ACCESS, 0, 0, 0));
+  if (memory == nullptr) throw std::runtime_error("no memory for the probe");
+  memory->described = 0;
+  Post(main, RegisterWindowMessageA(kDescribeWindow));
+  Await("the description",
+        [memory] { return InterlockedCompareExchange(&memory->described, 0, 0) == 1; });
+  const ProbeMemory description = *memory;
+  UnmapViewOfFile(memory);
+  CloseHandle(mapping);
+  return description;
+}
+
+Calls PanelProcess::TakeCalls() {
+  std::istringstream log(std::string(bench->log, bench->logBytes));
+  bench->logBytes = 0;
+  Calls calls;
+  for (std::string line; std::getline(log, line);) calls.push_back(line);
+  return calls;
+}
+
+void PanelProcess::Plug(bool plugged) { bench->present = plugged ? 1 : 0; }
+
+void PanelProcess::FailCalls(bool failing) { bench->failing = failing ? 1 : 0; }
+
+void PanelProcess::FillAnswers(bool filling) { bench->lengthFull = filling ? 1 : 0; }
+
+void PanelProcess::Become(const IdentityBytes& identity, std::uint32_t firmware) {
+  std::memcpy(bench->identity, identity.data(), identity.size());
+  bench->firmware = firmware;
+  ++bench->change;
+}
+
+}  // namespace panelora::end_to_end

@@ -1,0 +1,185 @@
+// The finished program, driven from outside as the operator and the system drive it: a process of
+// its own in a fresh folder, real window messages, and the bench port of the simulated box.
+//
+// Dialogs are named by their template numbers, controls by their ids. Whatever does not happen
+// within a minute throws, which fails the test.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <iosfwd>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "panel_probe.h"
+#include "simulator/bench_port.h"
+#include "ui/geometry.h"
+
+namespace panelora::ui {
+
+// For the messages of failed checks.
+void PrintTo(const Rect& rect, std::ostream* out);
+
+}  // namespace panelora::ui
+
+namespace panelora::end_to_end {
+
+// Where the parts under test are.
+struct Parts {
+  std::filesystem::path program;  // Panelora.exe
+  std::filesystem::path box;      // the simulated DEVLNK.dll
+  std::filesystem::path tests;    // the folder of the test program and its libraries
+};
+Parts& TheParts();
+
+// Device calls as the simulated box logs them.
+using Calls = std::vector<std::string>;
+Calls Joined(std::initializer_list<Calls> parts);
+
+// Places of controls by id, in the client area of their dialog.
+using Places = std::map<int, ui::Rect>;
+
+// What of the main window is to be seen.
+struct Look {
+  std::vector<int> pages;  // template numbers
+  Places controls;
+
+  bool operator==(const Look&) const = default;
+};
+void PrintTo(const Look& look, std::ostream* out);
+
+// Template numbers.
+constexpr int kAbout = 100;
+constexpr int kMain = 102;
+constexpr int kInformationPage = 103;
+constexpr int kVideoMenuPage = 104;
+constexpr int kAudioPage = 105;
+constexpr int kProcAmpPage = 106;
+constexpr int kSettingPage = 107;
+constexpr int kVideoSettingsPage = 108;
+constexpr int kDisplayModePage = 109;
+constexpr int kTvWallPage = 110;
+constexpr int kPipPage = 111;
+constexpr int kGenlockPage = 112;
+constexpr int kImageAdjustPage = 113;
+constexpr int kRoiPage = 114;
+constexpr int kTextLabelsPage = 115;
+
+// Controls of the main window.
+constexpr int kPicture = 1000;
+constexpr int kVideo = 1001;
+constexpr int kInformation = 1002;
+constexpr int kAudio = 1003;
+constexpr int kProcAmp = 1004;
+constexpr int kSetting = 1005;
+constexpr int kReturn = 1006;
+constexpr int kApply = 1007;
+constexpr int kWall1 = 1008;
+constexpr int kWall2 = 1009;
+constexpr int kWall3 = 1010;
+constexpr int kWall4 = 1011;
+constexpr int kDefault = 1012;
+constexpr int kPageUp = 1014;
+constexpr int kRefresh = 1015;
+
+// The connected look on the Information page, and the look without a box.
+Look HomeLook();
+Look DisconnectedLook();
+// The look of a page with its navigation buttons, below the device picture.
+Look PageLook(int page, Places buttons);
+// The place of a navigation button that is `y` down.
+constexpr ui::Rect ButtonAt(int y) { return {0, y, 110, 40}; }
+
+using IdentityBytes = std::array<std::uint8_t, 5>;
+
+class PanelProcess {
+ public:
+  struct Setup {
+    std::filesystem::path library = TheParts().box;  // becomes DEVLNK.dll; empty = none
+    IdentityBytes identity = {26, 0, 0, 0, 0};
+    std::uint32_t firmware = 0x0126;
+    bool plugged = true;
+    bool holdsClock = true;  // only the ticks that the test sends count
+    bool debugged = false;   // collects what goes to the debugger up to the first look
+    std::filesystem::path workingFolder = {};  // empty = the program's own
+  };
+
+  // Starts the program and waits for its window.
+  explicit PanelProcess(const Setup& setup);
+  // Ends the program by force if it still runs.
+  ~PanelProcess();
+  PanelProcess(const PanelProcess&) = delete;
+  PanelProcess& operator=(const PanelProcess&) = delete;
+
+  // Waits for the end of the process; its exit code.
+  DWORD WaitForEnd();
+  // The same after WM_CLOSE.
+  DWORD Close();
+  bool IsRunning() const;
+
+  // What the operator does. A press does not return before the program has dealt with it.
+  void Press(int dialog, int control);
+  // As a press, but also on what is hidden.
+  void Command(int dialog, int control);
+  void PostKey(HWND window, WPARAM key);
+  // What the system does.
+  void Tick();
+  LRESULT Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+  void Post(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+
+  // Waits until the condition holds.
+  void Await(const char* what, const std::function<bool()>& condition);
+
+  // What is to be seen.
+  HWND Main() const { return main; }
+  HWND Page(int number) const;  // null = none
+  HWND OwnedDialog() const;     // an open dialog over the main window; null = none
+  HWND Control(int dialog, int control) const;
+  std::vector<int> Pages() const;  // from front to back
+  Look CurrentLook() const;
+  Places ShownControls(int dialog) const;
+  ui::Rect PlaceOf(HWND window) const;  // in the parent's client area
+  bool IsShown(HWND window) const;      // by its own style, whatever its parent's
+  std::string Text(HWND window);
+  std::string Text(int dialog, int control) { return Text(Control(dialog, control)); }
+  HWND Focus() const;
+  std::vector<COLORREF> Pixels(int control);  // of a control of the main window, as drawn
+  // What can only be seen from inside the process. Everything posted before has been handled then.
+  ProbeMemory Description();
+  // The program's lines on the debugger's output stream.
+  const std::vector<std::string>& DebuggerLines() const { return debuggerLines; }
+
+  // The simulated box.
+  Calls TakeCalls();  // since the last time
+  void Plug(bool plugged);
+  void FailCalls(bool failing);    // every call but open
+  void FillAnswers(bool filling);  // block reads answer 0xFF throughout
+  void Become(const IdentityBytes& identity, std::uint32_t firmware = 0x0126);
+
+ private:
+  void MakeFolder(const Setup& setup);
+  void StartSuspended(const Setup& setup);
+  void PrepareBox(const Setup& setup);
+  void FindMain();
+  void HoldTheClock();
+  void PumpDebugger();
+  std::vector<HWND> TopWindows() const;
+
+  std::filesystem::path folder;
+  PROCESS_INFORMATION process{};
+  HANDLE job = nullptr;
+  HANDLE benchMemory = nullptr;
+  simulator::BenchPort* bench = nullptr;
+  bool debugging = false;
+  std::vector<std::string> debuggerLines;
+  HWND main = nullptr;
+  HHOOK hook = nullptr;
+};
+
+}  // namespace panelora::end_to_end

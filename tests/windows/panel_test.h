@@ -1,0 +1,34 @@
+// The fixture of the end-to-end tests: starts the program, and at the end closes it and checks that
+// it ended well.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "panel_process.h"
+
+namespace panelora::end_to_end {
+
+class PanelTest : public ::testing::Test {
+ protected:
+  PanelProcess& Start(const PanelProcess::Setup& setup = {}) {
+    running = std::make_unique<PanelProcess>(setup);
+    return *running;
+  }
+
+  void CloseAndCheck() {
+    EXPECT_EQ(running->Close(), 0U);
+    running.reset();
+  }
+
+  void TearDown() override {
+    if (running != nullptr && running->IsRunning() && !HasFailure()) CloseAndCheck();
+    running.reset();
+  }
+
+ private:
+  std::unique_ptr<PanelProcess> running;
+};
+
+}  // namespace panelora::end_to_end
