@@ -3,7 +3,6 @@
 // program.
 #include <windows.h>
 
-#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>

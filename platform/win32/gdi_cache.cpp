@@ -18,6 +18,19 @@ Function Bind(HMODULE module, const char* name) {
   return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
 }
 
+// The narrowest that letters get, in percent of their own width.
+constexpr int kNarrowest = 70;
+constexpr int kNarrowStep = 5;
+
+template <class Action>
+void Measure(HFONT font, Action action) {
+  const HDC screen = GetDC(nullptr);
+  const HGDIOBJ before = SelectObject(screen, font);
+  action(screen);
+  SelectObject(screen, before);
+  ReleaseDC(nullptr, screen);
+}
+
 }  // namespace
 
 int ScaleForDpi(int value, int dpi) { return MulDiv(value, dpi, 96); }
@@ -35,15 +48,33 @@ GdiCache::~GdiCache() {
   if (gdiplus != nullptr) FreeLibrary(gdiplus);
 }
 
-HFONT GdiCache::FontFor(const ui::Font& font, int dpi) {
+HFONT GdiCache::FontFor(const ui::Font& font, int dpi, int widthPercent) {
   const std::string face(font.face);
-  HFONT& made = fonts[{face, font.tenths, dpi}];
-  if (made == nullptr) {
-    made = CreateFontA(-MulDiv(font.tenths, dpi, 720), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
-                       DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
-                       DEFAULT_PITCH | FF_SWISS, face.c_str());
+  HFONT& made = fonts[{face, font.tenths, dpi, widthPercent}];
+  if (made != nullptr) return made;
+  int width = 0;  // the font's own
+  if (widthPercent < 100) {
+    TEXTMETRICA metrics{};
+    Measure(FontFor(font, dpi), [&](HDC context) { GetTextMetricsA(context, &metrics); });
+    width = static_cast<int>(metrics.tmAveCharWidth) * widthPercent / 100;
   }
+  made = CreateFontA(-MulDiv(font.tenths, dpi, 720), width, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
+                     DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY,
+                     DEFAULT_PITCH | FF_SWISS, face.c_str());
   return made;
+}
+
+HFONT GdiCache::FontToFit(const ui::Font& font, int dpi, const std::string& text, int width) {
+  // What sticks out by a pixel or two is the blank edge of the last letter.
+  const int limit = width + ScaleForDpi(2, dpi);
+  for (int percent = 100;; percent -= kNarrowStep) {
+    const HFONT candidate = FontFor(font, dpi, percent);
+    SIZE size{};
+    Measure(candidate, [&](HDC context) {
+      GetTextExtentPoint32A(context, text.c_str(), static_cast<int>(text.size()), &size);
+    });
+    if (size.cx <= limit || percent - kNarrowStep < kNarrowest) return candidate;
+  }
 }
 
 HBRUSH GdiCache::BrushFor(const ui::Colour& colour) {

@@ -22,7 +22,10 @@ class GdiCache {
   GdiCache(const GdiCache&) = delete;
   GdiCache& operator=(const GdiCache&) = delete;
 
-  HFONT FontFor(const ui::Font& font, int dpi);
+  // `widthPercent` below 100 makes the letters narrower at the same height.
+  HFONT FontFor(const ui::Font& font, int dpi, int widthPercent = 100);
+  // The font in its own width, or as much narrower as `text` needs to fit `width` pixels.
+  HFONT FontToFit(const ui::Font& font, int dpi, const std::string& text, int width);
   HBRUSH BrushFor(const ui::Colour& colour);
 
   // Draws a picture of the resources by name, stretched to `place`; above 96 dpi the drawing of
@@ -37,7 +40,7 @@ class GdiCache {
   HBITMAP LoadFine(const std::string& name);
 
   HINSTANCE instance;
-  std::map<std::tuple<std::string, int, int>, HFONT> fonts;
+  std::map<std::tuple<std::string, int, int, int>, HFONT> fonts;
   std::map<COLORREF, HBRUSH> brushes;
   std::map<std::pair<std::string, bool>, HBITMAP> bitmaps;
   HMODULE gdiplus = nullptr;

@@ -95,10 +95,18 @@ void Win32Dialog::LayOutControl(const Win32Control& control) {
   const int list = control.kind == ui::ControlKind::kCombo ? Scaled(kDropDownHeight) : 0;
   MoveWindow(control.window, place.left, place.top, place.right - place.left,
              place.bottom - place.top + list, TRUE);
-  if (control.fontSet) {
-    SendMessageA(control.window, WM_SETFONT,
-                 reinterpret_cast<WPARAM>(toolkit.Gdi().FontFor(control.font, dpi)), TRUE);
-  }
+  if (control.fontSet) UseFont(control);
+}
+
+// A caption that is wider than its place is drawn in narrower letters instead of being cut.
+void Win32Dialog::UseFont(const Win32Control& control) {
+  const bool fits = control.kind == ui::ControlKind::kLabel;
+  const HFONT font = fits ? toolkit.Gdi().FontToFit(control.font, dpi, WindowText(control.window),
+                                                    Scaled(control.rect.width))
+                          : toolkit.Gdi().FontFor(control.font, dpi);
+  const LRESULT used = SendMessageA(control.window, WM_GETFONT, 0, 0);
+  if (used == reinterpret_cast<LRESULT>(font)) return;
+  SendMessageA(control.window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
 void Win32Dialog::SizeForClient(int width, int height, UINT flags) {
@@ -344,9 +352,10 @@ std::string Win32Dialog::Text(int control) const {
 }
 
 void Win32Dialog::SetText(int control, std::string_view text) {
-  const HWND found = ControlWindow(control);
-  if (found == nullptr || WindowText(found) == text) return;  // an equal text would only flicker
-  SetWindowTextA(found, std::string(text).c_str());
+  const Win32Control* found = Find(control);
+  if (found == nullptr || WindowText(found->window) == text) return;  // would only flicker
+  SetWindowTextA(found->window, std::string(text).c_str());
+  if (found->kind == ui::ControlKind::kLabel && found->fontSet) UseFont(*found);
 }
 
 void Win32Dialog::ShowControl(int control, bool shown) {

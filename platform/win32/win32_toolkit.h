@@ -87,6 +87,7 @@ class Win32Dialog final : public ui::Dialog {
   bool PaintMinimised();
   void AdoptControls();
   void LayOutControl(const Win32Control& control);
+  void UseFont(const Win32Control& control);
   void SizeForClient(int width, int height, UINT flags);
   int Scaled(int value) const;
   RECT Scaled(const ui::Rect& place) const;

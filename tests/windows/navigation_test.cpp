@@ -183,6 +183,20 @@ TEST_F(NavigationTest, InformationReadsFormatAndFirmware) {
   EXPECT_EQ(panel.TakeCalls(), kReadInformation);
 }
 
+// The second press of a quick pair arrives as a double click.
+TEST_F(NavigationTest, TwoQuickPressesOfTheMouseCountTwice) {
+  PanelProcess& panel = Start();
+  panel.TakeCalls();
+  const HWND button = panel.Control(kMain, kRefresh);
+  const LPARAM middle = MAKELPARAM(55, 22);
+  panel.Send(button, WM_LBUTTONDOWN, MK_LBUTTON, middle);
+  panel.Send(button, WM_LBUTTONUP, 0, middle);
+  EXPECT_EQ(panel.TakeCalls(), kReadInformation);
+  panel.Send(button, WM_LBUTTONDBLCLK, MK_LBUTTON, middle);
+  panel.Send(button, WM_LBUTTONUP, 0, middle);
+  EXPECT_EQ(panel.TakeCalls(), kReadInformation);
+}
+
 TEST_F(NavigationTest, PageUpOnInformationDoesNothing) {
   PanelProcess& panel = Start();
   panel.TakeCalls();

@@ -32,6 +32,20 @@ bool IsDialog(HWND window) { return ClassOf(window) == "#32770"; }
 
 int NumberOf(HWND window) { return static_cast<int>(GetWindowLongPtrA(window, GWLP_ID)); }
 
+// The dialogs of a process that have no parent.
+struct WindowSearch {
+  DWORD process;
+  std::vector<HWND> found;
+};
+
+BOOL CALLBACK CollectDialog(HWND window, LPARAM parameter) {
+  WindowSearch& search = *reinterpret_cast<WindowSearch*>(parameter);
+  DWORD owner = 0;
+  GetWindowThreadProcessId(window, &owner);
+  if (owner == search.process && IsDialog(window)) search.found.push_back(window);
+  return TRUE;
+}
+
 }  // namespace
 
 Parts& TheParts() {
@@ -153,18 +167,8 @@ void PanelProcess::PrepareBox(const Setup& setup) {
 }
 
 std::vector<HWND> PanelProcess::TopWindows() const {
-  struct Search {
-    DWORD process;
-    std::vector<HWND> found;
-  } search{process.dwProcessId, {}};
-  const auto collect = [](HWND window, LPARAM parameter) -> BOOL {
-    Search& all = *reinterpret_cast<Search*>(parameter);
-    DWORD owner = 0;
-    GetWindowThreadProcessId(window, &owner);
-    if (owner == all.process && IsDialog(window)) all.found.push_back(window);
-    return TRUE;
-  };
-  EnumWindows(collect, reinterpret_cast<LPARAM>(&search));
+  WindowSearch search{process.dwProcessId, {}};
+  EnumWindows(CollectDialog, reinterpret_cast<LPARAM>(&search));
   return search.found;
 }
 
