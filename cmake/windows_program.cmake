@@ -45,6 +45,9 @@ target_link_libraries(Panelora PRIVATE panelora_win32)
 add_library(DEVLNK SHARED simulator/devlnk_dll.cpp simulator/devlnk.def)
 target_link_libraries(DEVLNK PRIVATE panelora_simulator panelora_options)
 target_compile_definitions(DEVLNK PRIVATE _WIN32_WINNT=0x0601 NOMINMAX)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND NOT MSVC)
+  target_link_options(DEVLNK PRIVATE -Wl,--enable-stdcall-fixup)  # exports the plain names
+endif()
 set_target_properties(DEVLNK PROPERTIES PREFIX "" IMPORT_PREFIX ""
   RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/simulator
   ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/simulator)

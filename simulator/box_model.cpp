@@ -35,6 +35,62 @@ constexpr WordRow kWords26[] = {
     {word::kAudioStandard, 0}, {word::kOsd, 1},
 };
 
+// Other models, as far as the panel knows them. A row without types serves all of them; later rows
+// win.
+struct OtherBlockRow {
+  std::vector<std::uint8_t> types;
+  std::uint8_t property;
+  std::vector<std::uint8_t> bytes;
+};
+
+const OtherBlockRow kOtherBlocks[] = {
+    {{}, block::kInputFormatLittle, {0x80, 0x07, 0x38, 0x04, 50, 0, 1}},  // 1920x1080 50.00p
+    {{13, 15, 51}, block::kMultiView, {1, 1, 1}},
+    {{50}, block::kInputFormat, {0x07, 0x80, 0x04, 0x38, 50, 0, 0}},
+    // Video settings: the second input, 1080p60, the first output source, full screen, no
+    // pass-through
+    {{17, 18, 19, 20, 21, 23, 24, 25, 27, 29, 30, 32, 33, 34, 35, 42, 43},
+     block::kVideoInputSource,
+     {1, 0}},
+    {{50}, block::kImageInput50, {2, 0}},
+    {{}, block::kVideoOutputFormat, {15, 0}},
+    {{}, block::kVideoOutputSource, {0, 0}},
+    {{}, block::kVideoAspectRatio, {1, 0}},
+    {{24, 34, 30, 43, 20, 33}, block::kVideoPassThrough, {0, 0}},
+    // Image adjustment
+    {{50}, block::kImagePosition50, {0x01, 0x2C, 0x00, 0x32}},
+    {{50, 24, 34}, block::kImageSize50, {100, 100}},
+    {{23, 42}, block::kImagePosition23, {0x01, 0x2C, 0x00, 0x32}},
+    {{23, 42}, block::kImageSize23, {100, 100}},
+    {{25, 29}, block::kImagePosition25, {0x01, 0x2C, 0x00, 0x32}},
+    {{25, 29}, block::kImageSize25, {100, 100}},
+    {{24, 34}, block::kImageSize24, {100, 100}},
+    // TV wall: 2 by 2, the first screen
+    {{37, 38, 39, 40, 46, 47, 48, 49}, block::kWall, {2, 0}},
+    {{14, 36}, block::kWallInput, {2, 0}},
+};
+
+struct OtherWordRow {
+  std::vector<std::uint8_t> types;
+  std::uint32_t item;
+  std::uint32_t value;
+};
+
+const OtherWordRow kOtherWords[] = {
+    {{}, word::kFormatCode, 10},
+    {{}, word::kOutputFormatReport, 15},
+    {{24, 34, 30, 43, 20, 33}, word::kPassThroughReport, 0},
+    {{24, 34}, word::kImageAspect, 3},
+    {{18, 20, 30, 32, 33, 43}, word::kWallSize, 2},
+    {{18, 20, 30, 32, 33, 43}, word::kWallTile, 0},
+    {{17, 35}, word::kWallSizeInput, 2},
+    {{17, 35}, word::kWallTileInput, 0},
+};
+
+bool Has(const std::vector<std::uint8_t>& types, std::uint8_t boxType) {
+  return types.empty() || std::find(types.begin(), types.end(), boxType) != types.end();
+}
+
 constexpr std::size_t kFormatLength = 30;
 
 }  // namespace
@@ -71,7 +127,10 @@ void BoxModel::RestoreEverything() {
       identity.boxType == 26 ? word::kFirmware : word::kFirmwareOther;
   Word(firmwareItem) = {firmware & 0xFF, (firmware >> 8) & 0xFF};
   RestoreProcAmp();
-  if (identity.boxType != 26) return;
+  if (identity.boxType != 26) {
+    RestoreOtherModel();
+    return;
+  }
 
   for (const WordRow& row : kWords26) Word(row.item) = {row.value, 0};
   Block(block::kNoSignal) = {1, 0};
@@ -79,6 +138,16 @@ void BoxModel::RestoreEverything() {
   RestoreRgb();
   RestoreImage();
   ReportInputFormat();
+}
+
+void BoxModel::RestoreOtherModel() {
+  for (const OtherBlockRow& row : kOtherBlocks) {
+    if (Has(row.types, identity.boxType)) Block(row.property) = row.bytes;
+  }
+  for (const OtherWordRow& row : kOtherWords) {
+    const bool isFirmware = row.item == word::kFirmwareOther;
+    if (!isFirmware && Has(row.types, identity.boxType)) Word(row.item) = {row.value, 0};
+  }
 }
 
 void BoxModel::RestoreProcAmp() { picture = ProcAmpBytes{}; }

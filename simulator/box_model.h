@@ -58,6 +58,7 @@ class BoxModel final : public DeviceLink {
   bool IsRestarting() const;
   std::uint64_t Now() const { return clock ? clock() : 0; }
   void RestoreEverything();
+  void RestoreOtherModel();
   void RestoreProcAmp();
   void RestoreRgb();
   void RestoreImage();

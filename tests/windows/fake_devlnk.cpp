@@ -8,19 +8,17 @@
 
 #include "device/devlnk_library.h"
 
-#define FAKE_EXPORT extern "C" __declspec(dllexport)
-
 namespace {
 constexpr std::uint8_t kIdentity = 254;
 constexpr std::uint8_t kBoxType = 26;
 }  // namespace
 
-FAKE_EXPORT std::uint32_t PANELORA_DEVLNK_CALL DEVLNK_OPEN(std::uint32_t) { return FAKE_OPEN; }
+extern "C" std::uint32_t PANELORA_DEVLNK_CALL DEVLNK_OPEN(std::uint32_t) { return FAKE_OPEN; }
 
-FAKE_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_KIRABOX_PROPERTY(std::uint32_t,
-                                                                 std::uint8_t property,
-                                                                 std::uint8_t, std::uint8_t length,
-                                                                 std::uint8_t* out) {
+extern "C" int PANELORA_DEVLNK_CALL DEVLNK_GET_KIRABOX_PROPERTY(std::uint32_t,
+                                                                std::uint8_t property, std::uint8_t,
+                                                                std::uint8_t length,
+                                                                std::uint8_t* out) {
   if (FAKE_WRITES != 0) {
     std::memset(out, 0xFF, length);
     if (property == kIdentity) out[0] = kBoxType;
@@ -28,40 +26,40 @@ FAKE_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_KIRABOX_PROPERTY(std::uint32_t,
   return FAKE_RESULT;
 }
 
-FAKE_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_SET_KIRABOX_PROPERTY(std::uint32_t, std::uint8_t,
-                                                                 std::uint8_t, std::uint8_t,
-                                                                 std::uint8_t*) {
+extern "C" int PANELORA_DEVLNK_CALL DEVLNK_SET_KIRABOX_PROPERTY(std::uint32_t, std::uint8_t,
+                                                                std::uint8_t, std::uint8_t,
+                                                                std::uint8_t*) {
   return FAKE_RESULT;
 }
 
-FAKE_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_BOX_PROPERTY(std::uint32_t, std::uint32_t,
-                                                             std::uint32_t, std::uint32_t* out) {
+extern "C" int PANELORA_DEVLNK_CALL DEVLNK_GET_BOX_PROPERTY(std::uint32_t, std::uint32_t,
+                                                            std::uint32_t, std::uint32_t* out) {
   if (FAKE_WRITES != 0) out[0] = out[1] = 0xFFFFFFFF;
   return FAKE_RESULT;
 }
 
-FAKE_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_SET_BOX_PROPERTY(std::uint32_t, std::uint32_t,
-                                                             std::uint32_t, std::uint32_t) {
+extern "C" int PANELORA_DEVLNK_CALL DEVLNK_SET_BOX_PROPERTY(std::uint32_t, std::uint32_t,
+                                                            std::uint32_t, std::uint32_t) {
   return FAKE_RESULT;
 }
 
-FAKE_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_KIRABOX_PROC_AMP(std::uint32_t, std::uint8_t* first,
-                                                                 std::uint8_t* second,
-                                                                 std::uint8_t* third,
-                                                                 std::uint8_t* fourth) {
+extern "C" int PANELORA_DEVLNK_CALL DEVLNK_GET_KIRABOX_PROC_AMP(std::uint32_t, std::uint8_t* first,
+                                                                std::uint8_t* second,
+                                                                std::uint8_t* third,
+                                                                std::uint8_t* fourth) {
   if (FAKE_WRITES != 0) *first = *second = *third = *fourth = 0xFF;
   return FAKE_RESULT;
 }
 
-FAKE_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_VIDEO_PROC_AMP(std::uint32_t, std::uint32_t,
-                                                               std::uint32_t, std::uint32_t* out) {
+extern "C" int PANELORA_DEVLNK_CALL DEVLNK_GET_VIDEO_PROC_AMP(std::uint32_t, std::uint32_t,
+                                                              std::uint32_t, std::uint32_t* out) {
   if (FAKE_WRITES != 0) out[0] = 0xFFFFFFFF;
   return FAKE_RESULT;
 }
 
 #ifndef FAKE_LACKS_SET_VIDEO_PROC_AMP
-FAKE_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_SET_VIDEO_PROC_AMP(std::uint32_t, std::uint32_t,
-                                                               std::uint32_t, std::uint32_t) {
+extern "C" int PANELORA_DEVLNK_CALL DEVLNK_SET_VIDEO_PROC_AMP(std::uint32_t, std::uint32_t,
+                                                              std::uint32_t, std::uint32_t) {
   return FAKE_RESULT;
 }
 #endif

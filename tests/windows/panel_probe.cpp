@@ -50,8 +50,7 @@ void Describe(HWND window) {
 
 }  // namespace panelora::end_to_end
 
-extern "C" __declspec(dllexport) LRESULT CALLBACK
-    HoldClock(int code, WPARAM wParam, LPARAM lParam) {
+extern "C" LRESULT CALLBACK HoldClock(int code, WPARAM wParam, LPARAM lParam) {
   using namespace panelora::end_to_end;
   if (code == HC_ACTION) {
     static const UINT describe = RegisterWindowMessageA(kDescribeWindow);

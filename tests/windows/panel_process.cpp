@@ -19,7 +19,7 @@ namespace panelora::end_to_end {
 namespace {
 
 constexpr DWORD kPatience = 60000;  // ms
-constexpr DWORD kPoll = 1;          // ms
+constexpr DWORD kPoll = 5;          // ms
 constexpr int kMonitorTimer = 1;
 
 std::string ClassOf(HWND window) {

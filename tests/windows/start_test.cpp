@@ -77,19 +77,15 @@ TEST_F(StartTest, InformationPageShowsTheRowsOfModel26) {
   EXPECT_EQ(panel.Text(kInformationPage, 1013), "F/W Version     :");
 }
 
-TEST_F(StartTest, SystemMenuOffersAboutBehindASeparator) {
-  PanelProcess& panel = Start();
-  const std::string menu = panel.Description().systemMenu;
+TEST_F(StartTest, WindowHasIconsAndASystemMenuWithAboutBehindASeparator) {
+  const ProbeMemory description = Start().Description();
+  EXPECT_TRUE(description.bigIcon);
+  EXPECT_TRUE(description.smallIcon);
+  const std::string menu = description.systemMenu;
   const std::string about = "-\n16 &About Panelora...\n";
   ASSERT_GE(menu.size(), about.size());
   EXPECT_EQ(menu.substr(menu.size() - about.size()), about) << menu;
   EXPECT_NE(menu.find(std::to_string(SC_CLOSE) + " "), std::string::npos) << menu;
-}
-
-TEST_F(StartTest, WindowHasTheProgramsIcons) {
-  PanelProcess& panel = Start();
-  EXPECT_TRUE(panel.Description().bigIcon);
-  EXPECT_TRUE(panel.Description().smallIcon);
 }
 
 TEST_F(StartTest, UnpluggedBoxShowsTheDisconnectedLook) {
