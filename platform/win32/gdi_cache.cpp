@@ -77,6 +77,12 @@ HFONT GdiCache::FontToFit(const ui::Font& font, int dpi, const std::string& text
   }
 }
 
+int GdiCache::LineHeight(HFONT font) {
+  TEXTMETRICA metrics{};
+  Measure(font, [&](HDC context) { GetTextMetricsA(context, &metrics); });
+  return metrics.tmHeight;
+}
+
 HBRUSH GdiCache::BrushFor(const ui::Colour& colour) {
   const COLORREF value = RGB(colour.red, colour.green, colour.blue);
   HBRUSH& made = brushes[value];

@@ -26,6 +26,8 @@ class GdiCache {
   HFONT FontFor(const ui::Font& font, int dpi, int widthPercent = 100);
   // The font in its own width, or as much narrower as `text` needs to fit `width` pixels.
   HFONT FontToFit(const ui::Font& font, int dpi, const std::string& text, int width);
+  // The height of a line in pixels.
+  int LineHeight(HFONT font);
   HBRUSH BrushFor(const ui::Colour& colour);
 
   // Draws a picture of the resources by name, stretched to `place`; above 96 dpi the drawing of

@@ -104,9 +104,24 @@ void Win32Dialog::UseFont(const Win32Control& control) {
   const HFONT font = fits ? toolkit.Gdi().FontToFit(control.font, dpi, WindowText(control.window),
                                                     Scaled(control.rect.width))
                           : toolkit.Gdi().FontFor(control.font, dpi);
+  if (fits) LimitToLine(control, font);
   const LRESULT used = SendMessageA(control.window, WM_GETFONT, 0, 0);
   if (used == reinterpret_cast<LRESULT>(font)) return;
   SendMessageA(control.window, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+// A label that is higher than its one line paints the line only, so that it leaves a frame that
+// runs through its place alone.
+void Win32Dialog::LimitToLine(const Win32Control& control, HFONT font) {
+  const int height = Scaled(control.rect.y + control.rect.height) - Scaled(control.rect.y);
+  const int line = toolkit.Gdi().LineHeight(font);
+  if (line >= height) {
+    SetWindowRgn(control.window, nullptr, TRUE);
+    return;
+  }
+  const int top = (height - line) / 2;
+  SetWindowRgn(control.window, CreateRectRgn(0, top, Scaled(control.rect.width) + 1, top + line),
+               TRUE);
 }
 
 void Win32Dialog::SizeForClient(int width, int height, UINT flags) {

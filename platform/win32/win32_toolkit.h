@@ -88,6 +88,7 @@ class Win32Dialog final : public ui::Dialog {
   void AdoptControls();
   void LayOutControl(const Win32Control& control);
   void UseFont(const Win32Control& control);
+  void LimitToLine(const Win32Control& control, HFONT font);
   void SizeForClient(int width, int height, UINT flags);
   int Scaled(int value) const;
   RECT Scaled(const ui::Rect& place) const;

@@ -86,9 +86,9 @@ Look HomeLook() {
 Look DisconnectedLook() { return {{}, {{kPicture, {0, 0, 600, 375}}}}; }
 
 PanelProcess::PanelProcess(const Setup& setup) {
-  MakeFolder(setup);
-  StartSuspended(setup);
   try {
+    MakeFolder(setup);
+    StartSuspended(setup);
     PrepareBox(setup);
     ResumeThread(process.hThread);
     Await("the main window", [this] {
@@ -102,15 +102,18 @@ PanelProcess::PanelProcess(const Setup& setup) {
     if (setup.holdsClock) HoldTheClock();
     Send(main, WM_NULL);
   } catch (...) {
-    TerminateProcess(process.hProcess, 1);
+    CleanUp();
     throw;
   }
 }
 
-PanelProcess::~PanelProcess() {
+PanelProcess::~PanelProcess() { CleanUp(); }
+
+void PanelProcess::CleanUp() {
   if (hook != nullptr) UnhookWindowsHookEx(hook);
   if (IsRunning()) {
     TerminateProcess(process.hProcess, 1);
+    if (debugging) DebugActiveProcessStop(process.dwProcessId);
     WaitForSingleObject(process.hProcess, kPatience);
   }
   if (bench != nullptr) UnmapViewOfFile(bench);

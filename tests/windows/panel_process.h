@@ -163,6 +163,7 @@ class PanelProcess {
   void Become(const IdentityBytes& identity, std::uint32_t firmware = 0x0126);
 
  private:
+  void CleanUp();
   void MakeFolder(const Setup& setup);
   void StartSuspended(const Setup& setup);
   void PrepareBox(const Setup& setup);
