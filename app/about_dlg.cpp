@@ -8,7 +8,10 @@ namespace {
 constexpr int kOk = 1;
 }  // namespace
 
-void CAboutDlg::Run(ui::Dialog& owner) { toolkit.RunModal(res::kAbout, *this, owner, window); }
+void CAboutDlg::Run(ui::Dialog& owner) {
+  if (window != nullptr) return;  // it is open already
+  toolkit.RunModal(res::kAbout, *this, owner, window);
+}
 
 void CAboutDlg::OnCommand(int control, ui::Notification /*what*/) {
   if (control == kOk) OnCloseRequest();

@@ -60,7 +60,7 @@ void CMainDlg::Init() {
   panel.deviceHandle = device.Open(kOpenMode);
   connected = panel.deviceHandle != kNoBox;
   ReadIdentity();
-  if (!IsAdmitted(panel.identity.boxType)) {
+  if (!connected || !IsAdmitted(panel.identity.boxType)) {
     connected = false;
     panel.identity.boxType = kNoBoxType;
   }
@@ -96,7 +96,7 @@ bool CMainDlg::ReadIdentity() {
 }
 
 void CMainDlg::CreatePages() {
-  // In the order of their templates; each is shown while it is placed, initialised, then hidden.
+  // In the order of their templates, all in the same place; only the first stays shown.
   Page* const pages[] = {&information,   &videoMenu,   &audio,     &procAmp, &setting,
                          &videoSettings, &displayMode, &tvWall,    &pip,     &genlock,
                          &imageAdjust,   &roi,         &textLabels};
@@ -121,7 +121,7 @@ void CMainDlg::InitPages() {
   procAmp.Init(panel.serialHandle, panel.procAmpCache);
   setting.Init();
   videoSettings.Init();
-  displayMode.Init(panel.serialHandle);
+  displayMode.Init(0);  // no serial port
   pip.Init(panel.serialHandle);
   genlock.Init();
 }

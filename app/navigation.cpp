@@ -163,6 +163,7 @@ void CMainDlg::ShowHomeButtons() {
 
 void CMainDlg::OnInformation() {
   pageCode = PageCode::kInformation;
+  ResetSubPages();
   information.Refresh(panel.serialHandle);
   ShowHomeButtons();
   ShowButton(kReturnButton, false);

@@ -12,8 +12,9 @@ bool Bind(const DevlnkLibrary::Resolver& resolve, const char* name, int argument
           Function& function) {
   void* address = resolve(name);
   if (address == nullptr) {
-    const std::string decorated = "_" + std::string(name) + "@" + std::to_string(argumentBytes);
-    address = resolve(decorated.c_str());
+    const std::string decorated = std::string(name) + "@" + std::to_string(argumentBytes);
+    address = resolve(("_" + decorated).c_str());
+    if (address == nullptr) address = resolve(decorated.c_str());
   }
   function = reinterpret_cast<Function>(address);
   return address != nullptr;

@@ -44,7 +44,7 @@ class DevlnkLibrary final : public DeviceLink {
   DevlnkLibrary() = default;
 
   // Looks each name up once. Plain names come first; where they are missing, the decorated ones
-  // that 32-bit tools make ("_DEVLNK_OPEN@4") do as well.
+  // that 32-bit tools make ("_DEVLNK_OPEN@4", "DEVLNK_OPEN@4") do as well.
   explicit DevlnkLibrary(const Resolver& resolve);
 
   bool IsUsable() const { return missing.empty() && exports.open != nullptr; }

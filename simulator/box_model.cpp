@@ -44,12 +44,15 @@ struct OtherBlockRow {
 };
 
 const OtherBlockRow kOtherBlocks[] = {
-    {{}, block::kInputFormatLittle, {0x80, 0x07, 0x38, 0x04, 50, 0, 1}},  // 1920x1080 50.00p
+    {{14, 36, 51},
+     block::kInputFormatLittle,
+     {0x80, 0x07, 0x38, 0x04, 50, 0, 1}},  // 1920x1080 50.00p
     {{13, 15, 51}, block::kMultiView, {1, 1, 1}},
     {{50}, block::kInputFormat, {0x07, 0x80, 0x04, 0x38, 50, 0, 0}},
     // Video settings: the second input, 1080p60, the first output source, full screen, no
     // pass-through
-    {{17, 18, 19, 20, 21, 23, 24, 25, 27, 29, 30, 32, 33, 34, 35, 42, 43},
+    {{17, 18, 19, 20, 21, 23, 24, 25, 27, 29, 30, 32, 33,
+      34, 35, 37, 38, 39, 40, 42, 43, 46, 47, 48, 49},
      block::kVideoInputSource,
      {1, 0}},
     {{50}, block::kImageInput50, {2, 0}},
@@ -191,9 +194,13 @@ int BoxModel::GetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std
 int BoxModel::SetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std::uint8_t sub,
                                  std::uint8_t length, const BlockBuffer& bytes) {
   if (!Answers(handle)) return kFailure;
+  // One byte on that property opens a function of the box; only type 51 keeps its display mode
+  // there.
+  if (property == block::kBoxMenu && length == 1 && identity.boxType != 51) return kSuccess;
   std::vector<std::uint8_t>& stored = Block(property, sub);
   if (stored.size() < length) stored.resize(length);
   std::copy_n(bytes.begin(), length, stored.begin());
+  if (identity.boxType != 26) ReportOutput(property, bytes[0]);
   return kSuccess;
 }
 
@@ -215,6 +222,13 @@ int BoxModel::SetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint
   Word(item) = {value, 0};
   if (identity.boxType == 26 && item == word::kInputSource) ReportInputFormat();
   return kSuccess;
+}
+
+// What models with pass-through report of their output after it was set.
+void BoxModel::ReportOutput(std::uint8_t property, std::uint8_t value) {
+  if (words.find(word::kPassThroughReport) == words.end()) return;
+  if (property == block::kVideoOutputFormat) Word(word::kOutputFormatReport) = {value, 0};
+  if (property == block::kVideoPassThrough) Word(word::kPassThroughReport) = {value, 0};
 }
 
 void BoxModel::RunCommand(std::uint32_t number) {

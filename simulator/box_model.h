@@ -63,6 +63,7 @@ class BoxModel final : public DeviceLink {
   void RestoreRgb();
   void RestoreImage();
   void ReportInputFormat();
+  void ReportOutput(std::uint8_t property, std::uint8_t value);
   void RunCommand(std::uint32_t command);
   std::uint8_t* ProcAmpValue(std::uint32_t control);
 

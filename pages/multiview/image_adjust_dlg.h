@@ -53,10 +53,10 @@ class CImageAdjustDlg final : public Page {
   void EnablePositions(bool enabled);
   void EnableSizes(bool enabled);
 
-  std::uint16_t hPosition = 0;    // 5 to 600
-  std::uint16_t vPosition = 0;    // 5 to 100
-  std::uint8_t hSizePercent = 0;  // 80 to 100
-  std::uint8_t vSizePercent = 0;  // 80 to 100
+  std::uint16_t hPosition = 5;      // 5 to 600
+  std::uint16_t vPosition = 5;      // 5 to 100
+  std::uint8_t hSizePercent = 100;  // 80 to 100
+  std::uint8_t vSizePercent = 100;  // 80 to 100
 };
 
 }  // namespace panelora

@@ -94,14 +94,6 @@ constexpr ModelRow kModels[] = {
     {50, FormatSource::kBlockBig, word::kFirmwareOther},
     {14, FormatSource::kBlockLittle, word::kFirmwareOther},
     {36, FormatSource::kBlockLittle, word::kFirmwareOther},
-    {37, FormatSource::kBlockLittle, word::kFirmwareOther},
-    {38, FormatSource::kBlockLittle, word::kFirmwareOther},
-    {39, FormatSource::kBlockLittle, word::kFirmwareOther},
-    {40, FormatSource::kBlockLittle, word::kFirmwareOther},
-    {46, FormatSource::kBlockLittle, word::kFirmwareOther},
-    {47, FormatSource::kBlockLittle, word::kFirmwareOther},
-    {48, FormatSource::kBlockLittle, word::kFirmwareOther},
-    {49, FormatSource::kBlockLittle, word::kFirmwareOther},
     {51, FormatSource::kBlockLittle, word::kFirmwareOther},
     {kTableEnd, FormatSource::kCode, word::kFirmwareOther},
 };
@@ -244,8 +236,8 @@ void CInformationDlg::RefreshInputFormat() {
       Window().SetText(kFormatValue, FormatFromBlock(block::kInputFormatLittle, false));
       break;
     case FormatSource::kCode: {
-      const std::string name = FormatFromCode();
-      if (!name.empty()) Window().SetText(kFormatValue, name);
+      const std::optional<std::string> name = FormatFromCode();
+      if (name) Window().SetText(kFormatValue, *name);
       break;
     }
   }
@@ -262,11 +254,11 @@ std::string CInformationDlg::FormatFromBlock(std::uint8_t property, bool bigEndi
   return FormatText(b[1] * 256 + b[0], b[3] * 256 + b[2], b[4], b[5], scan);
 }
 
-// Empty when the box did not answer.
-std::string CInformationDlg::FormatFromCode() {
+// None when the box did not answer; blank for a rate that the format does not have.
+std::optional<std::string> CInformationDlg::FormatFromCode() {
   WordBuffer words{};
   if (device.GetBoxProperty(deviceHandle, kBoxGroup, word::kFormatCode, words) != kSuccess) {
-    return "";
+    return std::nullopt;
   }
   return InputFormatName(panel.identity.boxType, static_cast<std::uint8_t>(words[0] & 0xFF),
                          words[1] == 1);

@@ -7,6 +7,7 @@
 // rather than show what nobody read.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "pages/page.h"
@@ -32,7 +33,7 @@ class CInformationDlg final : public Page {
   void ShowWebAddress();
   void RefreshInputFormat();
   std::string FormatFromBlock(std::uint8_t property, bool bigEndian);
-  std::string FormatFromCode();
+  std::optional<std::string> FormatFromCode();
   void ReadFirmware();
 
   std::uint32_t firmwareVersion = 0;  // the last version read, as PanelState::firmwareVersion

@@ -82,6 +82,7 @@ const OptionRow kOutputFormats[] = {
     {kEveryBoxType, 19, "720x576 50.00i", 2},    {kEveryBoxType, kTableEnd, nullptr, 255},
 };
 
+// First match: the rows of all types come after those of their own.
 const OptionRow kAspectRatios[] = {
     {26, 0, "Keep Aspect Ratio", 0},
     {26, 1, "Full Screen (16:9)", 1},
@@ -97,6 +98,11 @@ const OptionRow kAspectRatios[] = {
     {50, 4, "14 : 9", 4},
     {50, 5, "UnderScan", 5},
     {50, 6, "Pan Scan 16 : 9", 6},
+    {kEveryBoxType, 0, "16 : 9", 0},
+    {kEveryBoxType, 1, "4 : 3", 1},
+    {kEveryBoxType, 2, "Dot By Dot", 2},
+    {kEveryBoxType, 3, "Keep Aspect Ratio", 3},
+    {kEveryBoxType, 4, "Full Screen", 4},
     {kEveryBoxType, kTableEnd, nullptr, 255},
 };
 
@@ -229,6 +235,11 @@ const OptionRow kIreLevels[] = {
     {23, 0, "0   IRE", 0}, {23, 1, "7.5 IRE", 1}, {42, 0, "0   IRE", 0},
     {42, 1, "7.5 IRE", 1}, {25, 0, "7.5 IRE", 0}, {25, 1, "0   IRE", 1},
     {29, 0, "7.5 IRE", 0}, {29, 1, "0   IRE", 1}, {kEveryBoxType, kTableEnd, nullptr, 255},
+};
+
+const OptionRow kOutputSources[] = {
+    {kEveryBoxType, 0, "VGA + HDMI", 0},
+    {kEveryBoxType, kTableEnd, nullptr, 255},
 };
 
 const OptionRow kNoOptions[] = {

@@ -4,8 +4,10 @@
 // which of these types has which of them is a choice of this table: "SDI"/"HDMI" 24 and 34, "SDI
 // 1"/ "SDI 2" 48 and 49, "CH 1"/"CH 2" 27, five inputs 25 and 29, seven inputs 23 and 42;
 // equalisers, CRC error lamp and GPI mode 24 and 34; IRE level 23, 42, 25 and 29. Output format
-// codes are those of the whole family, so that one block serves every type. Output mode and output
-// source have no rows.
+// codes are those of the whole family, so that one block serves every type; aspect ratios of the
+// other types are named as their DIP switch 8 names them, and those above 4 have no name. Output
+// source has the one row that is known, output mode none; the remaining types have no names for
+// their inputs.
 #pragma once
 
 #include <cstdint>
@@ -47,6 +49,7 @@ extern const OptionRow kGpiModes[];
 extern const OptionRow kErrorLeds[];
 extern const OptionRow kGenlockModes[];
 extern const OptionRow kIreLevels[];
+extern const OptionRow kOutputSources[];
 extern const OptionRow kNoOptions[];
 
 }  // namespace panelora

@@ -37,7 +37,7 @@ constexpr ControlRow kControls[Option::kGroupCount] = {
     {{1032, 1027, 1028, 1029}, "Output Format", "1920x1080 p60.00", kOutputFormats, 19},
     {{1038, 1039, 1040, 1041}, "Output Mode", "AV", kNoOptions, 0},
     {{1034, 1035, 1036, 1037}, "HDMI Output Color", "RGB444", kOutputColours, 2},
-    {{1043, 1042, 1044, 1045}, "Output Source", "VGA + HDMI", kNoOptions, 0},
+    {{1043, 1042, 1044, 1045}, "Output Source", "VGA + HDMI", kOutputSources, 0},
     {{1046, 1047, 1048, 1049}, "HDMI Input EQ", "LOW", kHdmiEqs, 2},
     {{1050, 1051, 1052, 1053}, "SDI 0 EQ", "LOW", kSdiEqs, 3},
     {{1054, 1055, 1056, 1057}, "SDI 1 EQ", "LOW", kSdiEqs, 3},
@@ -110,6 +110,7 @@ CVideoSettingsDlg::CVideoSettingsDlg(PanelContext context) : Page(res::kVideoSet
 void CVideoSettingsDlg::Init() {
   deviceHandle = panel.deviceHandle;
   selection[kOutputLevel] = 0;
+  passThrough = 0;
   for (const ControlRow& row : kControls) {
     SetUpGroup(Window(), row.group, row.caption, row.firstText);
     Window().SetFont(row.group.value, ui::kValueFont);
@@ -145,10 +146,10 @@ void CVideoSettingsDlg::SetSubPage(int number) {
     Window().PlaceControl(group.next, {kNextX + 50, place.y + 23, 40, 39});
     Window().ShowControl(kPreviousFormat, true);
   }
-  if (!IsModel26() && subPage == 1) {
+  if (!IsModel26()) {
+    Window().PlaceControl(kAutoPhase, {kNextX + 50, 38, 70, 39});  // beside the input source
     Window().PlaceControl(kVideoFreeze, {kLeft, 35, 300, 40});
-    Window().PlaceControl(kAutoPhase, {kLeft, 95, 300, 40});
-    Window().ShowControl(kVideoFreeze, true);
+    Window().ShowControl(kVideoFreeze, subPage == 1);
   }
   ShowAutoPhase();
 }
@@ -157,7 +158,7 @@ void CVideoSettingsDlg::SetSubPage(int number) {
 void CVideoSettingsDlg::ShowAutoPhase() {
   if (!HasManyInputs(panel.identity.boxType)) return;
   const OptionRow* input = Selected(kInputSource);
-  Window().ShowControl(kAutoPhase, subPage == 1 && input != nullptr && input->value == kVgaInput);
+  Window().ShowControl(kAutoPhase, subPage == 0 && input != nullptr && input->value == kVgaInput);
 }
 
 bool CVideoSettingsDlg::HasEdgeEnhance() const {
@@ -414,7 +415,6 @@ void CVideoSettingsDlg::RefreshOtherTypes() {
   if (FindPassThrough(panel.identity.boxType) != nullptr &&
       ReadBlock(block::kVideoPassThrough, 2, bytes)) {
     passThrough = bytes[0];
-    ShowPassThrough(passThrough == 1, Selected(kOutputFormat));
   }
 }
 
@@ -423,25 +423,29 @@ void CVideoSettingsDlg::ApplyOtherTypes() {
   ApplyBlock(kInputSource, block::kVideoInputSource);
   ApplyBlock(kOutputFormat, block::kVideoOutputFormat);
   ApplyBlock(kOutputSource, block::kVideoOutputSource);
-  if (selection[kAspectRatio] <= LastAspectRatio()) {
-    WriteBlock(block::kVideoAspectRatio, {selection[kAspectRatio]});
-  }
+  ApplyBlock(kAspectRatio, block::kVideoAspectRatio);
   if (FindPassThrough(panel.identity.boxType) == nullptr) return;
   WriteBlock(block::kVideoPassThrough, {passThrough});
   timerRuns = Window().StartTimer(kRefreshTimer, kRefreshDelay);
 }
 
-// What a format without a row would show stays as it is.
-void CVideoSettingsDlg::ShowPassThrough(bool passesThrough, const OptionRow* format) {
+// What the box puts out now: its input's format passed through, or a format of its own. A failed
+// read changes nothing, nor does a format without a row.
+void CVideoSettingsDlg::ShowFormatReport() {
+  std::uint8_t reported = 0;
+  const bool told = ReadWord(word::kPassThroughReport, reported);
+  std::uint8_t code = lastFormatCode;
+  if (ReadWord(word::kOutputFormatReport, code)) lastFormatCode = code;
+  const OptionRow* format = FindOptionValue(kOutputFormats, panel.identity.boxType, lastFormatCode);
+  if (!told || format == nullptr) return;
   const CyclingGroup& group = GroupOf(kOutputFormat);
-  if (passesThrough) {
-    const char* input = format != nullptr ? format->caption : "";
-    Window().SetText(group.label, ui::Format("Output Format ( %s)", input));
+  if (reported == 1) {
+    Window().SetText(group.label, ui::Format("Output Format ( %s)", format->caption));
     Window().SetText(group.value, "Pass Through");
     return;
   }
   Window().SetText(group.label, "Output Format ");
-  if (format != nullptr) Window().SetText(group.value, format->caption);
+  SelectIndex(kOutputFormat, format->index);
 }
 
 // Some seconds after Apply: what the box made of it.
@@ -451,12 +455,7 @@ void CVideoSettingsDlg::OnTimer(int /*timer*/) {
   if (row != nullptr && row->refreshesWhole) {
     Refresh(serialHandle);
   } else {
-    std::uint8_t reported = passThrough;
-    std::uint8_t code = lastFormatCode;
-    if (ReadWord(word::kPassThroughReport, reported)) passThrough = reported;
-    if (ReadWord(word::kOutputFormatReport, code)) lastFormatCode = code;
-    ShowPassThrough(passThrough == 1, FindOptionValue(kControls[kOutputFormat].options,
-                                                      panel.identity.boxType, lastFormatCode));
+    ShowFormatReport();
   }
   if (timerRuns) StopTimer();
 }

@@ -3,11 +3,11 @@
 // Apply writes what the visible sub-page shows. "AUTO PHASE" and "Video Freeze" act at once.
 //
 // Models: box type 26 is complete, on two sub-pages. Other types read and write input source,
-// output format, output source and aspect ratio as one-byte blocks, on one sub-page, and the two
-// buttons that act at once stand on the next; their remaining controls cycle through their options
-// but are neither shown nor written, since where and in which order each type has them is not
-// known. Pass-through (kPassThroughTypes) is known of 24, 34, 30, 43, 20 and 33 only by choice of
-// this page.
+// output format, output source and aspect ratio as one-byte blocks, on one sub-page, and "Video
+// Freeze" stands on the next; their remaining controls cycle through their options but are neither
+// shown nor written, since where and in which order each type has them is not known, and the third
+// sub-page that some types have is empty. That 24, 34, 30, 43, 20 and 33 are the types that can
+// pass their input through (kPassThroughTypes) is a choice of this page.
 #pragma once
 
 #include "pages/page.h"
@@ -99,14 +99,14 @@ class CVideoSettingsDlg final : public Page {
   void ApplyBlock(Option option, std::uint8_t property);
   void RefreshOtherTypes();
   void ApplyOtherTypes();
-  void ShowPassThrough(bool passesThrough, const OptionRow* format);
+  void ShowFormatReport();
   bool IsModel26() const { return panel.identity.boxType == 26; }
   bool HasEdgeEnhance() const;
 
   int subPage = 0;
   std::uint8_t selection[kOptionCount] = {};  // row indices; 255 = a value without a row
   std::uint8_t lastFormatCode = 0;            // output format code last read
-  std::uint8_t passThrough = 0;               // 1 = the box passes its input through
+  std::uint8_t passThrough = 0;               // the request that the box holds; goes back to it
   bool timerRuns = false;
 };
 

@@ -31,10 +31,14 @@ MemoryDialog::~MemoryDialog() {
 
 void MemoryDialog::Close() {
   if (!open) return;
-  open = false;
   events.OnDestroy();
+  open = false;
   timers.clear();
   shown = false;
+  // Its pages and the windows that it owns go with it.
+  for (MemoryDialog* other : std::vector<MemoryDialog*>(toolkit.dialogs)) {
+    if (other->parent == this) other->Close();
+  }
 }
 
 void MemoryDialog::Show(bool nowShown) {

@@ -1,6 +1,6 @@
 // The toolkit in memory: dialogs without a screen, for tests, fuzzers and anything that only needs
 // the program's behaviour. It keeps the rules of real windows that the pages can notice: typed
-// texts obey their limits, positions their ranges, hidden and disabled controls take no input, and
+// texts obey their limits, positions their ranges, disabled controls take no input, and
 // sliders report a repaint after they changed or were uncovered.
 #pragma once
 
@@ -74,7 +74,8 @@ class MemoryDialog final : public ui::Dialog {
   int SelectedItem(int control) const override;
   std::string ItemText(int control, int index) const override;
 
-  // What the operator and the system do. Input to a hidden or disabled control does nothing.
+  // What the operator and the system do. Input to a disabled control does nothing; a hidden one can
+  // still be pressed, as window messages from outside can.
   void Press(int control);
   void Type(int control, std::string_view text);
   void Drag(int control, int position);

@@ -9,6 +9,12 @@ namespace {
 
 constexpr int kDropDownHeight = 180;
 
+// The font of the dialog templates.
+constexpr ui::Font kDialogFont{"MS Shell Dlg", 80};
+
+constexpr int kBigIcon = 32;
+constexpr int kSmallIcon = 16;
+
 std::string WindowText(HWND window) {
   const int length = GetWindowTextLengthA(window);
   std::string text(static_cast<std::size_t>(length) + 1, '\0');
@@ -135,7 +141,14 @@ void Win32Dialog::SizeForClient(int width, int height, UINT flags) {
 
 void Win32Dialog::Rescale(int newDpi) {
   dpi = newDpi;
-  for (const auto& [id, control] : controls) LayOutControl(control);
+  for (const auto& [id, control] : controls) {
+    LayOutControl(control);
+    if (!control.fontSet) {  // has the dialog's own font, made for another dpi
+      SendMessageA(control.window, WM_SETFONT,
+                   reinterpret_cast<WPARAM>(toolkit.Gdi().FontFor(kDialogFont, dpi)), TRUE);
+    }
+  }
+  if (iconNumber != 0) SetIcon(iconNumber);
   if (!source.framed) {
     const RECT place = Scaled(rect);
     SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
@@ -184,7 +197,7 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_PAINT:
       return PaintMinimised() ? TRUE : FALSE;
     case WM_QUERYDRAGICON:
-      return bigIcon != nullptr ? Answer(reinterpret_cast<LRESULT>(bigIcon)) : FALSE;
+      return reinterpret_cast<INT_PTR>(bigIcon);  // one of the messages answered directly
     default:
       break;
   }
@@ -330,14 +343,14 @@ void Win32Dialog::SetTitle(std::string_view title) {
 }
 
 void Win32Dialog::SetIcon(int icon) {
+  iconNumber = icon;
   const auto load = [&](int size) {
     return static_cast<HICON>(LoadImageA(toolkit.Instance(), MAKEINTRESOURCEA(icon), IMAGE_ICON,
-                                         GetSystemMetrics(size), GetSystemMetrics(size),
-                                         LR_SHARED));
+                                         Scaled(size), Scaled(size), LR_SHARED));
   };
-  bigIcon = load(SM_CXICON);
+  bigIcon = load(kBigIcon);
   SendMessageA(window, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(bigIcon));
-  SendMessageA(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(load(SM_CXSMICON)));
+  SendMessageA(window, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(load(kSmallIcon)));
 }
 
 void Win32Dialog::AddSystemMenuItem(int command, std::string_view text) {

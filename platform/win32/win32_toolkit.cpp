@@ -26,10 +26,12 @@ void Win32Toolkit::RunModal(int number, ui::DialogEvents& events, ui::Dialog& ow
                             ui::Dialog*& opened) {
   Win32Dialog& ownerDialog = static_cast<Win32Dialog&>(owner);
   Win32Dialog dialog(*this, *res::FindDialog(number), events, &ownerDialog);
+  if (!dialog.IsOpen()) return;
   opened = &dialog;
   EnableWindow(ownerDialog.Handle(), FALSE);
   dialog.Show(true);
   RunUntilClosed(dialog);
+  EnableWindow(ownerDialog.Handle(), TRUE);
   opened = nullptr;
 }
 
@@ -94,6 +96,7 @@ void Win32Toolkit::HandleWaiting() {
 }
 
 void Win32Toolkit::Handle(MSG& message) {
+  KeepFocusUsable();  // a message that was sent may have hidden what has the focus
   if (!PreTranslate(message)) {
     Win32Dialog* dialog = DialogOf(message.hwnd);
     const HWND root = dialog != nullptr ? GetAncestor(dialog->Handle(), GA_ROOT) : nullptr;
@@ -130,7 +133,7 @@ bool Win32Toolkit::PreTranslate(const MSG& message) {
 bool Win32Toolkit::PressFocusedButton(HWND focus) {
   const Win32Dialog* dialog = DialogOf(focus);
   const Win32Control* control = dialog->Find(GetDlgCtrlID(focus));
-  if (control == nullptr) return false;
+  if (control == nullptr || !IsWindowVisible(focus) || !IsWindowEnabled(focus)) return false;
   switch (control->kind) {
     case ui::ControlKind::kButton:
     case ui::ControlKind::kDefaultButton:

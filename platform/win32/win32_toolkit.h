@@ -102,6 +102,7 @@ class Win32Dialog final : public ui::Dialog {
   int dpi = 96;
   ui::Rect rect;  // 96 dpi: a page's place, a framed window's client size
   int behind = 0;
+  int iconNumber = 0;
   HICON bigIcon = nullptr;
   std::map<int, Win32Control> controls;
   std::map<int, int> timers;

@@ -29,11 +29,17 @@ TEST_F(DevicePicture, PipMarkComesFromTheMultiViewBlock) {
 }
 
 TEST_F(DevicePicture, FailedReadShowsNoMarkAndKeepsTheFittedOption) {
-  multiView = {4, 1, 1};
-  device.Fail("get block 1,0,20");
+  multiView = {4, 1, 7};
   StartAs({13, 2, 0, 0, 0});
+  EXPECT_EQ(Picture(), "PANEL_BMP_12");
+  box.SetPresent(false);
+  Tick();
+  device.Fail("get block 1,0,20");
+  box.Block(1) = {4, 1, 1};
+  box.SetPresent(true);
+  Tick();
   EXPECT_EQ(Picture(), "PANEL_BMP_11");
-  EXPECT_EQ(panel->Panel().fittedOption, 0);
+  EXPECT_EQ(panel->Panel().fittedOption, 7);
 }
 
 TEST_F(DevicePicture, Model7ChangesTheSubModelForAllLaterUsers) {

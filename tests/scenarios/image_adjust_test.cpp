@@ -13,7 +13,7 @@ class ImageAdjust : public PanelTest {
     admitted = {identity.boxType};
     StartWith(0x0126, identity);
   }
-  // The first two letters say which of positions and sizes are enabled.
+  // Whether positions and sizes can be stepped.
   std::pair<bool, bool> Enabled() {
     for (int i = 1; i < 4; ++i) {
       EXPECT_EQ(desk.Enables(kPage, 1091 + i), desk.Enables(kPage, 1091));
@@ -237,6 +237,49 @@ TEST_F(ImageAdjust, ScalersEnableSizesOnlyForOneAspectRatio) {
       panel->ShowImageAdjust();
       EXPECT_EQ(Enabled(), std::make_pair(false, aspect == 3)) << int{brand};
     }
+    panel.reset();
+  }
+}
+
+TEST_F(ImageAdjust, FramesAndRowsHaveTheirPlaces) {
+  Open();
+  panel->ShowImageAdjust();
+  EXPECT_EQ(desk.Text(kPage, 1099), "Image Adjust");
+  EXPECT_EQ(desk.PlaceOf(kPage, 1099), (Rect{45, 15, 390, 265}));
+  panel.reset();
+  Open({23, 0, 0, 0, 0});
+  panel->ShowImageAdjust();
+  const int tops[] = {35, 85, 170, 225};
+  for (int row = 0; row < 4; ++row) {
+    EXPECT_EQ(desk.PlaceOf(kPage, 1091 + 2 * row), (Rect{310, tops[row], 40, 40}));
+  }
+}
+
+TEST_F(ImageAdjust, FailedReadsOfOtherModelsKeepValuesAndEnabling) {
+  struct Row {
+    Identity identity;
+    const char* enabling;
+    const char* sizes;
+    int sizeBlock;
+  };
+  const Row rows[] = {{{50, 0, 0, 0, 0}, "get block 15,0,2", "get block 24,0,2", 24},
+                      {{24, 0, 0, 0, 0}, "get word 0,11", "get block 14,0,2", 14},
+                      {{34, 2, 0, 0, 0}, "get block 15,0,2", "get block 24,0,2", 24}};
+  for (const Row& row : rows) {
+    Open(row.identity);
+    box.Block(15) = {static_cast<std::uint8_t>(row.identity.boxType == 50 ? 5 : 3), 0};
+    box.Block(static_cast<std::uint8_t>(row.sizeBlock)) = {90, 91};
+    panel->ShowImageAdjust();
+    device.Fail(row.enabling);
+    device.Fail(row.sizes);
+    box.Block(15) = {0, 0};
+    box.Word(11) = {0, 0};
+    box.Block(static_cast<std::uint8_t>(row.sizeBlock)) = {80, 80};
+    Press(kPictureButton);
+    EXPECT_TRUE(Enabled().second) << int{row.identity.boxType};
+    EXPECT_EQ(CallsOfPress(1095),
+              Calls{"set block " + std::to_string(row.sizeBlock) + ",0,2: 5B 5B"});
+    device.FailNothing();
     panel.reset();
   }
 }

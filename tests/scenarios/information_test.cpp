@@ -210,5 +210,46 @@ TEST_F(Information, CodeModelsNameTheirFormat) {
   EXPECT_EQ(TakeCalls(), (Calls{"get word 0,3", "get word 0,8"}));
 }
 
+TEST_F(Information, RateThatAFormatDoesNotHaveIsBlank) {
+  admitted = {20};
+  StartWith(0x0126, {20, 0, 0, 0, 0});
+  box.Word(word::kFormatCode) = {4, 1};
+  Press(kPictureButton);
+  box.Word(word::kFormatCode) = {1, 1};
+  Press(kPictureButton);
+  EXPECT_EQ(desk.Text(kPage, kFormat), "");
+  device.Fail("get word 0,3");
+  box.Word(word::kFormatCode) = {4, 0};
+  Press(kPictureButton);
+  EXPECT_EQ(desk.Text(kPage, kFormat), "");
+}
+
+TEST_F(Information, LittleEndianModelsHaveThreeScans) {
+  admitted = {51, 14, 36};
+  const std::pair<std::uint8_t, const char*> scans[] = {{std::uint8_t{1}, "p"},
+                                                        {std::uint8_t{2}, "s"},
+                                                        {std::uint8_t{0}, "i"},
+                                                        {std::uint8_t{9}, "i"}};
+  for (const std::uint8_t type : admitted) {
+    StartWith(0x0126, {type, 0, 0, 0, 0});
+    for (const auto& [scan, letter] : scans) {
+      box.Block(3) = {0x80, 0x07, 0x38, 0x04, 50, 5, scan};
+      TakeCalls();
+      Press(kPictureButton);
+      EXPECT_EQ(TakeCalls(), (Calls{"get block 3,0,30", "get word 0,8"}));
+      EXPECT_EQ(desk.Text(kPage, kFormat), std::string("1920x1080  50.05") + letter);
+    }
+    panel.reset();
+  }
+}
+
+TEST_F(Information, WithoutBoxNothingIsAsked) {
+  box.SetPresent(false);
+  Start();
+  TakeCalls();
+  Press(kPictureButton);
+  EXPECT_EQ(TakeCalls(), Calls{});
+}
+
 }  // namespace
 }  // namespace panelora::testing

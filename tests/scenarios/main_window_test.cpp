@@ -162,6 +162,12 @@ TEST_F(MainWindow, OnlyOneHandleMeansAbsent) {
   EXPECT_FALSE(panel->IsConnected());
 }
 
+TEST_F(MainWindow, StartWithoutAnOpenBoxIsDisconnectedWhateverTheIdentitySays) {
+  device.AnswerHandle(kNoBox);
+  Start();
+  ExpectDisconnectedLook();
+}
+
 TEST_F(MainWindow, FailedIdentityReadIsAnAbsentBox) {
   device.Fail(kIdentityCall[0]);
   Start();

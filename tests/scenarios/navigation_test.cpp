@@ -294,7 +294,7 @@ TEST_F(Navigation, ConnectionChangeResetsPageUp) {
   Press(kProcAmpButton);
   Press(kPageUpButton);
   box.SetPresent(false);
-  Tick();
+  for (int i = 0; i < 3; ++i) Tick();  // two are skipped after the sliders have painted
   EXPECT_EQ(panel->Panel().cycleState, 0);
   box.SetPresent(true);
   Tick();
@@ -399,6 +399,84 @@ TEST_F(Navigation, ProcAmpIsReadAsTheModelTellsIt) {
       panel.reset();
     }
   }
+}
+
+TEST_F(Navigation, PortListBindsAPortAndShowsInformation) {
+  Start();
+  panel->Window().AddItem(kPortList, "NUL");
+  panel->Window().AddItem(kPortList, "no such port");
+  Press(kAudioButton);
+  TakeCalls();
+  desk.Choose(res::kMain, kPortList, 0);
+  EXPECT_NE(panel->Panel().serialHandle, ui::kInvalidSerial);
+  EXPECT_EQ(TakeCalls(), kInformationCalls);
+  EXPECT_EQ(panel->CurrentPage(), PageCode::kInformation);
+  EXPECT_TRUE(desk.IsShown(res::kInformation));
+  // A port that can't be opened: the old one is closed, and nothing else happens.
+  Press(kSettingButton);
+  TakeCalls();
+  desk.Choose(res::kMain, kPortList, 1);
+  EXPECT_EQ(panel->Panel().serialHandle, ui::kInvalidSerial);
+  EXPECT_EQ(TakeCalls(), Calls{});
+  EXPECT_EQ(panel->CurrentPage(), PageCode::kSetting);
+}
+
+TEST_F(Navigation, InformationHidesThePagesUpToTvWallAndKeepsTheOthers) {
+  Start();
+  panel->ShowRoi();
+  Press(kInformationButton);
+  EXPECT_EQ(ShownPages(), (std::vector<int>{res::kInformation, res::kRoi}));
+  EXPECT_TRUE(desk.Shows(res::kMain, kApplyButton));
+  EXPECT_FALSE(desk.Shows(res::kMain, kDefaultButton));
+  EXPECT_FALSE(desk.Shows(res::kMain, kReturnButton));
+}
+
+TEST_F(Navigation, InformationResetsPageUp) {
+  Start();
+  Press(kProcAmpButton);
+  Press(kPageUpButton);
+  Press(kInformationButton);
+  EXPECT_EQ(panel->Panel().cycleState, 0);
+}
+
+TEST_F(Navigation, RefreshOnTheWallReadsItsLayoutAgain) {
+  admitted = {14};
+  StartWith(0x0126, {14, 0, 0, 0, 0});
+  panel->ShowTvWall();
+  TakeCalls();
+  Press(kPictureButton);
+  EXPECT_EQ(TakeCalls(), Calls{"get block 8,0,20"});
+  EXPECT_EQ(ShownPages(), std::vector<int>{res::kTvWall});
+}
+
+TEST_F(Navigation, ConnectionChangeForgetsTheProcAmpValues) {
+  Start();
+  box.Picture() = {10, 20, 30, 40};
+  Press(kProcAmpButton);
+  box.SetPresent(false);
+  for (int i = 0; i < 3; ++i) Tick();
+  EXPECT_EQ(panel->Panel().procAmpCache, kProcAmpStart);
+}
+
+TEST_F(Navigation, SingleProcAmpValuesThatFailStandInTheMiddle) {
+  admitted = {20};
+  StartWith(0x0126, {20, 0, 0, 0, 0});
+  box.Picture() = {1, 2, 3, 4};
+  Press(kProcAmpButton);
+  device.Fail("get proc amp 0,4");
+  Press(kPictureButton);
+  EXPECT_EQ(panel->Panel().procAmpCache,
+            (ProcAmpCache{1, 2, 128, 4, 128, 128, 128, 128, 128, 128}));
+}
+
+TEST_F(Navigation, OtherModelsHaveApplyOnAudioAndSetting) {
+  admitted = {20};
+  StartWith(0x0126, {20, 0, 0, 0, 0});
+  Press(kAudioButton);
+  EXPECT_EQ(Buttons(), (Texts{"Apply 65", "Return 105"}));
+  Press(kReturnButton);
+  Press(kSettingButton);
+  EXPECT_EQ(Buttons(), (Texts{"Apply 65", "Return 105"}));
 }
 
 TEST_F(Navigation, EveryButtonTwiceLeavesTheWindowWhole) {

@@ -74,10 +74,10 @@ void* Plain(const char* name) {
   return found == Exports().end() ? nullptr : found->second.first;
 }
 
-// Only the names that 32-bit tools make.
-void* Decorated(const char* name) {
+// Only the names that 32-bit tools make, with and without the leading underscore.
+void* DecoratedWith(const std::string& start, const char* name) {
   for (const auto& [plain, entry] : Exports()) {
-    if ("_" + plain + "@" + std::to_string(entry.second) == name) return entry.first;
+    if (start + plain + "@" + std::to_string(entry.second) == name) return entry.first;
   }
   return nullptr;
 }
@@ -136,9 +136,11 @@ TEST(DevlnkLibrary, PictureValuesThatComeAsWordsDoNoHarm) {
 }
 
 TEST(DevlnkLibrary, TakesDecoratedNamesWherePlainOnesAreMissing) {
-  DevlnkLibrary library(Decorated);
-  EXPECT_TRUE(library.IsUsable());
-  EXPECT_EQ(library.Open(2), 77U);
+  for (const char* start : {"_", ""}) {
+    DevlnkLibrary library([start](const char* name) { return DecoratedWith(start, name); });
+    EXPECT_TRUE(library.IsUsable());
+    EXPECT_EQ(library.Open(2), 77U);
+  }
 }
 
 TEST(DevlnkLibrary, LooksEachNameUpOnce) {

@@ -18,6 +18,9 @@ namespace panelora::end_to_end {
 
 namespace {
 
+// A name of its own, for which tools/wine_env tells Wine to leave the window to the program.
+constexpr wchar_t kProgramName[] = L"PaneloraTested.exe";
+
 constexpr DWORD kPatience = 60000;  // ms
 constexpr DWORD kPoll = 5;          // ms
 constexpr int kMonitorTimer = 1;
@@ -131,7 +134,7 @@ void PanelProcess::MakeFolder(const Setup& setup) {
   name << "panelora_" << GetCurrentProcessId() << "_" << ++count;
   folder = std::filesystem::temp_directory_path() / name.str();
   std::filesystem::create_directories(folder);
-  const std::filesystem::path program = folder / "Panelora.exe";
+  const std::filesystem::path program = folder / kProgramName;
   std::error_code error;
   std::filesystem::create_hard_link(TheParts().program, program, error);
   if (error) std::filesystem::copy_file(TheParts().program, program);
@@ -144,7 +147,7 @@ void PanelProcess::StartSuspended(const Setup& setup) {
   start.cb = sizeof start;
   DWORD flags = CREATE_SUSPENDED;
   if (setup.debugged) flags |= DEBUG_ONLY_THIS_PROCESS;
-  if (!CreateProcessW((folder / "Panelora.exe").c_str(), nullptr, nullptr, nullptr, FALSE, flags,
+  if (!CreateProcessW((folder / kProgramName).c_str(), nullptr, nullptr, nullptr, FALSE, flags,
                       nullptr, working.c_str(), &start, &process)) {
     throw std::runtime_error("the program can't be started");
   }

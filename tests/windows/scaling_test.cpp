@@ -1,0 +1,67 @@
+// The dpi of the monitor changes: every place is scaled, and comes back exactly.
+#include "platform/win32/dpi.h"
+#include "platform/win32/win32_toolkit.h"
+#include "tests/support/panel_test.h"
+
+namespace panelora::testing {
+namespace {
+
+class Scaling : public PanelTest {
+ protected:
+  void ChangeDpi(int dpi) {
+    auto& toolkit = static_cast<win32::Win32Toolkit&>(desk.Toolkit());
+    const HWND window = toolkit.Find(res::kMain)->Handle();
+    RECT suggested;
+    GetWindowRect(window, &suggested);
+    SendMessageA(window, win32::kDpiChanged, MAKEWPARAM(dpi, dpi),
+                 reinterpret_cast<LPARAM>(&suggested));
+    desk.Settle();
+  }
+};
+
+TEST_F(Scaling, DpiChangeScalesWindowPagesAndControls) {
+  Start();
+  Press(kVideoButton);
+  desk.Press(res::kVideoMenu, 1002);
+  ChangeDpi(192);
+  EXPECT_EQ(desk.ClientSize(res::kMain), (Rect{0, 0, 1200, 750}));
+  EXPECT_EQ(PictureRect(), (Rect{0, 0, 1200, 130}));
+  EXPECT_EQ(desk.PlaceOf(res::kMain, kApplyButton), (Rect{0, 210, 220, 80}));
+  for (int page = res::kInformation; page <= res::kTextLabels; ++page) {
+    EXPECT_EQ(desk.PlaceOf(page), (Rect{220, 130, 1080, 670})) << page;
+  }
+  EXPECT_EQ(desk.PlaceOf(res::kVideoSettings, 1019), (Rect{120, 90, 500, 60}));
+  // What is placed from now on is scaled too.
+  Press(kPageUpButton);
+  EXPECT_EQ(desk.PlaceOf(res::kVideoSettings, 1037), (Rect{720, 116, 80, 78}));
+  ChangeDpi(144);
+  EXPECT_EQ(desk.ClientSize(res::kMain), (Rect{0, 0, 900, 563}));
+  ChangeDpi(96);
+  EXPECT_EQ(desk.ClientSize(res::kMain), (Rect{0, 0, 600, 375}));
+  EXPECT_EQ(desk.PlaceOf(res::kVideoSettings, 1019), (Rect{60, 45, 250, 30}));
+  EXPECT_EQ(desk.FontOf(res::kVideoSettings, 1019), (ui::Font{"Arial", 182}));
+}
+
+// Fonts, bitmaps and brushes are made once: using the window again makes no new ones.
+TEST_F(Scaling, HandlesDoNotGrowWithUse) {
+  auto& toolkit = static_cast<win32::Win32Toolkit&>(desk.Toolkit());
+  Start();
+  const auto walk = [&] {
+    for (const int button :
+         {kVideoButton, kReturnButton, kAudioButton, kReturnButton, kProcAmpButton, kPageUpButton,
+          kReturnButton, kSettingButton, kReturnButton}) {
+      Press(button);
+    }
+    box.SetPresent(false);
+    for (int i = 0; i < 4; ++i) Tick();
+    box.SetPresent(true);
+    Tick();
+  };
+  walk();
+  const std::size_t handles = toolkit.Gdi().Count();
+  for (int i = 0; i < 10; ++i) walk();
+  EXPECT_EQ(toolkit.Gdi().Count(), handles);
+}
+
+}  // namespace
+}  // namespace panelora::testing
