@@ -106,6 +106,7 @@ BoxModel::BoxModel(const Identity& theIdentity, std::uint32_t theFirmware, Clock
 void BoxModel::Become(const Identity& newIdentity, std::uint32_t newFirmware) {
   identity = newIdentity;
   firmware = newFirmware;
+  restarting = false;
   RestoreEverything();
 }
 

@@ -22,20 +22,12 @@ Function Bind(HMODULE module, const char* name) {
 constexpr int kNarrowest = 70;
 constexpr int kNarrowStep = 5;
 
-template <class Action>
-void Measure(HFONT font, Action action) {
-  const HDC screen = GetDC(nullptr);
-  const HGDIOBJ before = SelectObject(screen, font);
-  action(screen);
-  SelectObject(screen, before);
-  ReleaseDC(nullptr, screen);
-}
-
 }  // namespace
 
 int ScaleForDpi(int value, int dpi) { return MulDiv(value, dpi, 96); }
 
 GdiCache::~GdiCache() {
+  if (measuring != nullptr) DeleteDC(measuring);
   for (const auto& [key, font] : fonts) DeleteObject(font);
   for (const auto& [key, brush] : brushes) DeleteObject(brush);
   for (const auto& [key, bitmap] : bitmaps) {
@@ -55,7 +47,7 @@ HFONT GdiCache::FontFor(const ui::Font& font, int dpi, int widthPercent) {
   int width = 0;  // the font's own
   if (widthPercent < 100) {
     TEXTMETRICA metrics{};
-    Measure(FontFor(font, dpi), [&](HDC context) { GetTextMetricsA(context, &metrics); });
+    GetTextMetricsA(MeasureWith(FontFor(font, dpi)), &metrics);
     width = static_cast<int>(metrics.tmAveCharWidth) * widthPercent / 100;
   }
   made = CreateFontA(-MulDiv(font.tenths, dpi, 720), width, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
@@ -70,17 +62,26 @@ HFONT GdiCache::FontToFit(const ui::Font& font, int dpi, const std::string& text
   for (int percent = 100;; percent -= kNarrowStep) {
     const HFONT candidate = FontFor(font, dpi, percent);
     SIZE size{};
-    Measure(candidate, [&](HDC context) {
-      GetTextExtentPoint32A(context, text.c_str(), static_cast<int>(text.size()), &size);
-    });
+    GetTextExtentPoint32A(MeasureWith(candidate), text.c_str(), static_cast<int>(text.size()),
+                          &size);
     if (size.cx <= limit || percent - kNarrowStep < kNarrowest) return candidate;
   }
 }
 
 int GdiCache::LineHeight(HFONT font) {
-  TEXTMETRICA metrics{};
-  Measure(font, [&](HDC context) { GetTextMetricsA(context, &metrics); });
-  return metrics.tmHeight;
+  int& height = lineHeights[font];
+  if (height == 0) {
+    TEXTMETRICA metrics{};
+    GetTextMetricsA(MeasureWith(font), &metrics);
+    height = metrics.tmHeight;
+  }
+  return height;
+}
+
+HDC GdiCache::MeasureWith(HFONT font) {
+  if (measuring == nullptr) measuring = CreateCompatibleDC(nullptr);
+  SelectObject(measuring, font);
+  return measuring;
 }
 
 HBRUSH GdiCache::BrushFor(const ui::Colour& colour) {

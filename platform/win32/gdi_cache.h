@@ -38,6 +38,8 @@ class GdiCache {
   std::size_t Count() const { return fonts.size() + brushes.size() + bitmaps.size(); }
 
  private:
+  // A device context with the font, for measuring texts.
+  HDC MeasureWith(HFONT font);
   HBITMAP BitmapFor(const std::string& name, bool fine);
   HBITMAP LoadFine(const std::string& name);
 
@@ -45,6 +47,8 @@ class GdiCache {
   std::map<std::tuple<std::string, int, int, int>, HFONT> fonts;
   std::map<COLORREF, HBRUSH> brushes;
   std::map<std::pair<std::string, bool>, HBITMAP> bitmaps;
+  std::map<HFONT, int> lineHeights;
+  HDC measuring = nullptr;
   HMODULE gdiplus = nullptr;
   ULONG_PTR gdiplusToken = 0;
   bool gdiplusTried = false;

@@ -95,7 +95,7 @@ RECT Win32Dialog::Scaled(const ui::Rect& place) const {
           Scaled(place.y + place.height)};
 }
 
-void Win32Dialog::LayOutControl(const Win32Control& control) {
+void Win32Dialog::LayOutControl(Win32Control& control) {
   const RECT place = Scaled(control.rect);
   // A combo box is as high as its open list; closed it takes the height of its font.
   const int list = control.kind == ui::ControlKind::kCombo ? Scaled(kDropDownHeight) : 0;
@@ -105,7 +105,7 @@ void Win32Dialog::LayOutControl(const Win32Control& control) {
 }
 
 // A caption that is wider than its place is drawn in narrower letters instead of being cut.
-void Win32Dialog::UseFont(const Win32Control& control) {
+void Win32Dialog::UseFont(Win32Control& control) {
   const bool fits = control.kind == ui::ControlKind::kLabel;
   const HFONT font = fits ? toolkit.Gdi().FontToFit(control.font, dpi, WindowText(control.window),
                                                     Scaled(control.rect.width))
@@ -118,16 +118,17 @@ void Win32Dialog::UseFont(const Win32Control& control) {
 
 // A label that is higher than its one line paints the line only, so that it leaves a frame that
 // runs through its place alone.
-void Win32Dialog::LimitToLine(const Win32Control& control, HFONT font) {
+void Win32Dialog::LimitToLine(Win32Control& control, HFONT font) {
   const int height = Scaled(control.rect.y + control.rect.height) - Scaled(control.rect.y);
   const int line = toolkit.Gdi().LineHeight(font);
-  if (line >= height) {
-    SetWindowRgn(control.window, nullptr, TRUE);
-    return;
-  }
-  const int top = (height - line) / 2;
-  SetWindowRgn(control.window, CreateRectRgn(0, top, Scaled(control.rect.width) + 1, top + line),
-               TRUE);
+  const RECT visible = {0, (height - line) / 2, Scaled(control.rect.width) + 1,
+                        (height - line) / 2 + line};
+  const bool limits = line < height;
+  if (limits == control.limited && (!limits || EqualRect(&visible, &control.visible))) return;
+  control.limited = limits;
+  control.visible = visible;
+  SetWindowRgn(control.window, limits ? CreateRectRgnIndirect(&visible) : nullptr,
+               IsWindowVisible(control.window));
 }
 
 void Win32Dialog::SizeForClient(int width, int height, UINT flags) {
@@ -141,7 +142,7 @@ void Win32Dialog::SizeForClient(int width, int height, UINT flags) {
 
 void Win32Dialog::Rescale(int newDpi) {
   dpi = newDpi;
-  for (const auto& [id, control] : controls) {
+  for (auto& [id, control] : controls) {
     LayOutControl(control);
     if (!control.fontSet) {  // has the dialog's own font, made for another dpi
       SendMessageA(control.window, WM_SETFONT,
@@ -380,10 +381,12 @@ std::string Win32Dialog::Text(int control) const {
 }
 
 void Win32Dialog::SetText(int control, std::string_view text) {
-  const Win32Control* found = Find(control);
-  if (found == nullptr || WindowText(found->window) == text) return;  // would only flicker
-  SetWindowTextA(found->window, std::string(text).c_str());
-  if (found->kind == ui::ControlKind::kLabel && found->fontSet) UseFont(*found);
+  const auto found = controls.find(control);
+  if (found == controls.end()) return;
+  Win32Control& changed = found->second;
+  if (WindowText(changed.window) == text) return;  // an equal text would only flicker
+  SetWindowTextA(changed.window, std::string(text).c_str());
+  if (changed.kind == ui::ControlKind::kLabel && changed.fontSet) UseFont(changed);
 }
 
 void Win32Dialog::ShowControl(int control, bool shown) {
@@ -410,7 +413,7 @@ void Win32Dialog::SetFont(int control, const ui::Font& font) {
   if (found->second.fontSet && found->second.font == font) return;
   found->second.font = font;
   found->second.fontSet = true;
-  LayOutControl(found->second);
+  UseFont(found->second);
 }
 
 void Win32Dialog::SetPictures(int control, std::string_view up, std::string_view down) {

@@ -25,6 +25,8 @@ struct Win32Control {
   ui::Rect rect;  // 96 dpi
   ui::Font font;
   bool fontSet = false;
+  bool limited = false;  // labels: only `visible` is painted
+  RECT visible{};
   std::string upPicture;
   std::string downPicture;
 };
@@ -86,9 +88,9 @@ class Win32Dialog final : public ui::Dialog {
   void DrawPicture(const DRAWITEMSTRUCT& item);
   bool PaintMinimised();
   void AdoptControls();
-  void LayOutControl(const Win32Control& control);
-  void UseFont(const Win32Control& control);
-  void LimitToLine(const Win32Control& control, HFONT font);
+  void LayOutControl(Win32Control& control);
+  void UseFont(Win32Control& control);
+  void LimitToLine(Win32Control& control, HFONT font);
   void SizeForClient(int width, int height, UINT flags);
   int Scaled(int value) const;
   RECT Scaled(const ui::Rect& place) const;
