@@ -1,6 +1,5 @@
 #include "pages/audio/audio_dlg.h"
 
-#include <algorithm>
 #include <iterator>
 
 #include "pages/audio/audio_levels.h"
@@ -95,8 +94,11 @@ constexpr char kInputScale[] = "   -28         -20           -10             0  
 constexpr char kInputRuler[] = "|______|_______|_______|_______|";
 constexpr char kInputLevelRuler[] = "  |______|_______|_______|_______|";
 
+// One step up or down that stops at the end; a reported value beyond it stays until it is stepped
+// back.
 std::uint8_t Step(std::uint8_t value, int step, int maximum) {
-  return static_cast<std::uint8_t>(std::clamp(value + step, 0, maximum));
+  if (step > 0) return static_cast<std::uint8_t>(value >= maximum ? value : value + 1);
+  return static_cast<std::uint8_t>(value == 0 ? 0 : value - 1);
 }
 
 }  // namespace
@@ -130,21 +132,23 @@ bool CAudioDlg::HasLevelCombo() const {
 }
 
 void CAudioDlg::LayOut() {
+  const Identity& id = panel.identity;
+  if (id.boxType == kNoBoxType) return;
+  const ModelRow& model = ModelOf(id.boxType);
+  // With volumes there is more to show, closer together.
   constexpr int kTops[] = {35, 115, 195};
-  int row = 0;
+  constexpr int kTightTops[] = {5, 73, 141, 209};
+  const int* tops = model.volume == Volume::kNone ? kTops : kTightTops;
   const auto place = [&](const CyclingGroup& group) {
-    PlaceGroup(Window(), group, {kLeft, kTops[row++]}, kNextX);
+    PlaceGroup(Window(), group, {kLeft, *tops++}, kNextX);
     ShowGroup(Window(), group, true);
   };
-  const Identity& id = panel.identity;
   if (HasStandard(id.boxType)) {
     place(kMute);
     place(kSource);
     place(kStandard);
     return;
   }
-  if (id.boxType == kNoBoxType) return;
-  const ModelRow& model = ModelOf(id.boxType);
   if (model.channel) place(kChannel);
   if (model.xlrLevel) {
     const bool byDip = (id.boxType == 24 || id.boxType == 34) && id.inputDipFlag == 1;
@@ -152,14 +156,14 @@ void CAudioDlg::LayOut() {
     place(kXlrLevel);
   }
   if (model.impedance) place(kXlrImpedance);
+  place(kSource);
   if (model.volume == Volume::kNone) {
-    if (row < 3) place(kSource);
-    if (row < 3) place(kMute);
+    if (!model.impedance) place(kMute);
     return;
   }
-  if (row == 0) place(kSource);
-  PlaceVolume(kTops[row], HasLevelCombo());
-  if (model.volume == Volume::kAttenuation) PlaceHdmiVolume(kTops[row + 1]);
+  if (!HasLevelCombo() && model.volume != Volume::kAttenuation) place(kMute);
+  PlaceVolume(*tops++, HasLevelCombo());
+  if (model.volume == Volume::kAttenuation) PlaceHdmiVolume(*tops++);
 }
 
 void CAudioDlg::PlaceVolume(int top, bool hasScale) {
@@ -241,34 +245,30 @@ void CAudioDlg::RefreshModel26() {
   if (ReadWord(word::kAudioStandard, standard)) ShowStandard();
 }
 
-void CAudioDlg::ReadByte(std::uint8_t property, std::uint8_t& value) {
+bool CAudioDlg::ReadByte(std::uint8_t property, std::uint8_t& value) {
   BlockBuffer bytes{};
-  if (ReadBlock(property, 2, bytes)) value = bytes[0];
+  if (!ReadBlock(property, 2, bytes)) return false;
+  value = bytes[0];
+  return true;
 }
 
 void CAudioDlg::RefreshOtherTypes() {
   const ModelRow& model = ModelOf(panel.identity.boxType);
-  ReadByte(block::kAudioMute, mute);
+  const auto refresh = [&](const CyclingGroup& group, std::uint8_t property, std::uint8_t& value,
+                           const AudioOptionRow* table) {
+    if (!ReadByte(property, value)) return;
+    const AudioOptionRow* row = FindAudioOption(table, panel.identity.boxType, value);
+    if (row != nullptr) Window().SetText(group.value, row->text);
+  };
+  refresh(kMute, block::kAudioMute, mute, kAudioMutes);
   ReadByte(block::kAudioInput, input);
-  ReadByte(block::kAudioOption9, source);
-  ShowMute();
-  ShowSource();
-  BlockBuffer bytes{};
-  if (model.xlrLevel) {
-    ReadByte(block::kAudioOption7, xlrLevel);
-    const auto* row = FindAudioOption(kXlrLevels, panel.identity.boxType, xlrLevel);
-    if (row != nullptr) Window().SetText(kXlrLevel.value, row->text);
-  }
+  if (ReadByte(block::kAudioOption9, source)) ShowSource();
+  if (model.xlrLevel) refresh(kXlrLevel, block::kAudioOption7, xlrLevel, kXlrLevels);
   if (model.impedance) {
-    ReadByte(block::kAudioOption10, xlrImpedance);
-    const auto* row = FindAudioOption(kXlrImpedances, panel.identity.boxType, xlrImpedance);
-    if (row != nullptr) Window().SetText(kXlrImpedance.value, row->text);
+    refresh(kXlrImpedance, block::kAudioOption10, xlrImpedance, kXlrImpedances);
   }
-  if (model.channel) {
-    ReadByte(block::kAudioOption32, channel);
-    const auto* row = FindAudioOption(kOutputChannels, panel.identity.boxType, channel);
-    if (row != nullptr) Window().SetText(kChannel.value, row->text);
-  }
+  if (model.channel) refresh(kChannel, block::kAudioOption32, channel, kOutputChannels);
+  BlockBuffer bytes{};
   switch (model.volume) {
     case Volume::kAttenuation:
       if (ReadBlock(block::kAudioVolumes, 2, bytes)) {

@@ -64,7 +64,7 @@ class CAudioDlg final : public Page {
   void FillLevels();
   void RefreshModel26();
   void RefreshOtherTypes();
-  void ReadByte(std::uint8_t property, std::uint8_t& value);
+  bool ReadByte(std::uint8_t property, std::uint8_t& value);
   void ApplyOtherTypes();
   int LastSource() const;
   bool HasLevelCombo() const;

@@ -201,16 +201,23 @@ void CSettingDlg::RefreshOtherTypes() {
       dip8Confirmed = dip8;
       ShowDip8();
     }
-    if (ReadBlock(block::kSetting21, 2, bytes)) osd = bytes[0];
-    if (ReadBlock(block::kNoSignal, 2, bytes)) noSignal = bytes[0];
-  } else {
-    ReadWord(word::kSetting12, lock);
-    ReadWord(word::kSetting13, pattern);
-    ReadWord(word::kSetting17, noSignal);
+    if (ReadBlock(block::kSetting21, 2, bytes)) {
+      osd = bytes[0];
+      ShowOption(Window(), kOsdGroup, kOsds, osd);
+    }
+    if (ReadBlock(block::kNoSignal, 2, bytes)) {
+      noSignal = bytes[0];
+      ShowOption(Window(), kNoSignalGroup, kNoSignals, noSignal);
+    }
+    return;
+  }
+  ReadWord(word::kSetting12, lock);
+  if (ReadWord(word::kSetting13, pattern)) {
     ShowOption(Window(), kPatternGroup, kPatterns, pattern);
   }
-  ShowOption(Window(), kOsdGroup, kOsds, osd);
-  ShowOption(Window(), kNoSignalGroup, kNoSignals, noSignal);
+  if (ReadWord(word::kSetting17, noSignal)) {
+    ShowOption(Window(), kNoSignalGroup, kNoSignals, noSignal);
+  }
 }
 
 // Model 26 is sent every option, even those that its firmware hides.

@@ -2,7 +2,7 @@
 // values, Apply writes them; "Hardware Reset" acts at once.
 //
 // Models: box type 26 is complete. Of the others the texts are known, and the properties that they
-// use between them; which type uses which (kModels and kResets of setting_dlg.cpp) is a choice of
+// use between them; which type uses which (kResets of setting_dlg.cpp) is a choice of
 // this page: types that take their commands by block keep OSD in block 21, no-signal in 22 and DIP
 // 8 in 15; the others keep lock, pattern and no-signal in word items 12, 13 and 17. A reset is the
 // value 1 on the property by which the type takes its commands.

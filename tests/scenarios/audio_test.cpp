@@ -242,6 +242,33 @@ TEST_F(Audio, InputLevelOfBrand2IsAnAttenuation) {
   EXPECT_EQ(CallsOfPress(1046), Calls{"set block 19,0,2: 4C 05"});
 }
 
+TEST_F(Audio, InputLevelBeyondTheButtonsEndStepsBackByOne) {
+  OpenWith({25, 2, 0, 0, 0}, {{9, {1, 0}}, {19, {80, 0}}});
+  EXPECT_EQ(CallsOfPress(1045), Calls{"set block 19,0,2: 50 00"});  // no louder, no jump
+  EXPECT_EQ(CallsOfPress(1046), Calls{"set block 19,0,2: 4F 00"});
+}
+
+TEST_F(Audio, ModelsWithVolumesShowTheirSource) {
+  for (const std::uint8_t type : Bytes{24, 34, 25, 29, 46, 52}) {
+    for (const std::uint8_t brand : Bytes{0, 2}) {
+      Open({type, brand, 0, 0, 0});
+      EXPECT_TRUE(desk.Shows(kPage, 1029)) << int{type};
+      EXPECT_TRUE(desk.Shows(kPage, 1045)) << int{type};
+      panel.reset();
+    }
+  }
+}
+
+TEST_F(Audio, FailedReadsOfOtherModelsKeepTheTexts) {
+  admitted = {24};
+  StartWith(0x0126, {24, 0, 0, 0, 0});
+  device.FailEverything();
+  Press(kAudioButton);
+  EXPECT_EQ(TextOf(1025), "ON");
+  EXPECT_EQ(TextOf(1028), "Internal");
+  EXPECT_EQ(TextOf(1040), "0 dBu");
+}
+
 TEST_F(Audio, OutputLevelIsSentAtApply) {
   OpenWith({24, 0, 0, 0, 0}, {{44, {111, 0}}});
   EXPECT_EQ(TextOf(1058), " Analog L/R Audio Output Level ( + 24.5 )");

@@ -159,7 +159,7 @@ TEST_F(ProcAmp, TypedTextsAreParsedAndClamped) {
     const char* typed;
     int sent;  // -1 = ends the operation
   };
-  const Row rows[] = {{"300", 255}, {"-1", 255}, {"", -1},  {"12a", 12},  {"  7", 7},
+  const Row rows[] = {{"300", 255}, {"-1", 255}, {"", -1},  {"12a", 12},  {"12abc", 12}, {"  7", 7},
                       {"abc", -1},  {"0", 0},    {"-0", 0}, {"255", 255}, {"256", 255}};
   for (const Row& row : rows) {
     Open(2);
@@ -192,6 +192,25 @@ TEST_F(ProcAmp, ReturnOfBrand2SendsTheStoredValuesAgain) {
   EXPECT_EQ(TakeCalls(),
             Join({{"set proc amp 0,2 = 10", "set proc amp 0,4 = 30"}, kInformationCalls}));
   EXPECT_EQ(panel->Panel().tickSkip, 2);
+}
+
+// 255 is stored: "300" is the same after the limit, a negative number is not.
+TEST_F(ProcAmp, ReturnLimitsWithASign) {
+  Open(2);
+  box.Picture() = {255, 255, 255, 255};
+  Press(kPictureButton);
+  TypeAll("300", "-1", "255", "256");
+  TakeCalls();
+  Press(kReturnButton);
+  EXPECT_EQ(TakeCalls(), Join({{"set proc amp 0,3 = 255"}, kInformationCalls}));
+}
+
+TEST_F(ProcAmp, Brand2StoresItsRgbBytes) {
+  Open(2);
+  Press(kPageUpButton);
+  EXPECT_EQ(CallsOfDrag(1041, 255), Calls{"set block 14,0,3: FF 3C 07"});
+  desk.Repaint(kPage);
+  EXPECT_EQ(TakeCalls(), Calls{});
 }
 
 TEST_F(ProcAmp, ReturnSendsNothingWhenATextIsNoNumberOrOnOtherBrands) {

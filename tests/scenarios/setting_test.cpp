@@ -257,6 +257,34 @@ TEST_F(Setting, RefreshConfirmsTheModeOfTheBox) {
   EXPECT_FALSE(desk.IsOpen(res::kCaution));
 }
 
+TEST_F(Setting, ModeThatTheBoxReportsNeedsNoCaution) {
+  Open();
+  box.Block(23) = {6, 1};
+  Press(kPictureButton);
+  Press(kApplyButton);
+  EXPECT_FALSE(desk.IsOpen(res::kCaution));
+}
+
+TEST_F(Setting, RefreshUnlocks) {
+  Open();
+  EXPECT_EQ(Cycle(1039, 1038, 1), Texts{"Locked"});
+  Press(kPictureButton);
+  EXPECT_EQ(desk.Text(kPage, 1038), "Un-Locked");
+  EXPECT_EQ(Cycle(1039, 1038, 1), Texts{"Locked"});
+}
+
+TEST_F(Setting, HardwareResetWorksWithoutOptionsAndBringsThePageBackAnew) {
+  Open(280);
+  desk.Press(kPage, 1041);
+  EXPECT_EQ(TakeCalls(), Calls{"set word 0,3 = 1"});
+  Tick();
+  ExpectDisconnectedLook();
+  now += simulator::BoxModel::kRestartTime;
+  Tick();
+  ExpectConnectedLook();
+  EXPECT_EQ(desk.Text(kPage, 1055), "FULL SCREEN");
+}
+
 TEST_F(Setting, EscapeClosesTheCautionAndTheMainWindowGoesOn) {
   Open();
   desk.Press(kPage, 1056);
@@ -310,6 +338,16 @@ TEST_F(Setting, HardwareResetIsSentAsTheModelWantsIt) {
       panel.reset();
     }
   }
+}
+
+TEST_F(Setting, FailedReadsOfOtherModelsKeepTheTexts) {
+  admitted = {46};
+  StartWith(0x0126, {46, 0, 0, 0, 0});
+  device.FailEverything();
+  Press(kSettingButton);
+  EXPECT_EQ(desk.Text(kPage, 1048), "Blue Screen");
+  EXPECT_EQ(desk.Text(kPage, 1044), "Hide");
+  EXPECT_EQ(desk.Text(kPage, 1055), "FULL SCREEN");
 }
 
 TEST_F(Setting, OtherModelsReadAndWriteTheirOptions) {

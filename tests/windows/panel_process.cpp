@@ -133,6 +133,7 @@ void PanelProcess::MakeFolder(const Setup& setup) {
   std::ostringstream name;
   name << "panelora_" << GetCurrentProcessId() << "_" << ++count;
   folder = std::filesystem::temp_directory_path() / name.str();
+  std::filesystem::remove_all(folder);  // a run that was broken off may have left it
   std::filesystem::create_directories(folder);
   const std::filesystem::path program = folder / kProgramName;
   std::error_code error;
