@@ -15,6 +15,7 @@ class CAboutDlg final : public ui::DialogEvents {
   void OnCommand(int control, ui::Notification what) override;
   bool OnKey(ui::Key key) override;
   void OnCloseRequest() override;
+  void OnDestroy() override { window = nullptr; }
 
  private:
   ui::Toolkit& toolkit;

@@ -67,16 +67,16 @@ Win32Dialog* Win32Toolkit::DialogOf(HWND window) const {
   return nullptr;
 }
 
+// Messages that wait behind the one that closes the dialog are left to the loop above.
 void Win32Toolkit::RunUntilClosed(const ui::Dialog& dialog) {
   while (dialog.IsOpen()) {
-    HandleWaiting();
-    if (!dialog.IsOpen()) return;
-    if (onIdle) onIdle();
-    if (!dialog.IsOpen()) return;
     MSG message;
-    const BOOL got = GetMessageA(&message, nullptr, 0, 0);
-    if (got == -1) return;
-    if (got == 0) {  // the thread is asked to end: so is every loop above this one
+    if (!PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+      if (onIdle) onIdle();
+      if (!dialog.IsOpen()) return;
+      if (GetMessageA(&message, nullptr, 0, 0) == -1) return;
+    }
+    if (message.message == WM_QUIT) {  // the thread is asked to end: so is every loop above this one
       PostQuitMessage(static_cast<int>(message.wParam));
       return;
     }
