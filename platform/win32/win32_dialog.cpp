@@ -110,29 +110,21 @@ void Win32Dialog::UseFont(Win32Control& control) {
   const HFONT font = fits ? toolkit.Gdi().FontToFit(control.font, dpi, WindowText(control.window),
                                                     Scaled(control.rect.width))
                           : toolkit.Gdi().FontFor(control.font, dpi);
-  LimitPainting(control, font);
+  if (fits) LimitToLine(control, font);
   const LRESULT used = SendMessageA(control.window, WM_GETFONT, 0, 0);
   if (used == reinterpret_cast<LRESULT>(font)) return;
   SendMessageA(control.window, WM_SETFONT, reinterpret_cast<WPARAM>(font),
                IsWindowVisible(control.window));
 }
 
-// What shares its place with something else paints only what it needs: a label its one line, so
-// that a frame that runs through its place stays whole, and a frame without caption nothing above
-// its upper line, so that the label there stays whole.
-void Win32Dialog::LimitPainting(Win32Control& control, HFONT font) {
+// A label that is higher than its one line paints the line only, so that it leaves a frame that
+// runs through its place whole.
+void Win32Dialog::LimitToLine(Win32Control& control, HFONT font) {
   const int height = Scaled(control.rect.y + control.rect.height) - Scaled(control.rect.y);
   const int line = toolkit.Gdi().LineHeight(font);
-  RECT visible = {0, 0, Scaled(control.rect.width) + 1, height};
-  bool limits = false;
-  if (control.kind == ui::ControlKind::kLabel && line < height) {
-    limits = true;
-    visible.top = (height - line) / 2;
-    visible.bottom = visible.top + line;
-  } else if (control.kind == ui::ControlKind::kGroup && WindowText(control.window).empty()) {
-    limits = true;
-    visible.top = line / 2 - 1;
-  }
+  const RECT visible = {0, (height - line) / 2, Scaled(control.rect.width) + 1,
+                        (height - line) / 2 + line};
+  const bool limits = line < height;
   if (limits == control.limited && (!limits || EqualRect(&visible, &control.visible))) return;
   control.limited = limits;
   control.visible = visible;
@@ -395,7 +387,7 @@ void Win32Dialog::SetText(int control, std::string_view text) {
   Win32Control& changed = found->second;
   if (WindowText(changed.window) == text) return;  // an equal text would only flicker
   SetWindowTextA(changed.window, std::string(text).c_str());
-  if (changed.fontSet) UseFont(changed);
+  if (changed.kind == ui::ControlKind::kLabel && changed.fontSet) UseFont(changed);
 }
 
 void Win32Dialog::ShowControl(int control, bool shown) {

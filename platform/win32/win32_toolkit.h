@@ -25,7 +25,7 @@ struct Win32Control {
   ui::Rect rect;  // 96 dpi
   ui::Font font;
   bool fontSet = false;
-  bool limited = false;  // only `visible` is painted
+  bool limited = false;  // labels: only `visible` is painted
   RECT visible{};
   std::string upPicture;
   std::string downPicture;
@@ -90,7 +90,7 @@ class Win32Dialog final : public ui::Dialog {
   void AdoptControls();
   void LayOutControl(Win32Control& control);
   void UseFont(Win32Control& control);
-  void LimitPainting(Win32Control& control, HFONT font);
+  void LimitToLine(Win32Control& control, HFONT font);
   void SizeForClient(int width, int height, UINT flags);
   int Scaled(int value) const;
   RECT Scaled(const ui::Rect& place) const;
