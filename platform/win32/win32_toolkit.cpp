@@ -76,7 +76,8 @@ void Win32Toolkit::RunUntilClosed(const ui::Dialog& dialog) {
       if (!dialog.IsOpen()) return;
       if (GetMessageA(&message, nullptr, 0, 0) == -1) return;
     }
-    if (message.message == WM_QUIT) {  // the thread is asked to end: so is every loop above this one
+    if (message.message ==
+        WM_QUIT) {  // the thread is asked to end: so is every loop above this one
       PostQuitMessage(static_cast<int>(message.wParam));
       return;
     }
