@@ -68,6 +68,23 @@ const OtherBlockRow kOtherBlocks[] = {
     {{25, 29}, block::kImagePosition25, {0x01, 0x2C, 0x00, 0x32}},
     {{25, 29}, block::kImageSize25, {100, 100}},
     {{24, 34}, block::kImageSize24, {100, 100}},
+    // Audio: not muted, the second source, first level and channel, volumes in the middle
+    {{14, 17, 18, 20, 21, 23, 24, 25, 29, 30, 32, 33, 34, 35, 36, 42, 43, 46, 47, 48, 49, 52},
+     block::kAudioMute,
+     {0, 0}},
+    {{17, 18, 20, 23, 24, 25, 29, 30, 32, 33, 34, 35, 42, 43, 46, 47, 48, 49, 52},
+     block::kAudioOption10,
+     {1, 0}},
+    {{14, 36}, block::kAudioOption9, {1, 0}},
+    {{14, 24, 34, 36}, block::kAudioOption7, {0, 0}},
+    {{18, 29, 32}, block::kAudioOption32, {2, 0}},
+    {{14}, block::kAudioOption32, {0, 0}},
+    {{46, 47, 48, 49, 52}, block::kAudioVolumes, {50, 50}},
+    {{25, 29}, block::kAudioInputVolumes, {50, 50, 0}},
+    {{24, 34}, block::kAudioOutputLevel, {62, 0}},
+    // Unit settings of the models that take their commands by block
+    {{14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 50, 51}, block::kSetting21, {1, 0}},
+    {{14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 50, 51}, block::kNoSignal, {1, 0}},
     // TV wall: 2 by 2, the first screen
     {{37, 38, 39, 40, 46, 47, 48, 49}, block::kWall, {2, 0}},
     {{14, 36}, block::kWallInput, {2, 0}},

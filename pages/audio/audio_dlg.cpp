@@ -70,6 +70,13 @@ const ModelRow& ModelOf(std::uint8_t boxType) {
   return *row;
 }
 
+// Blocks that mean something else on the type are left alone: 9 is the image size of 25 and 29, 10
+// the reset of 14 and 36, 6 the PIP output format of 51.
+std::uint8_t SourceProperty(std::uint8_t boxType) {
+  return boxType == 14 || boxType == 36 ? block::kAudioOption9 : block::kAudioOption10;
+}
+bool HasMute(std::uint8_t boxType) { return boxType != 51; }
+
 bool HasStandard(std::uint8_t boxType) { return boxType == 26 || boxType == 50; }
 
 constexpr int kMaxVolume = 100;
@@ -158,7 +165,7 @@ void CAudioDlg::LayOut() {
   if (model.impedance) place(kXlrImpedance);
   place(kSource);
   if (model.volume == Volume::kNone) {
-    if (!model.impedance) place(kMute);
+    if (!model.impedance && HasMute(id.boxType)) place(kMute);
     return;
   }
   if (!HasLevelCombo() && model.volume != Volume::kAttenuation) place(kMute);
@@ -260,12 +267,12 @@ void CAudioDlg::RefreshOtherTypes() {
     const AudioOptionRow* row = FindAudioOption(table, panel.identity.boxType, value);
     if (row != nullptr) Window().SetText(group.value, row->text);
   };
-  refresh(kMute, block::kAudioMute, mute, kAudioMutes);
+  if (HasMute(panel.identity.boxType)) refresh(kMute, block::kAudioMute, mute, kAudioMutes);
   ReadByte(block::kAudioInput, input);
-  if (ReadByte(block::kAudioOption9, source)) ShowSource();
+  if (ReadByte(SourceProperty(panel.identity.boxType), source)) ShowSource();
   if (model.xlrLevel) refresh(kXlrLevel, block::kAudioOption7, xlrLevel, kXlrLevels);
   if (model.impedance) {
-    refresh(kXlrImpedance, block::kAudioOption10, xlrImpedance, kXlrImpedances);
+    refresh(kXlrImpedance, block::kAudioOption32, xlrImpedance, kXlrImpedances);
   }
   if (model.channel) refresh(kChannel, block::kAudioOption32, channel, kOutputChannels);
   BlockBuffer bytes{};
@@ -496,10 +503,12 @@ void CAudioDlg::Apply() {
 void CAudioDlg::ApplyOtherTypes() {
   const ModelRow& model = ModelOf(panel.identity.boxType);
   const AudioSourceRow* row = FindAudioSource(panel.identity.boxType, input, source);
-  if (row != nullptr) WriteBlock(block::kAudioOption9, {row->deviceCode});
-  WriteBlock(block::kAudioMute, {mute});
+  if (row != nullptr) {
+    WriteBlock(SourceProperty(panel.identity.boxType), {row->deviceCode});
+  }
+  if (HasMute(panel.identity.boxType)) WriteBlock(block::kAudioMute, {mute});
   if (model.xlrLevel) WriteBlock(block::kAudioOption7, {xlrLevel});
-  if (model.impedance) WriteBlock(block::kAudioOption10, {xlrImpedance});
+  if (model.impedance) WriteBlock(block::kAudioOption32, {xlrImpedance});
   if (model.channel) WriteBlock(block::kAudioOption32, {channel});
   if (model.volume == Volume::kAttenuation) WriteBlock(block::kAudioVolumes, {volume, volume2});
   if (model.volume == Volume::kOutputLevel) SendOutputLevel();

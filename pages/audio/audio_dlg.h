@@ -2,10 +2,10 @@
 // pending selections, Apply writes them.
 //
 // Models: box type 26 is complete; type 50 has its rows. Of the other types the controls, texts and
-// level rules are known, and the properties of the volumes; the rest is a choice of this page
-// (kModels of audio_dlg.cpp): mute, source, XLR level, XLR impedance and output channel of those
-// types are blocks 6, 9, 7, 10 and 32, the audio level combo belongs to brand 2 of 24, 34, 25 and
-// 29, and the HDMI volume's text stands in label 1052.
+// level rules are known, and the properties of the volumes; the rest is a choice of this page:
+// mute, source, XLR level, XLR impedance and output channel of those types are blocks 6, 10 (9 on
+// 14 and 36), 7, 32 and 32, the audio level combo belongs to brand 2 of 24, 34, 25 and 29, and the
+// HDMI volume's text stands in label 1052.
 #pragma once
 
 #include "pages/cycling_group.h"

@@ -217,7 +217,7 @@ TEST_F(Audio, AttenuationIsShownUpsideDownAndSentAtApply) {
 
 TEST_F(Audio, InputVolumesAreSentWithEveryPress) {
   for (const std::uint8_t type : Bytes{25, 29}) {
-    OpenWith({type, 0, 0, 0, 0}, {{9, {1, 0}}, {19, {99, 1}}});
+    OpenWith({type, 0, 0, 0, 0}, {{10, {1, 0}}, {19, {99, 1}}});
     EXPECT_EQ(TextOf(1058), "Audio Volume ( 99 )");
     EXPECT_EQ(CallsOfPress(1046, 2), (Calls{"set block 19,0,2: 64 01", "set block 19,0,2: 64 01"}));
     EXPECT_EQ(CallsOfPress(1045), Calls{"set block 19,0,2: 63 01"});
@@ -232,7 +232,7 @@ TEST_F(Audio, InputVolumesAreSentWithEveryPress) {
 }
 
 TEST_F(Audio, InputLevelOfBrand2IsAnAttenuation) {
-  OpenWith({25, 2, 0, 0, 0}, {{9, {1, 0}}, {19, {76, 5}}});
+  OpenWith({25, 2, 0, 0, 0}, {{10, {1, 0}}, {19, {76, 5}}});
   EXPECT_EQ(TextOf(1058), "Analog L/R Audio Input Level ( - 28.0 )");
   EXPECT_EQ(desk.ProgressRange(kPage, 1103), std::make_pair(0, 80));
   EXPECT_EQ(desk.ProgressPosition(kPage, 1103), 4);
@@ -243,7 +243,7 @@ TEST_F(Audio, InputLevelOfBrand2IsAnAttenuation) {
 }
 
 TEST_F(Audio, InputLevelBeyondTheButtonsEndStepsBackByOne) {
-  OpenWith({25, 2, 0, 0, 0}, {{9, {1, 0}}, {19, {80, 0}}});
+  OpenWith({25, 2, 0, 0, 0}, {{10, {1, 0}}, {19, {80, 0}}});
   EXPECT_EQ(CallsOfPress(1045), Calls{"set block 19,0,2: 50 00"});  // no louder, no jump
   EXPECT_EQ(CallsOfPress(1046), Calls{"set block 19,0,2: 4F 00"});
 }
@@ -303,7 +303,7 @@ TEST_F(Audio, LevelComboOfTheOutputWritesAtOnce) {
 }
 
 TEST_F(Audio, LevelComboOfTheInputWritesAtOnce) {
-  OpenWith({29, 2, 0, 0, 0}, {{9, {1, 0}}, {19, {33, 7}}});
+  OpenWith({29, 2, 0, 0, 0}, {{10, {1, 0}}, {19, {33, 7}}});
   EXPECT_EQ(desk.Items(kPage, 1108),
             (Texts{" +10.0", " +6.0", " +4.0", " +0.0", " -6.0", " -10.0", " -20.0", " -28.5"}));
   EXPECT_EQ(TextOf(1050), "   -28         -20           -10             0           +10 [dBV]");
@@ -338,12 +338,12 @@ TEST_F(Audio, OutputChannelsStepInTheOrderOfTheirRows) {
 }
 
 TEST_F(Audio, XlrLevelAndImpedance) {
-  OpenWith({14, 0, 0, 0, 0}, {{7, {0, 0}}, {10, {0, 0}}});
+  OpenWith({14, 0, 0, 0, 0}, {{7, {0, 0}}, {32, {0, 0}}});
   EXPECT_EQ(TextOf(1055), "XLR Level");
   EXPECT_EQ(Cycle(1041, 1040, 5), (Texts{"6 dBu", "12 dBu", "18 dBu", "24 dBu", "0 dBu"}));
   EXPECT_EQ(Cycle(1044, 1043, 3), (Texts{"Low", "High", "Low"}));
   const Calls sent = CallsOfApply();
-  EXPECT_NE(std::find(sent.begin(), sent.end(), "set block 10,0,1: 01"), sent.end());
+  EXPECT_NE(std::find(sent.begin(), sent.end(), "set block 32,0,1: 01"), sent.end());
   panel.reset();
   OpenWith({24, 0, 0, 1, 0}, {{7, {0, 0}}});
   EXPECT_EQ(TextOf(1055), "L/R Audio Level");
@@ -354,9 +354,25 @@ TEST_F(Audio, XlrLevelAndImpedance) {
   EXPECT_EQ(Cycle(1041, 1040, 5), (Texts{"24 dB", "24 dB", "24 dB", "24 dB", "10 dB"}));
 }
 
+// What these blocks are on other pages of the same model must not change with the audio.
+TEST_F(Audio, ApplyLeavesBlocksOfOtherPagesAlone) {
+  const std::pair<std::uint8_t, int> rows[] = {{std::uint8_t{25}, 9},
+                                               {std::uint8_t{29}, 9},
+                                               {std::uint8_t{14}, 10},
+                                               {std::uint8_t{36}, 10},
+                                               {std::uint8_t{51}, 6}};
+  for (const auto& [type, property] : rows) {
+    Open({type, 0, 0, 0, 0});
+    desk.Press(kPage, 1029);
+    const std::string call = "set block " + std::to_string(property) + ",";
+    for (const std::string& sent : CallsOfApply()) EXPECT_NE(sent.rfind(call, 0), 0U) << sent;
+    panel.reset();
+  }
+}
+
 TEST_F(Audio, DefaultSourceOfTheScalersFollowsTheInput) {
   for (const std::uint8_t input : Bytes{0, 1}) {
-    OpenWith({24, 0, 0, 0, 0}, {{3, {input, 0}}, {9, {0, 0}}});
+    OpenWith({24, 0, 0, 0, 0}, {{3, {input, 0}}, {10, {0, 0}}});
     EXPECT_EQ(TextOf(1028), input == 0 ? "Default ( SDI )" : "Default ( HDMI )");
     panel.reset();
   }

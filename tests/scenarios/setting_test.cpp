@@ -356,7 +356,7 @@ TEST_F(Setting, OtherModelsReadAndWriteTheirOptions) {
   EXPECT_EQ(Cycle(1056, 1055, 5),
             (Texts{"Dot By Dot", "Keep Aspect Ratio", "Full Screen", "16 : 9", "4 : 3"}));
   EXPECT_EQ(CallsOfApply(),
-            (Calls{"set block 21,0,1: 00", "set block 22,0,1: 00", "set block 15,0,1: 01"}));
+            (Calls{"set block 21,0,1: 01", "set block 22,0,1: 01", "set block 15,0,1: 01"}));
   EXPECT_FALSE(desk.IsOpen(res::kCaution));
   panel.reset();
   Open(0x0126, {20, 0, 0, 0, 0});
