@@ -4,6 +4,7 @@
 
 #include "app/main_dlg.h"
 #include "device/properties.h"
+#include "pages/multiview/wall_store.h"
 
 namespace panelora {
 
@@ -33,21 +34,6 @@ constexpr std::uint8_t kSingleProcAmpTypes[] = {13, 14, 15, 17, 18, 19, 20, 30,
                                                 32, 33, 35, 36, 43, 48, 49};
 // Models without picture values: all of them stand in the middle.
 constexpr std::uint8_t kNoProcAmpTypes[] = {6, 7};
-
-// Where a model keeps its place in a video wall.
-struct WallSource {
-  std::uint8_t boxType;
-  std::uint8_t block;      // 0 = word items instead
-  std::uint32_t sizeItem;  // the tile's item is the next one
-};
-constexpr WallSource kWallSources[] = {
-    {37, block::kWall, 0},      {38, block::kWall, 0},         {39, block::kWall, 0},
-    {40, block::kWall, 0},      {46, block::kWall, 0},         {47, block::kWall, 0},
-    {48, block::kWall, 0},      {49, block::kWall, 0},         {14, block::kWallInput, 0},
-    {36, block::kWallInput, 0}, {18, 0, word::kWallSize},      {20, 0, word::kWallSize},
-    {30, 0, word::kWallSize},   {32, 0, word::kWallSize},      {33, 0, word::kWallSize},
-    {43, 0, word::kWallSize},   {17, 0, word::kWallSizeInput}, {35, 0, word::kWallSizeInput},
-};
 
 template <std::size_t size>
 bool Contains(const std::uint8_t (&types)[size], std::uint8_t boxType) {
@@ -334,7 +320,7 @@ void CMainDlg::ResetSubPages() {
   panel.cycleState = 0;
   videoSettings.SetSubPage(0);
   procAmp.SetViewMode(0);
-  displayMode.ShowView(0);
+  displayMode.ResetView();
 }
 
 void CMainDlg::OnApply() {
@@ -451,27 +437,24 @@ void CMainDlg::ShowTvWall() {
 
 // A failed read keeps the earlier layout.
 void CMainDlg::ReadWallLayout() {
-  for (const WallSource& source : kWallSources) {
-    if (source.boxType != panel.identity.boxType) continue;
-    if (source.block != 0) {
-      BlockBuffer wall{};
-      if (device.GetKiraboxProperty(panel.deviceHandle, source.block, kNoSub, 20, wall) ==
-          kSuccess) {
-        panel.wallSize = wall[0];
-        panel.tilePosition = wall[1];
-      }
-      return;
+  const WallStore* store = FindWallStore(panel.identity.boxType);
+  if (store == nullptr) return;
+  if (store->block != 0) {
+    BlockBuffer wall{};
+    if (device.GetKiraboxProperty(panel.deviceHandle, store->block, kNoSub, 20, wall) == kSuccess) {
+      panel.wallSize = wall[0];
+      panel.tilePosition = wall[1];
     }
-    const auto read = [&](std::uint32_t item, std::uint32_t& value) {
-      WordBuffer words{};
-      if (device.GetBoxProperty(panel.deviceHandle, kBoxGroup, item, words) == kSuccess) {
-        value = words[0] & 0xFF;
-      }
-    };
-    read(source.sizeItem, panel.wallSize);
-    read(source.sizeItem + 1, panel.tilePosition);
     return;
   }
+  const auto read = [&](std::uint32_t item, std::uint32_t& value) {
+    WordBuffer words{};
+    if (device.GetBoxProperty(panel.deviceHandle, kBoxGroup, item, words) == kSuccess) {
+      value = words[0] & 0xFF;
+    }
+  };
+  read(store->sizeItem, panel.wallSize);
+  read(store->sizeItem + 1, panel.tilePosition);
 }
 
 void CMainDlg::ShowPip() {

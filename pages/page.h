@@ -1,9 +1,11 @@
 // The page protocol: what every page offers to the main window, and what it has to work with.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <initializer_list>
 #include <memory>
+#include <span>
 
 #include "device/device_link.h"
 #include "device/properties.h"
@@ -75,13 +77,16 @@ class Page : public ui::DialogEvents {
                  std::uint8_t sub = kNoSub) {
     return device.GetKiraboxProperty(deviceHandle, property, sub, length, out) == kSuccess;
   }
-  void WriteBlock(std::uint8_t property, std::initializer_list<std::uint8_t> bytes,
+  void WriteBlock(std::uint8_t property, std::span<const std::uint8_t> bytes,
                   std::uint8_t sub = kNoSub) {
     BlockBuffer buffer{};
-    std::size_t length = 0;
-    for (const std::uint8_t byte : bytes) buffer[length++] = byte;
-    device.SetKiraboxProperty(deviceHandle, property, sub, static_cast<std::uint8_t>(length),
+    std::copy(bytes.begin(), bytes.end(), buffer.begin());
+    device.SetKiraboxProperty(deviceHandle, property, sub, static_cast<std::uint8_t>(bytes.size()),
                               buffer);
+  }
+  void WriteBlock(std::uint8_t property, std::initializer_list<std::uint8_t> bytes,
+                  std::uint8_t sub = kNoSub) {
+    WriteBlock(property, std::span(bytes.begin(), bytes.size()), sub);
   }
 
   // Word properties; ReadWord is true when the box answered and `value` holds the low byte.

@@ -16,7 +16,8 @@ using ProcAmpCache = std::array<std::uint8_t, 10>;
 constexpr ProcAmpCache kProcAmpStart = {128, 128, 128, 128, 128, 128, 128, 128, 128, 128};
 
 // Owned by the main window, given to each page by reference. Pages write only `tickSkip`,
-// `forceDisconnect` and (the Information page) `firmwareVersion`.
+// `forceDisconnect`, (the Information page) `firmwareVersion` and (the TV Wall page)
+// `tilePosition`.
 struct PanelState {
   DeviceHandle deviceHandle = kNoBox;  // the live handle; pages copy it when they are initialised
   Identity identity;

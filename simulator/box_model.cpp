@@ -1,8 +1,10 @@
 #include "simulator/box_model.h"
 
 #include <algorithm>
+#include <string>
 
 #include "device/properties.h"
+#include "simulator/model_defaults.h"
 
 namespace panelora::simulator {
 
@@ -35,83 +37,25 @@ constexpr WordRow kWords26[] = {
     {word::kAudioStandard, 0}, {word::kOsd, 1},
 };
 
-// Other models, as far as the panel knows them. A row without types serves all of them; later rows
-// win.
-struct OtherBlockRow {
-  std::vector<std::uint8_t> types;
-  std::uint8_t property;
-  std::vector<std::uint8_t> bytes;
-};
-
-const OtherBlockRow kOtherBlocks[] = {
-    {{14, 36, 51},
-     block::kInputFormatLittle,
-     {0x80, 0x07, 0x38, 0x04, 50, 0, 1}},  // 1920x1080 50.00p
-    {{13, 15, 51}, block::kMultiView, {1, 1, 1}},
-    {{50}, block::kInputFormat, {0x07, 0x80, 0x04, 0x38, 50, 0, 0}},
-    // Video settings: the second input, 1080p60, the first output source, full screen, no
-    // pass-through
-    {{17, 18, 19, 20, 21, 23, 24, 25, 27, 29, 30, 32, 33,
-      34, 35, 37, 38, 39, 40, 42, 43, 46, 47, 48, 49},
-     block::kVideoInputSource,
-     {1, 0}},
-    {{50}, block::kImageInput50, {2, 0}},
-    {{}, block::kVideoOutputFormat, {15, 0}},
-    {{}, block::kVideoOutputSource, {0, 0}},
-    {{}, block::kVideoAspectRatio, {1, 0}},
-    {{24, 34, 30, 43, 20, 33}, block::kVideoPassThrough, {0, 0}},
-    // Image adjustment
-    {{50}, block::kImagePosition50, {0x01, 0x2C, 0x00, 0x32}},
-    {{50, 24, 34}, block::kImageSize50, {100, 100}},
-    {{23, 42}, block::kImagePosition23, {0x01, 0x2C, 0x00, 0x32}},
-    {{23, 42}, block::kImageSize23, {100, 100}},
-    {{25, 29}, block::kImagePosition25, {0x01, 0x2C, 0x00, 0x32}},
-    {{25, 29}, block::kImageSize25, {100, 100}},
-    {{24, 34}, block::kImageSize24, {100, 100}},
-    // Audio: not muted, the second source, first level and channel, volumes in the middle
-    {{14, 17, 18, 20, 21, 23, 24, 25, 29, 30, 32, 33, 34, 35, 36, 42, 43, 46, 47, 48, 49, 52},
-     block::kAudioMute,
-     {0, 0}},
-    {{17, 18, 20, 23, 24, 25, 29, 30, 32, 33, 34, 35, 42, 43, 46, 47, 48, 49, 52},
-     block::kAudioOption10,
-     {1, 0}},
-    {{14, 36}, block::kAudioOption9, {1, 0}},
-    {{14, 24, 34, 36}, block::kAudioOption7, {0, 0}},
-    {{18, 29, 32}, block::kAudioOption32, {2, 0}},
-    {{14}, block::kAudioOption32, {0, 0}},
-    {{46, 47, 48, 49, 52}, block::kAudioVolumes, {50, 50}},
-    {{25, 29}, block::kAudioInputVolumes, {50, 50, 0}},
-    {{24, 34}, block::kAudioOutputLevel, {62, 0}},
-    // Unit settings of the models that take their commands by block
-    {{14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 50, 51}, block::kSetting21, {1, 0}},
-    {{14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 50, 51}, block::kNoSignal, {1, 0}},
-    // TV wall: 2 by 2, the first screen
-    {{37, 38, 39, 40, 46, 47, 48, 49}, block::kWall, {2, 0}},
-    {{14, 36}, block::kWallInput, {2, 0}},
-};
-
-struct OtherWordRow {
-  std::vector<std::uint8_t> types;
-  std::uint32_t item;
-  std::uint32_t value;
-};
-
-const OtherWordRow kOtherWords[] = {
-    {{}, word::kFormatCode, 10},
-    {{}, word::kOutputFormatReport, 15},
-    {{24, 34, 30, 43, 20, 33}, word::kPassThroughReport, 0},
-    {{24, 34}, word::kImageAspect, 3},
-    {{18, 20, 30, 32, 33, 43}, word::kWallSize, 2},
-    {{18, 20, 30, 32, 33, 43}, word::kWallTile, 0},
-    {{17, 35}, word::kWallSizeInput, 2},
-    {{17, 35}, word::kWallTileInput, 0},
-};
+constexpr std::size_t kFormatLength = 30;
 
 bool Has(const std::vector<std::uint8_t>& types, std::uint8_t boxType) {
   return types.empty() || std::find(types.begin(), types.end(), boxType) != types.end();
 }
 
-constexpr std::size_t kFormatLength = 30;
+// The multi-viewers. Their insets as they leave the factory: positions and sizes of 16 bits, the
+// first little-endian as it is read, the second big-endian.
+const std::vector<std::uint8_t> kFirstInset = {0x64, 0, 0x64, 0, 0x80, 0x02, 0x68, 0x01};
+const std::vector<std::uint8_t> kSecondInset = {0x04, 0x4C, 0, 0x64, 0x02, 0x80, 0x01, 0x68};
+constexpr std::size_t kLabelLength = 20;
+constexpr std::size_t kLabelBlockLength = 60;
+
+bool TakesModeByWord(std::uint8_t boxType) { return boxType == 13 || boxType == 15; }
+
+bool IsMultiViewer(std::uint8_t boxType) { return TakesModeByWord(boxType) || boxType == 51; }
+
+// The panel of brand 8 calls mode 9 what the box calls mode 5.
+constexpr std::uint8_t kBrandOfMode9As5 = 8;
 
 }  // namespace
 
@@ -162,12 +106,25 @@ void BoxModel::RestoreEverything() {
 }
 
 void BoxModel::RestoreOtherModel() {
-  for (const OtherBlockRow& row : kOtherBlocks) {
+  for (const BlockDefault& row : BlockDefaults()) {
     if (Has(row.types, identity.boxType)) Block(row.property) = row.bytes;
   }
-  for (const OtherWordRow& row : kOtherWords) {
+  for (const WordDefault& row : WordDefaults()) {
     const bool isFirmware = row.item == word::kFirmwareOther;
     if (!isFirmware && Has(row.types, identity.boxType)) Word(row.item) = {row.value, 0};
+  }
+  if (IsMultiViewer(identity.boxType)) RestoreMultiViewer();
+}
+
+void BoxModel::RestoreMultiViewer() {
+  Block(block::kPipWindow1) = kFirstInset;
+  Block(block::kPipWindow2) = kSecondInset;
+  for (std::uint8_t input = 0; input < 4; ++input) {
+    std::string label = "      INPUT 1       ";
+    label[12] = static_cast<char>('1' + input);
+    std::vector<std::uint8_t>& stored = Block(block::kInputLabel, input);
+    stored.assign(kLabelBlockLength, 0);
+    std::copy_n(label.begin(), kLabelLength, stored.begin());
   }
 }
 
@@ -215,6 +172,7 @@ int BoxModel::SetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std
   // One byte on that property opens a function of the box; only type 51 keeps its display mode
   // there.
   if (property == block::kBoxMenu && length == 1 && identity.boxType != 51) return kSuccess;
+  if (IsMultiViewer(identity.boxType) && StoreMultiView(property, length, bytes)) return kSuccess;
   std::vector<std::uint8_t>& stored = Block(property, sub);
   if (stored.size() < length) stored.resize(length);
   std::copy_n(bytes.begin(), length, stored.begin());
@@ -237,9 +195,51 @@ int BoxModel::SetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint
     RunCommand(value);
     return kSuccess;
   }
+  if (TakesModeByWord(identity.boxType) && item == word::kDisplayMode) {
+    const bool asMode5 = identity.brandCode == kBrandOfMode9As5 && value == 9;
+    Block(block::kMultiView)[0] = static_cast<std::uint8_t>(asMode5 ? 5 : value);
+    return kSuccess;
+  }
+  if (TakesModeByWord(identity.boxType) && item == word::kChannelCode) {
+    StoreChannelCode(static_cast<std::uint8_t>(value));
+    return kSuccess;
+  }
   Word(item) = {value, 0};
   if (identity.boxType == 26 && item == word::kInputSource) ReportInputFormat();
   return kSuccess;
+}
+
+// True for what a multi-viewer does not keep as it was sent.
+bool BoxModel::StoreMultiView(std::uint8_t property, std::uint8_t length,
+                              const BlockBuffer& bytes) {
+  if (property == block::kChannelCodes && length == 1) {
+    StoreChannelCode(bytes[0]);
+    return true;
+  }
+  const bool isInset1 = property == block::kPipWindow1;
+  if (!isInset1 && property != block::kPipWindow2) return false;
+  // All ones put an inset back in its first place.
+  if (std::all_of(bytes.begin(), bytes.begin() + length, [](auto byte) { return byte == 0xFF; })) {
+    Block(property) = isInset1 ? kFirstInset : kSecondInset;
+    return true;
+  }
+  if (!isInset1 || !TakesModeByWord(identity.boxType)) return false;
+  // Taken big-endian, told little-endian.
+  std::vector<std::uint8_t>& stored = Block(property);
+  for (std::size_t i = 0; i + 1 < std::min<std::size_t>(length, stored.size()); i += 2) {
+    stored[i] = bytes[i + 1];
+    stored[i + 1] = bytes[i];
+  }
+  return true;
+}
+
+// Each mode remembers the combination that was last used in it.
+void BoxModel::StoreChannelCode(std::uint8_t code) {
+  const std::uint8_t reported = Block(block::kMultiView)[0];
+  const bool isMode9 = identity.brandCode == kBrandOfMode9As5 && reported == 5;
+  const std::size_t slot = isMode9 ? 9 : reported;
+  std::vector<std::uint8_t>& codes = Block(block::kChannelCodes);
+  if (slot >= 1 && slot <= codes.size()) codes[slot - 1] = code;
 }
 
 // What models with pass-through report of their output after it was set.

@@ -59,10 +59,13 @@ class BoxModel final : public DeviceLink {
   std::uint64_t Now() const { return clock ? clock() : 0; }
   void RestoreEverything();
   void RestoreOtherModel();
+  void RestoreMultiViewer();
   void RestoreProcAmp();
   void RestoreRgb();
   void RestoreImage();
   void ReportInputFormat();
+  bool StoreMultiView(std::uint8_t property, std::uint8_t length, const BlockBuffer& bytes);
+  void StoreChannelCode(std::uint8_t code);
   void ReportOutput(std::uint8_t property, std::uint8_t value);
   void RunCommand(std::uint32_t command);
   std::uint8_t* ProcAmpValue(std::uint32_t control);

@@ -1,26 +1,88 @@
-// The Display Mode page (template 109): how the output is composed of the four inputs.
+// The Display Mode page (template 109): how the output is composed of the four inputs, and on boxes
+// that have them the input labels. The ">>" buttons change the page alone; Apply writes.
+//
+// Models: 13, 15 and 51. Only what Init and OnShowFromMenu do reaches boxes of other types.
 #pragma once
 
+#include <array>
+
+#include "pages/multiview/channel_table.h"
 #include "pages/page.h"
-#include "res/dialog_templates.h"
 
 namespace panelora {
 
 class CDisplayModeDlg final : public Page {
  public:
-  explicit CDisplayModeDlg(PanelContext context) : Page(res::kDisplayMode, context) {}
+  explicit CDisplayModeDlg(PanelContext context);
 
-  // Copies the device handle and keeps the serial handle.
-  void Init(ui::SerialHandle serial) {
-    deviceHandle = panel.deviceHandle;
-    serialHandle = serial;
-  }
+  // Copies the device handle, keeps the serial handle, reads mode and number of modes, sets fonts
+  // and captions and lays the page out for the brand and the modes.
+  void Init(ui::SerialHandle serial);
 
-  // The page was opened from the Video menu.
-  void OnShowFromMenu() { Refresh(serialHandle); }
+  // Opens the function on the box, then refreshes.
+  void OnShowFromMenu();
 
-  // 0 = the display mode, 1 = the input labels.
-  void ShowView(int /*view*/) {}
+  // Reads what the view shows. A failed read keeps field and text; a mode, state or combination
+  // without a row keeps the texts.
+  void Refresh(ui::SerialHandle serial) override;
+
+  // Writes mode and code, or the labels in their view, and remembers the code.
+  void Apply() override;
+
+  // The box has no other way to restore the display mode.
+  void RestoreDefaults() override { OnShowFromMenu(); }
+
+  // 0 shows the display mode, 1 the input labels, anything else nothing.
+  void ShowView(int shownView);
+
+  // Back to view 0 as Init laid it out.
+  void ResetView();
+
+  void OnCommand(int control, ui::Notification what) override;
+
+  // Any timer: shows a random mode on the box. Nothing starts one.
+  void OnTimer(int timer) override;
+
+ private:
+  void OnNextMode();
+  void OnNextMain();
+  void OnNextSub();
+  void OnNextSub2();
+  void OnNextLabelsState();
+
+  bool IsType51() const { return panel.identity.boxType == 51; }
+  bool IsType13Or15() const;
+  bool HasInputLabels() const { return panel.fittedOption == 1; }
+  bool WritesByView() const;
+  std::uint8_t NextMode() const;
+  std::uint8_t ModeOfBox(std::uint8_t reported) const;
+  std::uint8_t CodeOf(std::uint8_t ofMode) const;
+
+  void HideEverything();
+  void PlaceModeView(bool withSub2);
+  void PlaceLabelsView();
+  void ReadModeAndCodes();
+  void ReadLabels();
+  void ShowMode();
+  void ShowLabelsState();
+  void ShowChannelsOfCode();
+  void ShowCodeOfChannels();
+  void ShowNames(const ChannelChoice& choice);
+  void EnableLabels(bool enabled);
+  void WriteModeAndCode();
+  void WriteLabels();
+
+  static constexpr std::size_t kModes = 10;
+
+  std::uint8_t mode = 1;         // 1 to 9
+  std::uint8_t nineModes = 0;    // 1 = modes 1 to 9, anything else 1 to 5
+  std::uint8_t lastMode = 1;     // as last read from or written to the box
+  std::uint8_t lastCode = 1;     // the same
+  std::uint8_t code = 1;         // combination code of the channels, 1 to 12
+  std::uint8_t labelsState = 0;  // 0 off, 1 on, 2 the box's default labels
+  Channels channels;
+  std::array<std::uint8_t, kModes> codeByMode = {};  // of modes 1 to 10; 0 = none
+  int view = 0;                                      // 0 display mode, 1 input labels, else nothing
 };
 
 }  // namespace panelora

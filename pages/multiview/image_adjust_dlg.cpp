@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "device/byte_order.h"
+
 namespace panelora {
 
 namespace {
@@ -66,12 +68,6 @@ std::uint8_t SizeProperty(const Identity& identity) {
 
 // One frame round all four rows; the others have one for positions and one for sizes.
 bool HasOneFrame(std::uint8_t boxType) { return boxType == 50 || boxType == 26; }
-
-std::uint8_t High(std::uint16_t value) { return static_cast<std::uint8_t>(value >> 8); }
-std::uint8_t Low(std::uint16_t value) { return static_cast<std::uint8_t>(value & 0xFF); }
-std::uint16_t BigEndian(std::uint8_t high, std::uint8_t low) {
-  return static_cast<std::uint16_t>(high * 256 + low);
-}
 
 }  // namespace
 
@@ -230,7 +226,8 @@ void CImageAdjustDlg::StepSize(std::uint8_t& value, int step) {
 void CImageAdjustDlg::WritePositions() {
   const std::uint8_t property = ModelOf(panel.identity.boxType).position;
   if (property == kNone) return;
-  WriteBlock(property, {High(hPosition), Low(hPosition), High(vPosition), Low(vPosition)});
+  WriteBlock(property,
+             {HighByte(hPosition), LowByte(hPosition), HighByte(vPosition), LowByte(vPosition)});
 }
 
 void CImageAdjustDlg::WriteSizes() {

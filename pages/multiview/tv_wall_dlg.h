@@ -1,5 +1,11 @@
-// The TV Wall page (template 110): which part of a video wall the box shows.
+// The TV Wall page (template 110): which screen of a square video wall the box shows. The main
+// window's 1X1 to 4X4 buttons choose the grid; a mouse press on a tile is written at once, grid and
+// tile together. There is nothing to apply and nothing to restore.
+//
+// Models: those of wall_store.h; on all others the pictures change and nothing is written.
 #pragma once
+
+#include <optional>
 
 #include "pages/page.h"
 #include "res/dialog_templates.h"
@@ -10,11 +16,23 @@ class CTVWallDlg final : public Page {
  public:
   explicit CTVWallDlg(PanelContext context) : Page(res::kTvWall, context) {}
 
-  // Copies the device handle.
-  void Init() { deviceHandle = panel.deviceHandle; }
+  // Copies the device handle, lays out the grid of the panel state and shows its tile as chosen.
+  void Init();
 
-  // Lays out the tiles for the wall size of the panel state.
-  void Layout() {}
+  // Places the tiles of the grid, none of them chosen, and hides the others. A wall size outside 1
+  // to 4 changes nothing.
+  void Layout();
+
+  // Chooses a tile before its button sees the press.
+  void OnMousePress(int control) override;
+
+  std::optional<ui::Colour> BackgroundColour() override { return ui::Colour{0, 0, 0}; }
+
+ private:
+  int Tiles() const;
+  void ShowTile(int tile, bool chosen);
+  void ShowChosen(int tile);
+  void WriteChoice();
 };
 
 }  // namespace panelora

@@ -1,7 +1,6 @@
 #include "pages/procamp/proc_amp_dlg.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <iterator>
 
 #include "res/dialog_templates.h"
@@ -164,8 +163,8 @@ void CProcAmpDlg::SendRgb() {
   WriteBlock(block::kRgb, {values[kGain], values[kOffset], values[kOffset2]});
 }
 
-bool CProcAmpDlg::ParseEdit(std::size_t index, int& value) {
-  return std::sscanf(Window().Text(kValues[index].edit).c_str(), "%d", &value) == 1;
+std::optional<int> CProcAmpDlg::Typed(std::size_t index) {
+  return ui::ParseNumber(Window().Text(kValues[index].edit));
 }
 
 bool CProcAmpDlg::Commits() const {
@@ -179,11 +178,11 @@ bool CProcAmpDlg::Commits() const {
 void CProcAmpDlg::Apply() {
   panel.tickSkip = kSkipAfterChange;
   for (std::size_t i = 0; i < kPictureValues; ++i) {
-    int typed = 0;
-    if (!ParseEdit(i, typed)) return;
+    const std::optional<int> typed = Typed(i);
+    if (!typed) return;
     // Compared without a sign, so that a negative number becomes 255 too.
     const auto value =
-        static_cast<std::uint8_t>(std::min<unsigned>(static_cast<std::uint16_t>(typed), 255));
+        static_cast<std::uint8_t>(std::min<unsigned>(static_cast<std::uint16_t>(*typed), 255));
     if (value == values[i]) continue;
     values[i] = value;
     SendPicture(i);
@@ -196,8 +195,9 @@ void CProcAmpDlg::Leave() {
   panel.tickSkip = kSkipAfterChange;
   int typed[kPictureValues] = {};
   for (std::size_t i = 0; i < kPictureValues; ++i) {
-    if (!ParseEdit(i, typed[i])) return;
-    typed[i] = std::min(typed[i], 255);
+    const std::optional<int> number = Typed(i);
+    if (!number) return;
+    typed[i] = std::min(*number, 255);
   }
   for (std::size_t i = 0; i < kPictureValues; ++i) {
     if (typed[i] != values[i]) SendPicture(i);  // what is stored, not what was typed: deliberate

@@ -8,6 +8,8 @@
 // from firmware 262, 25 and 29 from 265, and 20 and 33: a choice of this page.
 #pragma once
 
+#include <optional>
+
 #include "pages/page.h"
 
 namespace panelora {
@@ -43,7 +45,7 @@ class CProcAmpDlg final : public Page {
   void ShowValues();
   void SendPicture(std::size_t index);
   void SendRgb();
-  bool ParseEdit(std::size_t index, int& value);
+  std::optional<int> Typed(std::size_t index);
   void ReadDefaults26();
   void ReadDefaultsOneByOne();
   bool Commits() const;

@@ -1,5 +1,6 @@
 #include "pages/status/information_dlg.h"
 
+#include "device/byte_order.h"
 #include "pages/option_table.h"
 #include "res/dialog_templates.h"
 #include "ui/text.h"
@@ -248,10 +249,11 @@ std::string CInformationDlg::FormatFromBlock(std::uint8_t property, bool bigEndi
   ReadBlock(property, 30, inputFormat);
   const BlockBuffer& b = inputFormat;
   if (bigEndian) {
-    return FormatText(b[0] * 256 + b[1], b[2] * 256 + b[3], b[4], b[5], b[6] != 0 ? "i" : "p");
+    return FormatText(BigEndian(b[0], b[1]), BigEndian(b[2], b[3]), b[4], b[5],
+                      b[6] != 0 ? "i" : "p");
   }
   const char* scan = b[6] == 1 ? "p" : b[6] == 2 ? "s" : "i";
-  return FormatText(b[1] * 256 + b[0], b[3] * 256 + b[2], b[4], b[5], scan);
+  return FormatText(LittleEndian(b[0], b[1]), LittleEndian(b[2], b[3]), b[4], b[5], scan);
 }
 
 // None when the box did not answer; blank for a rate that the format does not have.

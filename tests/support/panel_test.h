@@ -31,6 +31,8 @@ using Bytes = std::vector<std::uint8_t>;
 inline const Calls kOpenCall = {"open 2"};
 inline const Calls kIdentityCall = {"get block 254,0,20"};
 inline const Calls kInformationCalls = {"get block 1,0,30", "get word 0,5"};
+// What the Display Mode page asks while it is initialised, whatever the model.
+inline const Calls kMultiViewCall = {"get block 1,0,20"};
 
 // One list after another.
 inline Calls Join(std::initializer_list<Calls> lists) {
@@ -55,6 +57,12 @@ class PanelTest : public ::testing::Test {
     box.Become(identity, firmware);
     Start();
     device.TakeCalls();
+  }
+
+  // The same with a box of any type, which is admitted.
+  void StartWith(Identity identity, std::uint32_t firmware = 0x0126) {
+    admitted = {identity.boxType};
+    StartWith(firmware, identity);
   }
 
   void Press(int control) { desk.Press(res::kMain, control); }

@@ -11,11 +11,10 @@ inline const Calls kIdentify = {"get block 254,0,20"};
 // The Information page's refresh: input format, then firmware version.
 inline const Calls kReadInformation = {"get block 1,0,30", "get word 0,5"};
 
-// All pages in turn, at the start and when the connection changes. Every page that asks the box
-// something while it is initialised adds its calls here, in the order of the pages.
-inline const Calls kInitialisePages = kReadInformation;
+// All pages in turn, at the start and when the connection changes: Information, then Display Mode.
+inline const Calls kInitialisePages = {"get block 1,0,30", "get word 0,5", "get block 1,0,20"};
 // The same when no box is there.
-inline const Calls kInitialisePagesWithoutBox = {};
+inline const Calls kInitialisePagesWithoutBox = {"get block 1,0,20"};
 
 inline const Calls kNothing = {};
 

@@ -1,0 +1,192 @@
+#include "pages/multiview/channel_rules.h"
+
+namespace panelora {
+
+namespace {
+
+constexpr std::uint8_t kInputs = 4;
+
+void WrapAbove(std::uint8_t& number, std::uint8_t greatest, std::uint8_t first) {
+  if (number > greatest) number = first;
+}
+
+// The rules of the three buttons, by display mode and brand.
+enum class Rule {
+  kPairs,         // mode 6: main and sub are the two halves of a pair
+  kThree,         // three different channels
+  kThreeOrderly,  // brand 12, mode 4: the sub pictures stay in the order of the table
+  kMainAndSub,    // everything else
+};
+
+Rule RuleOf(std::uint8_t mode, std::uint8_t brandCode) {
+  if (mode == 6) return Rule::kPairs;
+  if (mode == 7) return Rule::kThree;
+  if (brandCode != kBrandOfThreeChannels) return Rule::kMainAndSub;
+  if (mode == 5) return Rule::kThree;
+  return mode == 4 ? Rule::kThreeOrderly : Rule::kMainAndSub;
+}
+
+// 1 and 2 are a pair, 3 and 4 the other.
+std::uint8_t PartnerOf(std::uint8_t number) {
+  return static_cast<std::uint8_t>(number % 2 == 0 ? number - 1 : number + 1);
+}
+
+// The second sub picture comes from the pair that main and sub are not.
+void WrapIntoOtherPair(Channels& channels) {
+  if (channels.main == 1 || channels.main == 2) WrapAbove(channels.sub2, 4, 3);
+  if (channels.main == 3 || channels.main == 4) WrapAbove(channels.sub2, 2, 1);
+}
+
+void KeepSub2OutOfPair(Channels& channels) {
+  if (channels.main != channels.sub2 && channels.sub != channels.sub2) return;
+  ++channels.sub2;
+  WrapIntoOtherPair(channels);
+}
+
+void SkipMain(Channels& channels) {
+  do {
+    if (channels.sub == channels.main) ++channels.sub;
+    WrapAbove(channels.sub, kInputs, 1);
+  } while (channels.sub == channels.main);
+}
+
+void StepSubOfThree(Channels& channels) {
+  auto& [main, sub, sub2] = channels;
+  switch (main) {
+    case 1:
+      WrapAbove(sub, 3, 2);
+      if (sub2 == sub) sub2 = 4;
+      break;
+    case 2:
+      ++sub;
+      WrapAbove(sub, 3, 1);
+      if (sub2 == sub) sub2 = 4;
+      break;
+    case 3:
+      WrapAbove(sub, 2, 1);
+      if (sub2 == sub) ++sub2;
+      break;
+    case 4:
+      WrapAbove(sub, 2, 1);
+      if (sub2 == sub) sub2 = 3;
+      break;
+    default:
+      break;
+  }
+}
+
+void StepSubOrderly(Channels& channels) {
+  auto& [main, sub, sub2] = channels;
+  switch (main) {
+    case 1:
+      WrapAbove(sub, 3, 2);
+      if (sub2 == sub) sub2 = 4;
+      break;
+    case 2:
+      ++sub;
+      if (sub == 2) sub = 3;
+      WrapAbove(sub, 3, 1);
+      if (sub2 == sub) sub2 = 4;
+      break;
+    case 3:
+      if (sub == 2) sub = 4;
+      WrapAbove(sub, 4, 1);
+      if (sub2 == sub) ++sub2;
+      break;
+    case 4:
+      if (sub == 2) sub = 3;
+      WrapAbove(sub, 3, 1);
+      if (sub2 == sub) sub2 = 2;
+      break;
+    default:
+      break;
+  }
+}
+
+void StepSub2OfThree(Channels& channels) {
+  auto& [main, sub, sub2] = channels;
+  switch (main) {
+    case 1:
+    case 2:
+      WrapAbove(sub2, 4, 3);
+      if (sub2 == sub) sub2 = 4;
+      break;
+    case 3:
+      WrapAbove(sub2, 4, 2);
+      if (sub2 == sub) sub2 = 3;
+      break;
+    case 4:
+      WrapAbove(sub2, 3, 2);
+      if (sub2 == sub) sub2 = 3;
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace
+
+void StepMain(Channels& channels, std::uint8_t mode, std::uint8_t brandCode) {
+  auto& [main, sub, sub2] = channels;
+  ++main;
+  WrapAbove(main, kInputs, 1);
+  const Rule rule = RuleOf(mode, brandCode);
+  if (rule == Rule::kPairs) {
+    sub = PartnerOf(main);
+    KeepSub2OutOfPair(channels);
+  } else if (rule == Rule::kThree) {
+    constexpr Channels kFirst[] = {{1, 2, 3}, {2, 1, 3}, {3, 1, 2}, {4, 1, 2}};
+    channels = kFirst[main - 1];
+  } else if (brandCode == kBrandOfThreeChannels) {
+    // In every mode of the brand but 5 to 7, also in those that show the main picture alone.
+    constexpr Channels kFirst[] = {{1, 2, 3}, {2, 1, 3}, {3, 4, 1}, {4, 3, 1}};
+    channels = kFirst[main - 1];
+  } else {
+    sub2 = 0;
+    if (sub == main) sub = main == 1 ? 2 : 1;
+  }
+}
+
+void StepSub(Channels& channels, std::uint8_t mode, std::uint8_t brandCode) {
+  ++channels.sub;
+  switch (RuleOf(mode, brandCode)) {
+    case Rule::kPairs:
+      WrapAbove(channels.sub, kInputs, 1);
+      channels.main = PartnerOf(channels.sub);
+      KeepSub2OutOfPair(channels);
+      break;
+    case Rule::kThree:
+      StepSubOfThree(channels);
+      break;
+    case Rule::kThreeOrderly:
+      StepSubOrderly(channels);
+      break;
+    case Rule::kMainAndSub:
+      SkipMain(channels);
+      break;
+  }
+}
+
+void StepSub2(Channels& channels, std::uint8_t mode, std::uint8_t brandCode) {
+  auto& [main, sub, sub2] = channels;
+  ++sub2;
+  switch (RuleOf(mode, brandCode)) {
+    case Rule::kPairs:
+      WrapIntoOtherPair(channels);
+      break;
+    case Rule::kThree:
+      StepSub2OfThree(channels);
+      break;
+    case Rule::kThreeOrderly:
+      if (main == 1 || main == 2) WrapAbove(sub2, 4, 3);
+      if (main == 3 || main == 4) WrapAbove(sub2, 2, 1);
+      break;
+    case Rule::kMainAndSub:
+      // It is the first sub picture that is moved off the main one: deliberate.
+      if (main == sub) ++sub;
+      WrapAbove(sub2, kInputs, 1);
+      break;
+  }
+}
+
+}  // namespace panelora

@@ -1,0 +1,353 @@
+#include "pages/multiview/display_mode_dlg.h"
+
+#include "pages/cycling_group.h"
+#include "pages/label_field.h"
+#include "pages/multiview/channel_rules.h"
+#include "pages/option_table.h"
+#include "res/dialog_templates.h"
+
+namespace panelora {
+
+namespace {
+
+constexpr CyclingGroup kMode = {1044, 1003, 1045, 1046};
+constexpr CyclingGroup kMain = {1047, 1004, 1048, 1049};
+constexpr CyclingGroup kSub = {1050, 1005, 1051, 1052};
+constexpr CyclingGroup kSub2 = {1053, 1006, 1054, 1055};
+constexpr CyclingGroup kLabels = {1060, 1007, 1061, 1062};
+
+constexpr int kLeft = 70;
+constexpr int kNextX = 380;
+
+struct LabelRow {
+  int caption;
+  int edit;
+  const char* text;
+  int top;
+};
+constexpr LabelRow kLabelRows[] = {
+    {1056, 1109, "Input 1 Labels :", 105},
+    {1057, 1110, "Input 2 Labels :", 155},
+    {1058, 1111, "Input 3 Labels :", 205},
+    {1059, 1112, "Input 4 Labels :", 255},
+};
+
+struct ModeNameRow {
+  std::uint8_t boxType;
+  std::uint8_t mode;  // 255 ends the table
+  const char* name;
+};
+// The tabs are the box's own.
+constexpr ModeNameRow kModeNames[] = {
+    {51, 1, "Mode 1"},       {51, 2, "Mode 2"},       {51, 3, "Mode 3\t\t\t"},
+    {51, 4, "Mode 4\t\t\t"}, {15, 1, "Mode 1"},       {15, 2, "Mode 2"},
+    {15, 3, "Mode 3\t\t\t"}, {15, 4, "Mode 4\t\t\t"}, {15, 5, "Mode 5\t\t\t"},
+    {15, 6, "Mode 6\t\t\t"}, {15, 7, "Mode 7\t\t\t"}, {15, 8, "Mode 8\t\t\t"},
+    {15, 9, "Mode 9\t\t\t"}, {13, 1, "Mode 1"},       {13, 2, "Mode 2"},
+    {13, 3, "Mode 3\t\t\t"}, {13, 4, "Mode 4\t\t\t"}, {13, 5, "Mode 5\t\t\t"},
+    {13, 6, "Mode 6"},       {13, 7, "Mode 7"},       {13, 8, "Mode 8\t\t\t"},
+    {13, 9, "Mode 9\t\t\t"}, {0, kTableEnd, ""},
+};
+
+struct LabelsStateRow {
+  std::uint8_t value;  // 255 ends the table
+  const char* name;
+};
+constexpr LabelsStateRow kLabelsStates[] = {
+    {0, "OFF"}, {1, "ON"}, {2, "Default Labels"}, {kTableEnd, ""}};
+
+// Brand 8 calls mode 9 its fifth.
+constexpr std::uint8_t kBrandOfModes1To4And9 = 8;
+constexpr char kMode9OfBrand8[] = "Mode 5\t\t\t";
+
+// Firmware above which the labels can be written.
+constexpr std::uint32_t kLabelsFirmware = 288;
+
+}  // namespace
+
+CDisplayModeDlg::CDisplayModeDlg(PanelContext context) : Page(res::kDisplayMode, context) {}
+
+bool CDisplayModeDlg::IsType13Or15() const {
+  return panel.identity.boxType == 13 || panel.identity.boxType == 15;
+}
+
+// On brand 8 the box's mode 5 is held as mode 9.
+std::uint8_t CDisplayModeDlg::ModeOfBox(std::uint8_t reported) const {
+  return panel.identity.brandCode == kBrandOfModes1To4And9 && reported == 5 ? 9 : reported;
+}
+
+// What was last used in the mode; 0 for none.
+std::uint8_t CDisplayModeDlg::CodeOf(std::uint8_t ofMode) const {
+  return ofMode >= 1 && ofMode <= kModes ? codeByMode[ofMode - 1U] : std::uint8_t{0};
+}
+
+void CDisplayModeDlg::Init(ui::SerialHandle serial) {
+  deviceHandle = panel.deviceHandle;
+  serialHandle = serial;
+  nineModes = 0;
+  BlockBuffer bytes{};
+  if (ReadBlock(block::kMultiView, 20, bytes)) {
+    mode = ModeOfBox(bytes[0]);
+    nineModes = bytes[1];
+  }
+  SetUpGroup(Window(), kMode, "Dispalye Mode", "Mode 1");  // the captions are deliberate
+  SetUpGroup(Window(), kMain, "Main Channel", "Channel 1");
+  SetUpGroup(Window(), kSub, "Sub Channel 1", "Channel 1");
+  SetUpGroup(Window(), kSub2, "Sub Channel 2", "Channel 2");
+  SetUpGroup(Window(), kLabels, "Input Lebels", "OFF");
+  for (const CyclingGroup& group : {kMode, kMain, kSub, kSub2, kLabels}) {
+    Window().SetFont(group.value, ui::kValueFont);
+  }
+  for (const LabelRow& row : kLabelRows) {
+    Window().SetFont(row.caption, ui::kCaptionFont);
+    Window().SetFont(row.edit, ui::kCaptionFont);
+    Window().SetText(row.caption, row.text);
+    Window().SetTextLimit(row.edit, static_cast<int>(kLabelLength));
+  }
+  ResetView();
+}
+
+// Brand 12 has room for the second sub picture whatever the number of modes.
+void CDisplayModeDlg::ResetView() {
+  HideEverything();
+  PlaceModeView(nineModes == 1 || panel.identity.brandCode == kBrandOfThreeChannels);
+  view = 0;
+}
+
+void CDisplayModeDlg::ShowView(int shownView) {
+  HideEverything();
+  if (shownView == 0) PlaceModeView(nineModes == 1);
+  if (shownView == 1) PlaceLabelsView();
+  view = shownView;
+}
+
+void CDisplayModeDlg::HideEverything() {
+  for (const CyclingGroup& group : {kMode, kMain, kSub, kSub2, kLabels}) {
+    ShowGroup(Window(), group, false);
+  }
+  for (const LabelRow& row : kLabelRows) {
+    Window().ShowControl(row.caption, false);
+    Window().ShowControl(row.edit, false);
+  }
+}
+
+void CDisplayModeDlg::PlaceModeView(bool withSub2) {
+  constexpr int kThreeTops[] = {35, 115, 195};
+  constexpr int kFourTops[] = {15, 85, 155, 225};
+  const int* top = withSub2 ? kFourTops : kThreeTops;
+  const auto place = [&](const CyclingGroup& group) {
+    PlaceGroup(Window(), group, {kLeft, *top++}, kNextX);
+    ShowGroup(Window(), group, true);
+  };
+  place(kMode);
+  place(kMain);
+  place(kSub);
+  if (withSub2) place(kSub2);
+}
+
+void CDisplayModeDlg::PlaceLabelsView() {
+  PlaceGroup(Window(), kLabels, {kLeft, 15}, kNextX);
+  ShowGroup(Window(), kLabels, true);
+  for (const LabelRow& row : kLabelRows) {
+    Window().PlaceControl(row.caption, {70, row.top, 110, 20});
+    Window().PlaceControl(row.edit, {180, row.top - 2, 240, 25});
+    Window().ShowControl(row.caption, true);
+    Window().ShowControl(row.edit, true);
+  }
+}
+
+void CDisplayModeDlg::OnShowFromMenu() {
+  WriteWord(word::kBoxMenu10, 3);
+  Refresh(serialHandle);
+}
+
+void CDisplayModeDlg::Refresh(ui::SerialHandle serial) {
+  serialHandle = serial;
+  if (IsType51()) {
+    ReadModeAndCodes();
+  } else if (IsType13Or15()) {
+    const bool modeAlone = panel.identity.brandCode == 2 && !HasInputLabels();
+    if (modeAlone || view == 0) {
+      ReadModeAndCodes();
+    } else if (view == 1) {
+      ReadLabels();
+    }
+  } else {
+    return;
+  }
+  ShowMode();
+  ShowChannelsOfCode();
+}
+
+void CDisplayModeDlg::ReadModeAndCodes() {
+  BlockBuffer bytes{};
+  if (ReadBlock(block::kMultiView, 20, bytes)) {
+    mode = ModeOfBox(bytes[0]);
+    lastMode = mode;
+  }
+  if (!ReadBlock(block::kChannelCodes, 20, bytes)) return;
+  for (std::size_t i = 0; i < kModes; ++i) codeByMode[i] = bytes[i];
+  code = CodeOf(mode);
+  lastCode = code;
+}
+
+void CDisplayModeDlg::ReadLabels() {
+  BlockBuffer bytes{};
+  if (ReadBlock(block::kInputLabelsState, 2, bytes)) {
+    labelsState = bytes[0];
+    ShowLabelsState();
+  }
+  std::uint8_t input = 0;
+  for (const LabelRow& row : kLabelRows) {
+    if (ReadBlock(block::kInputLabel, 60, bytes, input++)) {
+      Window().SetText(row.edit, TextOfLabel(std::span(bytes).first<kLabelLength>()));
+    }
+  }
+}
+
+void CDisplayModeDlg::ShowMode() {
+  if (IsType13Or15() && panel.identity.brandCode == kBrandOfModes1To4And9 && mode == 9) {
+    Window().SetText(kMode.value, kMode9OfBrand8);
+    return;
+  }
+  const ModeNameRow* row = FindRow(kModeNames, &ModeNameRow::mode, [&](const ModeNameRow& name) {
+    return name.mode == mode && name.boxType == panel.identity.boxType;
+  });
+  if (row != nullptr && row->mode != kTableEnd) Window().SetText(kMode.value, row->name);
+}
+
+void CDisplayModeDlg::ShowLabelsState() {
+  const LabelsStateRow* row =
+      FindRow(kLabelsStates, &LabelsStateRow::value,
+              [&](const LabelsStateRow& state) { return state.value == labelsState; });
+  if (row != nullptr && row->value != kTableEnd) Window().SetText(kLabels.value, row->name);
+}
+
+void CDisplayModeDlg::ShowNames(const ChannelChoice& choice) {
+  Window().SetText(kMain.value, ChannelName(choice.shown.main));
+  Window().SetText(kSub.value, ChannelName(choice.shown.sub));
+  Window().SetText(kSub2.value, ChannelName(choice.shown.sub2));
+}
+
+void CDisplayModeDlg::ShowChannelsOfCode() {
+  const auto choice = FindByCode(panel.identity.brandCode, panel.identity.boxType, mode, code);
+  if (!choice) return;
+  ShowNames(*choice);
+  channels = choice->channels;
+}
+
+// A combination that the table does not have keeps names and code; the numbers stay changed.
+void CDisplayModeDlg::ShowCodeOfChannels() {
+  const auto choice =
+      FindByChannels(panel.identity.brandCode, panel.identity.boxType, mode, channels);
+  if (!choice) return;
+  ShowNames(*choice);
+  code = choice->code;
+}
+
+void CDisplayModeDlg::OnCommand(int control, ui::Notification what) {
+  static constexpr CommandRow<CDisplayModeDlg> kCommands[] = {
+      {kMode.next, &CDisplayModeDlg::OnNextMode},
+      {kMain.next, &CDisplayModeDlg::OnNextMain},
+      {kSub.next, &CDisplayModeDlg::OnNextSub},
+      {kSub2.next, &CDisplayModeDlg::OnNextSub2},
+      {kLabels.next, &CDisplayModeDlg::OnNextLabelsState},
+  };
+  DispatchCommand(*this, kCommands, control, what);
+}
+
+std::uint8_t CDisplayModeDlg::NextMode() const {
+  const auto next = static_cast<std::uint8_t>(mode + 1);
+  if (IsType51()) return next > 4 ? 1 : next;
+  if (!IsType13Or15()) return next;
+  if (panel.identity.brandCode == kBrandOfModes1To4And9) {
+    if (next == 5) return 9;
+    return next > 9 ? 1 : next;
+  }
+  return next > (nineModes == 1 ? 9 : 5) ? 1 : next;
+}
+
+void CDisplayModeDlg::OnNextMode() {
+  mode = NextMode();
+  if (!IsType51() && !IsType13Or15()) return;
+  ShowMode();
+  code = CodeOf(mode);
+  if (IsType51() && code == 0) code = 1;
+  ShowChannelsOfCode();
+}
+
+void CDisplayModeDlg::OnNextMain() {
+  StepMain(channels, mode, panel.identity.brandCode);
+  ShowCodeOfChannels();
+}
+
+void CDisplayModeDlg::OnNextSub() {
+  StepSub(channels, mode, panel.identity.brandCode);
+  ShowCodeOfChannels();
+}
+
+void CDisplayModeDlg::OnNextSub2() {
+  StepSub2(channels, mode, panel.identity.brandCode);
+  ShowCodeOfChannels();
+}
+
+// The default labels are shown when the box reports them, but can't be chosen.
+void CDisplayModeDlg::OnNextLabelsState() {
+  labelsState = labelsState == 0 ? 1 : 0;
+  ShowLabelsState();
+  EnableLabels(labelsState == 1);
+}
+
+void CDisplayModeDlg::EnableLabels(bool enabled) {
+  for (const LabelRow& row : kLabelRows) Window().EnableControl(row.edit, enabled);
+}
+
+bool CDisplayModeDlg::WritesByView() const {
+  if (panel.identity.brandCode == 2) return HasInputLabels();
+  return panel.firmwareVersion > kLabelsFirmware;
+}
+
+void CDisplayModeDlg::Apply() {
+  if (IsType51()) {
+    WriteBlock(block::kDisplayMode, {mode});
+    WriteBlock(block::kChannelCodes, {code});
+    return;  // what is remembered stays as it was read
+  }
+  if (!IsType13Or15()) return;
+  if (!WritesByView() || view == 0) {
+    WriteModeAndCode();
+  } else if (view == 1) {
+    WriteLabels();
+  }
+  // The slot is that of the mode before, on purpose.
+  if (lastMode >= 1 && lastMode <= kModes) codeByMode[lastMode - 1U] = code;
+  lastCode = code;
+  lastMode = mode;
+}
+
+void CDisplayModeDlg::WriteModeAndCode() {
+  WriteWord(word::kDisplayMode, mode);
+  WriteWord(word::kChannelCode, code);
+}
+
+void CDisplayModeDlg::WriteLabels() {
+  std::array<std::uint8_t, 20> state = {labelsState};  // the other bytes carry no meaning
+  WriteBlock(block::kInputLabelsState, state);
+  if (labelsState == 0) EnableLabels(false);
+  if (labelsState != 1) return;
+  EnableLabels(true);
+  std::uint8_t input = 0;
+  for (const LabelRow& row : kLabelRows) {
+    WriteBlock(block::kInputLabel, CentredLabel(Window().Text(row.edit)), input++);
+  }
+}
+
+void CDisplayModeDlg::OnTimer(int /*timer*/) {
+  const int count = nineModes == 1 ? 9 : 5;  // never drawn itself
+  do {
+    mode = static_cast<std::uint8_t>(toolkit.Random() % count);
+  } while (mode == 0);
+  WriteWord(word::kDisplayMode, mode);
+}
+
+}  // namespace panelora

@@ -1,0 +1,79 @@
+#include "simulator/model_defaults.h"
+
+#include "device/properties.h"
+
+namespace panelora::simulator {
+
+namespace {
+
+const BlockDefault kBlockDefaults[] = {
+    {{14, 36, 51},
+     block::kInputFormatLittle,
+     {0x80, 0x07, 0x38, 0x04, 50, 0, 1}},  // 1920x1080 50.00p
+    {{13, 15, 51}, block::kMultiView, {1, 1, 1}},
+    {{50}, block::kInputFormat, {0x07, 0x80, 0x04, 0x38, 50, 0, 0}},
+    // Video settings: the second input, 1080p60, the first output source, full screen, no
+    // pass-through
+    {{17, 18, 19, 20, 21, 23, 24, 25, 27, 29, 30, 32, 33,
+      34, 35, 37, 38, 39, 40, 42, 43, 46, 47, 48, 49},
+     block::kVideoInputSource,
+     {1, 0}},
+    {{50}, block::kImageInput50, {2, 0}},
+    {{}, block::kVideoOutputFormat, {15, 0}},
+    {{}, block::kVideoOutputSource, {0, 0}},
+    {{}, block::kVideoAspectRatio, {1, 0}},
+    {{24, 34, 30, 43, 20, 33}, block::kVideoPassThrough, {0, 0}},
+    // Image adjustment
+    {{50}, block::kImagePosition50, {0x01, 0x2C, 0x00, 0x32}},
+    {{50, 24, 34}, block::kImageSize50, {100, 100}},
+    {{23, 42}, block::kImagePosition23, {0x01, 0x2C, 0x00, 0x32}},
+    {{23, 42}, block::kImageSize23, {100, 100}},
+    {{25, 29}, block::kImagePosition25, {0x01, 0x2C, 0x00, 0x32}},
+    {{25, 29}, block::kImageSize25, {100, 100}},
+    {{24, 34}, block::kImageSize24, {100, 100}},
+    // Audio: not muted, the second source, first level and channel, volumes in the middle
+    {{14, 17, 18, 20, 21, 23, 24, 25, 29, 30, 32, 33, 34, 35, 36, 42, 43, 46, 47, 48, 49, 52},
+     block::kAudioMute,
+     {0, 0}},
+    {{17, 18, 20, 23, 24, 25, 29, 30, 32, 33, 34, 35, 42, 43, 46, 47, 48, 49, 52},
+     block::kAudioOption10,
+     {1, 0}},
+    {{14, 36}, block::kAudioOption9, {1, 0}},
+    {{14, 24, 34, 36}, block::kAudioOption7, {0, 0}},
+    {{18, 29, 32}, block::kAudioOption32, {2, 0}},
+    {{14}, block::kAudioOption32, {0, 0}},
+    {{46, 47, 48, 49, 52}, block::kAudioVolumes, {50, 50}},
+    {{25, 29}, block::kAudioInputVolumes, {50, 50, 0}},
+    {{24, 34}, block::kAudioOutputLevel, {62, 0}},
+    // Unit settings of the models that take their commands by block
+    {{14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 50, 51}, block::kSetting21, {1, 0}},
+    {{14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 50, 51}, block::kNoSignal, {1, 0}},
+    // TV wall: 2 by 2, the first screen
+    {{37, 38, 39, 40, 46, 47, 48, 49}, block::kWall, {2, 0}},
+    {{14, 36}, block::kWallInput, {2, 0}},
+    // Multi-view: the first combination of every mode, labels off, 1080p in full range
+    {{13, 15, 51}, block::kChannelCodes, {1, 1, 1, 1, 1, 1, 1, 1, 1, 1}},
+    {{13, 15, 51}, block::kInputLabelsState, {0, 0}},
+    {{51}, block::kPipOption, {0, 0}},
+    {{51}, block::kPipOutputFormat, {4, 0}},
+};
+
+const WordDefault kWordDefaults[] = {
+    {{}, word::kFormatCode, 10},
+    {{}, word::kOutputFormatReport, 15},
+    {{24, 34, 30, 43, 20, 33}, word::kPassThroughReport, 0},
+    {{24, 34}, word::kImageAspect, 3},
+    {{18, 20, 30, 32, 33, 43}, word::kWallSize, 2},
+    {{18, 20, 30, 32, 33, 43}, word::kWallTile, 0},
+    {{17, 35}, word::kWallSizeInput, 2},
+    {{17, 35}, word::kWallTileInput, 0},
+    {{13, 15}, word::kPipOption, 1},
+    {{13, 15}, word::kPipOutputFormat, 4},
+};
+
+}  // namespace
+
+std::span<const BlockDefault> BlockDefaults() { return kBlockDefaults; }
+std::span<const WordDefault> WordDefaults() { return kWordDefaults; }
+
+}  // namespace panelora::simulator
