@@ -435,26 +435,32 @@ void CMainDlg::ShowTvWall() {
   tvWall.Show(true);
 }
 
-// A failed read keeps the earlier layout.
+// A failed read keeps the earlier layout, and so does a size that no wall has: what is shown can
+// still be pressed.
 void CMainDlg::ReadWallLayout() {
   const WallStore* store = FindWallStore(panel.identity.boxType);
   if (store == nullptr) return;
+  std::uint32_t size = panel.wallSize;
+  std::uint32_t tile = panel.tilePosition;
   if (store->block != 0) {
     BlockBuffer wall{};
     if (device.GetKiraboxProperty(panel.deviceHandle, store->block, kNoSub, 20, wall) == kSuccess) {
-      panel.wallSize = wall[0];
-      panel.tilePosition = wall[1];
+      size = wall[0];
+      tile = wall[1];
     }
-    return;
+  } else {
+    const auto read = [&](std::uint32_t item, std::uint32_t& value) {
+      WordBuffer words{};
+      if (device.GetBoxProperty(panel.deviceHandle, kBoxGroup, item, words) == kSuccess) {
+        value = words[0] & 0xFF;
+      }
+    };
+    read(store->sizeItem, size);
+    read(store->tileItem, tile);
   }
-  const auto read = [&](std::uint32_t item, std::uint32_t& value) {
-    WordBuffer words{};
-    if (device.GetBoxProperty(panel.deviceHandle, kBoxGroup, item, words) == kSuccess) {
-      value = words[0] & 0xFF;
-    }
-  };
-  read(store->sizeItem, panel.wallSize);
-  read(store->sizeItem + 1, panel.tilePosition);
+  if (size < 1 || size > kMaxWallSize) return;
+  panel.wallSize = size;
+  panel.tilePosition = tile;
 }
 
 void CMainDlg::ShowPip() {

@@ -197,7 +197,8 @@ int BoxModel::SetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint
   }
   if (TakesModeByWord(identity.boxType) && item == word::kDisplayMode) {
     const bool asMode5 = identity.brandCode == kBrandOfMode9As5 && value == 9;
-    Block(block::kMultiView)[0] = static_cast<std::uint8_t>(asMode5 ? 5 : value);
+    std::vector<std::uint8_t>& multiView = Block(block::kMultiView);
+    if (!multiView.empty()) multiView[0] = static_cast<std::uint8_t>(asMode5 ? 5 : value);
     return kSuccess;
   }
   if (TakesModeByWord(identity.boxType) && item == word::kChannelCode) {
@@ -235,7 +236,8 @@ bool BoxModel::StoreMultiView(std::uint8_t property, std::uint8_t length,
 
 // Each mode remembers the combination that was last used in it.
 void BoxModel::StoreChannelCode(std::uint8_t code) {
-  const std::uint8_t reported = Block(block::kMultiView)[0];
+  const std::vector<std::uint8_t>& multiView = Block(block::kMultiView);
+  const std::uint8_t reported = multiView.empty() ? std::uint8_t{0} : multiView[0];
   const bool isMode9 = identity.brandCode == kBrandOfMode9As5 && reported == 5;
   const std::size_t slot = isMode9 ? 9 : reported;
   std::vector<std::uint8_t>& codes = Block(block::kChannelCodes);

@@ -6,6 +6,11 @@ namespace {
 
 constexpr std::uint8_t kInputs = 4;
 
+// One more, from 4 or anything above it to 1.
+std::uint8_t NextInput(std::uint8_t number) {
+  return number >= kInputs ? std::uint8_t{1} : static_cast<std::uint8_t>(number + 1);
+}
+
 void WrapAbove(std::uint8_t& number, std::uint8_t greatest, std::uint8_t first) {
   if (number > greatest) number = first;
 }
@@ -26,18 +31,19 @@ Rule RuleOf(std::uint8_t mode, std::uint8_t brandCode) {
   return mode == 4 ? Rule::kThreeOrderly : Rule::kMainAndSub;
 }
 
-// 1 and 2 are a pair, 3 and 4 the other.
+// 1 and 2 are a pair, 3 and 4 the other; of the inputs 1 to 4.
 std::uint8_t PartnerOf(std::uint8_t number) {
   return static_cast<std::uint8_t>(number % 2 == 0 ? number - 1 : number + 1);
 }
 
-// The second sub picture comes from the pair that main and sub are not.
+// The second sub picture goes round in the pair that the main picture is not of.
 void WrapIntoOtherPair(Channels& channels) {
   if (channels.main == 1 || channels.main == 2) WrapAbove(channels.sub2, 4, 3);
   if (channels.main == 3 || channels.main == 4) WrapAbove(channels.sub2, 2, 1);
 }
 
-void KeepSub2OutOfPair(Channels& channels) {
+// Moves the second sub picture on by one when main or sub has taken its channel.
+void MoveTakenSub2(Channels& channels) {
   if (channels.main != channels.sub2 && channels.sub != channels.sub2) return;
   ++channels.sub2;
   WrapIntoOtherPair(channels);
@@ -128,12 +134,11 @@ void StepSub2OfThree(Channels& channels) {
 
 void StepMain(Channels& channels, std::uint8_t mode, std::uint8_t brandCode) {
   auto& [main, sub, sub2] = channels;
-  ++main;
-  WrapAbove(main, kInputs, 1);
+  main = NextInput(main);
   const Rule rule = RuleOf(mode, brandCode);
   if (rule == Rule::kPairs) {
     sub = PartnerOf(main);
-    KeepSub2OutOfPair(channels);
+    MoveTakenSub2(channels);
   } else if (rule == Rule::kThree) {
     constexpr Channels kFirst[] = {{1, 2, 3}, {2, 1, 3}, {3, 1, 2}, {4, 1, 2}};
     channels = kFirst[main - 1];
@@ -148,23 +153,17 @@ void StepMain(Channels& channels, std::uint8_t mode, std::uint8_t brandCode) {
 }
 
 void StepSub(Channels& channels, std::uint8_t mode, std::uint8_t brandCode) {
-  ++channels.sub;
-  switch (RuleOf(mode, brandCode)) {
-    case Rule::kPairs:
-      WrapAbove(channels.sub, kInputs, 1);
-      channels.main = PartnerOf(channels.sub);
-      KeepSub2OutOfPair(channels);
-      break;
-    case Rule::kThree:
-      StepSubOfThree(channels);
-      break;
-    case Rule::kThreeOrderly:
-      StepSubOrderly(channels);
-      break;
-    case Rule::kMainAndSub:
-      SkipMain(channels);
-      break;
+  const Rule rule = RuleOf(mode, brandCode);
+  if (rule == Rule::kPairs) {
+    channels.sub = NextInput(channels.sub);
+    channels.main = PartnerOf(channels.sub);
+    MoveTakenSub2(channels);
+    return;
   }
+  ++channels.sub;
+  if (rule == Rule::kThree) StepSubOfThree(channels);
+  if (rule == Rule::kThreeOrderly) StepSubOrderly(channels);
+  if (rule == Rule::kMainAndSub) SkipMain(channels);
 }
 
 void StepSub2(Channels& channels, std::uint8_t mode, std::uint8_t brandCode) {
@@ -172,14 +171,11 @@ void StepSub2(Channels& channels, std::uint8_t mode, std::uint8_t brandCode) {
   ++sub2;
   switch (RuleOf(mode, brandCode)) {
     case Rule::kPairs:
+    case Rule::kThreeOrderly:
       WrapIntoOtherPair(channels);
       break;
     case Rule::kThree:
       StepSub2OfThree(channels);
-      break;
-    case Rule::kThreeOrderly:
-      if (main == 1 || main == 2) WrapAbove(sub2, 4, 3);
-      if (main == 3 || main == 4) WrapAbove(sub2, 2, 1);
       break;
     case Rule::kMainAndSub:
       // It is the first sub picture that is moved off the main one: deliberate.

@@ -20,16 +20,17 @@ constexpr int kLeft = 70;
 constexpr int kNextX = 380;
 
 struct LabelRow {
+  std::uint8_t sub;  // of block::kInputLabel
   int caption;
   int edit;
   const char* text;
   int top;
 };
 constexpr LabelRow kLabelRows[] = {
-    {1056, 1109, "Input 1 Labels :", 105},
-    {1057, 1110, "Input 2 Labels :", 155},
-    {1058, 1111, "Input 3 Labels :", 205},
-    {1059, 1112, "Input 4 Labels :", 255},
+    {0, 1056, 1109, "Input 1 Labels :", 105},
+    {1, 1057, 1110, "Input 2 Labels :", 155},
+    {2, 1058, 1111, "Input 3 Labels :", 205},
+    {3, 1059, 1112, "Input 4 Labels :", 255},
 };
 
 struct ModeNameRow {
@@ -60,7 +61,7 @@ constexpr LabelsStateRow kLabelsStates[] = {
 constexpr std::uint8_t kBrandOfModes1To4And9 = 8;
 constexpr char kMode9OfBrand8[] = "Mode 5\t\t\t";
 
-// Firmware above which the labels can be written.
+// Firmware above which brands other than 2 take labels.
 constexpr std::uint32_t kLabelsFirmware = 288;
 
 }  // namespace
@@ -73,7 +74,8 @@ bool CDisplayModeDlg::IsType13Or15() const {
 
 // On brand 8 the box's mode 5 is held as mode 9.
 std::uint8_t CDisplayModeDlg::ModeOfBox(std::uint8_t reported) const {
-  return panel.identity.brandCode == kBrandOfModes1To4And9 && reported == 5 ? 9 : reported;
+  const bool held = IsType13Or15() && panel.identity.brandCode == kBrandOfModes1To4And9;
+  return held && reported == 5 ? std::uint8_t{9} : reported;
 }
 
 // What was last used in the mode; 0 for none.
@@ -87,7 +89,7 @@ void CDisplayModeDlg::Init(ui::SerialHandle serial) {
   nineModes = 0;
   BlockBuffer bytes{};
   if (ReadBlock(block::kMultiView, 20, bytes)) {
-    mode = ModeOfBox(bytes[0]);
+    mode = bytes[0];
     nineModes = bytes[1];
   }
   SetUpGroup(Window(), kMode, "Dispalye Mode", "Mode 1");  // the captions are deliberate
@@ -102,6 +104,7 @@ void CDisplayModeDlg::Init(ui::SerialHandle serial) {
     Window().SetFont(row.caption, ui::kCaptionFont);
     Window().SetFont(row.edit, ui::kCaptionFont);
     Window().SetText(row.caption, row.text);
+    Window().SetText(row.edit, "");
     Window().SetTextLimit(row.edit, static_cast<int>(kLabelLength));
   }
   ResetView();
@@ -149,7 +152,7 @@ void CDisplayModeDlg::PlaceLabelsView() {
   PlaceGroup(Window(), kLabels, {kLeft, 15}, kNextX);
   ShowGroup(Window(), kLabels, true);
   for (const LabelRow& row : kLabelRows) {
-    Window().PlaceControl(row.caption, {70, row.top, 110, 20});
+    Window().PlaceControl(row.caption, {kLeft, row.top, 110, 20});
     Window().PlaceControl(row.edit, {180, row.top - 2, 240, 25});
     Window().ShowControl(row.caption, true);
     Window().ShowControl(row.edit, true);
@@ -197,9 +200,8 @@ void CDisplayModeDlg::ReadLabels() {
     labelsState = bytes[0];
     ShowLabelsState();
   }
-  std::uint8_t input = 0;
   for (const LabelRow& row : kLabelRows) {
-    if (ReadBlock(block::kInputLabel, 60, bytes, input++)) {
+    if (ReadBlock(block::kInputLabel, 60, bytes, row.sub)) {
       Window().SetText(row.edit, TextOfLabel(std::span(bytes).first<kLabelLength>()));
     }
   }
@@ -211,9 +213,9 @@ void CDisplayModeDlg::ShowMode() {
     return;
   }
   const ModeNameRow* row = FindRow(kModeNames, &ModeNameRow::mode, [&](const ModeNameRow& name) {
-    return name.mode == mode && name.boxType == panel.identity.boxType;
+    return name.boxType == panel.identity.boxType && name.mode == mode;
   });
-  if (row != nullptr && row->mode != kTableEnd) Window().SetText(kMode.value, row->name);
+  if (row != nullptr) Window().SetText(kMode.value, row->name);
 }
 
 void CDisplayModeDlg::ShowLabelsState() {
@@ -336,9 +338,8 @@ void CDisplayModeDlg::WriteLabels() {
   if (labelsState == 0) EnableLabels(false);
   if (labelsState != 1) return;
   EnableLabels(true);
-  std::uint8_t input = 0;
   for (const LabelRow& row : kLabelRows) {
-    WriteBlock(block::kInputLabel, CentredLabel(Window().Text(row.edit)), input++);
+    WriteBlock(block::kInputLabel, CentredLabel(Window().Text(row.edit)), row.sub);
   }
 }
 

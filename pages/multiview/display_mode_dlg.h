@@ -1,7 +1,8 @@
 // The Display Mode page (template 109): how the output is composed of the four inputs, and on boxes
 // that have them the input labels. The ">>" buttons change the page alone; Apply writes.
 //
-// Models: 13, 15 and 51. Only what Init and OnShowFromMenu do reaches boxes of other types.
+// Models: 13, 15 and 51. Boxes of other types are only asked for their modes and told that the page
+// is open.
 #pragma once
 
 #include <array>
@@ -29,7 +30,7 @@ class CDisplayModeDlg final : public Page {
   // Writes mode and code, or the labels in their view, and remembers the code.
   void Apply() override;
 
-  // The box has no other way to restore the display mode.
+  // Opening the function is the box's only restore.
   void RestoreDefaults() override { OnShowFromMenu(); }
 
   // 0 shows the display mode, 1 the input labels, anything else nothing.
@@ -77,7 +78,7 @@ class CDisplayModeDlg final : public Page {
   std::uint8_t mode = 1;         // 1 to 9
   std::uint8_t nineModes = 0;    // 1 = modes 1 to 9, anything else 1 to 5
   std::uint8_t lastMode = 1;     // as last read from or written to the box
-  std::uint8_t lastCode = 1;     // the same
+  std::uint8_t lastCode = 1;     // the same; nothing reads it
   std::uint8_t code = 1;         // combination code of the channels, 1 to 12
   std::uint8_t labelsState = 0;  // 0 off, 1 on, 2 the box's default labels
   Channels channels;

@@ -1,4 +1,9 @@
-// The Genlock page (template 112): what the box locks its output timing to.
+// The Genlock page (template 112): what the box locks its output timing to, the termination of the
+// reference input, and the delays of the output against the reference. Sliders, "<<", ">>" and
+// Enter send the delays at once as a preview; Apply sends mode and delays as final.
+//
+// Models: 39, 40 and 46 to 50; 20 and 33; 30 and 43. Each of these groups has properties of its
+// own. The sync mode is shown where its names are known: on 30, 43, 39 and 40.
 #pragma once
 
 #include "pages/page.h"
@@ -6,18 +11,75 @@
 
 namespace panelora {
 
+struct GenlockGroup;
+
 class CGenlockDlg final : public Page {
  public:
   explicit CGenlockDlg(PanelContext context) : Page(res::kGenlock, context) {}
 
-  // Copies the device handle.
-  void Init() { deviceHandle = panel.deviceHandle; }
+  // Copies the device handle, sets fonts and captions and reads the box.
+  void Init();
 
-  // The page was opened from the Video menu.
-  void OnShowFromMenu() { Refresh(serialHandle); }
+  // Opens the function on the box, then refreshes.
+  void OnShowFromMenu();
 
-  // The operator leaves the page without applying.
-  void RestoreDelays() {}
+  // Reads the box. A failed read keeps value and text, a value without a row keeps the text.
+  void Refresh(ui::SerialHandle serial) override;
+
+  // Writes the genlock mode, then the delays as typed, as final. An edit without a number ends it
+  // between the two.
+  void Apply() override;
+
+  void RestoreDefaults() override { OnShowFromMenu(); }
+
+  // Writes the delays as they are and shows them; `final` = not a preview.
+  void SendDelays(bool final);
+
+  // The operator leaves the page: what was sent as a preview alone is taken back.
+  void RestoreDelays();
+
+  void OnCommand(int control, ui::Notification what) override;
+  void OnSliderReleased(int slider) override;
+
+  // Enter sends what was typed as a preview. Both keys are consumed.
+  bool OnKey(ui::Key key) override;
+
+ private:
+  void OnNextGenlockMode();
+  void OnNextSyncMode();
+  void OnVerticalUp() { Step(vDelay, vDelayMax, 1); }
+  void OnVerticalDown() { Step(vDelay, vDelayMax, -1); }
+  void OnHorizontalUp() { Step(hDelay, hDelayMax, 1); }
+  void OnHorizontalDown() { Step(hDelay, hDelayMax, -1); }
+
+  void ReadBox();
+  void ReadMode(const GenlockGroup& group);
+  void ReadLockAndInput();
+  void ReadDelays(const GenlockGroup& group);
+  void ChooseRanges();
+  void EnableDelays();
+  void ShowGenlockMode();
+  void ShowSyncMode();
+  void ShowSliders();
+  void ShowDelays();
+  void Step(std::uint16_t& value, std::uint16_t maximum, int step);
+  void TakeSlider(int slider, std::uint16_t& value);
+  bool TakeEdits();
+
+  std::uint8_t genlockMode = 0;     // 0 free-run, 1 and 2 a reference by type
+  std::uint8_t syncMode = 0;        // 0 75 ohms, 1 open
+  std::uint8_t outputCode = 0;      // output format
+  std::uint8_t inputCode = 0;       // reference format
+  std::uint8_t hDelayAllowed = 0;   // 1 = the reference allows a horizontal delay
+  std::uint16_t lines = 0;          // a frame of the output
+  std::uint16_t clocks = 0;         // a line of the output
+  std::uint16_t vDelay = 0;         // lines
+  std::uint16_t hDelay = 0;         // clocks
+  std::uint16_t vDelayApplied = 0;  // what the box has as final
+  std::uint16_t hDelayApplied = 0;  // the same
+  std::uint16_t vDelayMax = 0;      // lines, 0 in free-run
+  std::uint16_t hDelayMax = 0;      // clocks, 0 in free-run and where it is not allowed
+  BlockBuffer referenceFormat{};    // the last answer
 };
 
 }  // namespace panelora

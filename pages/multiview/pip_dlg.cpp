@@ -133,6 +133,7 @@ int CPIPDlg::ScaleOf(const Side& side) const { return side.horizontal && display
 void CPIPDlg::Init(ui::SerialHandle serial) {
   deviceHandle = panel.deviceHandle;
   serialHandle = serial;
+  displayMode = 0;  // another box may have another
   for (const Channel& channel : kChannels) {
     Window().SetFont(channel.frame, ui::kCaptionFont);
     Window().SetText(channel.frame, channel.title);
@@ -149,7 +150,7 @@ void CPIPDlg::Init(ui::SerialHandle serial) {
 void CPIPDlg::OnShowFromMenu() {
   BlockOfInset firstPlace;
   firstPlace.fill(0xFF);
-  if (IsType51() || IsType13Or15()) {
+  if (HasPip()) {
     WriteBlock(block::kPipWindow1, firstPlace);
     if (IsType13Or15()) WriteWord(word::kBoxMenu10, 2);
     if (HasSecondInset()) WriteBlock(block::kPipWindow2, firstPlace);
@@ -164,7 +165,7 @@ void CPIPDlg::Refresh(ui::SerialHandle serial) {
   ReadInsets();
   ChooseFrame();
   ShowValues(kChannels[0], ch1);
-  ShowValues(kChannels[1], ch2);
+  if (HasSecondInset()) ShowValues(kChannels[1], ch2);
 }
 
 void CPIPDlg::ReadBox() {
@@ -214,7 +215,7 @@ void CPIPDlg::ChooseFrame() {
     minWidth = row.minWidth;
     minHeight = row.minHeight;
   }
-  // Whatever the list says: every box scales an inset down to this, on purpose.
+  // Deliberate: the list's own minimums don't count.
   minWidth = 204;
   minHeight = 160;
 }
@@ -309,11 +310,13 @@ void CPIPDlg::TakeSize(const Side& side, PipWindow& inset) {
   Window().SetText(side.position.label, ui::Format("%d\n", greatest));
 }
 
+// The first inset is written big-endian on the types 13 and 15 although it is read little-endian:
+// the box's own way.
 void CPIPDlg::Apply() {
-  if (!TakeEdits(kChannels[0], ch1)) return;
-  WriteFirstInset();
+  if (!HasPip() || !TakeEdits(kChannels[0], ch1)) return;
+  WriteBlock(block::kPipWindow1, IsType51() ? LittleEndianBytes(ch1) : BigEndianBytes(ch1));
   if (!HasSecondInset() || !TakeEdits(kChannels[1], ch2)) return;
-  if (IsType51() || IsType13Or15()) WriteBlock(block::kPipWindow2, BigEndianBytes(ch2));
+  WriteBlock(block::kPipWindow2, BigEndianBytes(ch2));
 }
 
 // False when an edit holds no number; nothing is stored then.
@@ -333,23 +336,19 @@ bool CPIPDlg::TakeEdits(const Channel& channel, PipWindow& inset) {
 // the value from before, not the one that is stored: deliberate.
 void CPIPDlg::LimitAndStore(const Side& side, PipWindow& inset, int position, int size) {
   const int scale = ScaleOf(side);
-  const auto limit = [&](const Row& row, std::uint16_t& value, int number, int least, int greatest,
-                         int shownTimes) {
-    const int limited = std::clamp(number, least, greatest);
-    if (limited != number) Window().SetText(row.edit, ui::Format("%04d", shownTimes * value));
+  const auto store = [&](std::uint16_t& value, int typed, int least, int greatest, int edit,
+                         int shown) {
+    const int limited = std::clamp(typed, least, greatest);
+    if (limited != typed) Window().SetText(edit, ui::Format("%04d", shown));
     value = static_cast<std::uint16_t>(limited);
   };
-  limit(side.size, inset.*side.sizeField, size / scale, MinimumOf(side), FrameOf(side) / scale,
-        scale);
-  const int greatest = FrameOf(side) - scale * (inset.*side.sizeField);
-  limit(side.position, inset.*side.positionField, position, 0, greatest, 1);
+  std::uint16_t& storedSize = inset.*side.sizeField;
+  std::uint16_t& storedPosition = inset.*side.positionField;
+  store(storedSize, size / scale, MinimumOf(side), FrameOf(side) / scale, side.size.edit,
+        scale * storedSize);
+  store(storedPosition, position, 0, FrameOf(side) - scale * storedSize, side.position.edit,
+        storedPosition);
   ShowSliders(side, inset);
-}
-
-// Written big-endian on the types 13 and 15 although it is read little-endian: the box's own way.
-void CPIPDlg::WriteFirstInset() {
-  if (IsType51()) WriteBlock(block::kPipWindow1, LittleEndianBytes(ch1));
-  if (IsType13Or15()) WriteBlock(block::kPipWindow1, BigEndianBytes(ch1));
 }
 
 }  // namespace panelora

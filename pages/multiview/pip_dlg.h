@@ -45,6 +45,7 @@ class CPIPDlg final : public Page {
   struct Side;
   struct Channel;
 
+  bool HasPip() const { return IsType51() || IsType13Or15(); }
   bool HasInset() const { return displayMode == 4 || displayMode == 6 || displayMode == 7; }
   bool HasSecondInset() const { return displayMode == 6; }
   bool IsType51() const { return panel.identity.boxType == 51; }
@@ -62,7 +63,6 @@ class CPIPDlg final : public Page {
   void TakeSize(const Side& side, PipWindow& inset);
   bool TakeEdits(const Channel& channel, PipWindow& inset);
   void LimitAndStore(const Side& side, PipWindow& inset, int position, int size);
-  void WriteFirstInset();
   int FrameOf(const Side& side) const;
   int MinimumOf(const Side& side) const;
   int ScaleOf(const Side& side) const;

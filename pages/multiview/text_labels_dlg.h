@@ -1,4 +1,5 @@
-// The Text Labels page (template 115): the on-screen text label.
+// The Text Labels page (template 115): the on-screen text label and whether it is shown. Apply
+// writes both.
 #pragma once
 
 #include "pages/page.h"
@@ -10,11 +11,27 @@ class CTextLabelsDlg final : public Page {
  public:
   explicit CTextLabelsDlg(PanelContext context) : Page(res::kTextLabels, context) {}
 
-  // Copies the device handle.
-  void Init() { deviceHandle = panel.deviceHandle; }
+  // Copies the device handle, sets fonts, captions and places.
+  void Init();
 
-  // The page was opened from the Video menu.
-  void OnShowFromMenu() { Refresh(serialHandle); }
+  // Opens the function on the box, whatever its type, then refreshes.
+  void OnShowFromMenu();
+
+  // Reads the label; a failed read changes nothing.
+  void Refresh(ui::SerialHandle serial) override;
+
+  void Apply() override;
+
+  void RestoreDefaults() override { OnShowFromMenu(); }
+
+  void OnCommand(int control, ui::Notification what) override;
+
+ private:
+  void OnNextState();
+  void ShowState();
+  void EnableLabel();
+
+  std::uint8_t labelState = 0;  // 0 off, 1 on, 2 the box's default label
 };
 
 }  // namespace panelora

@@ -25,7 +25,7 @@ constexpr Grid kGrids[] = {
 };
 
 const Grid* GridOf(std::uint32_t wallSize) {
-  return wallSize >= 1 && wallSize <= 4 ? &kGrids[wallSize - 1] : nullptr;
+  return wallSize >= 1 && wallSize <= kMaxWallSize ? &kGrids[wallSize - 1] : nullptr;
 }
 
 ui::Rect PlaceOf(const Grid& grid, int tile) {
@@ -33,8 +33,9 @@ ui::Rect PlaceOf(const Grid& grid, int tile) {
           grid.tileWidth, grid.tileHeight};
 }
 
-std::string PictureOf(int size, int tile, char state) {
-  return ui::Format("WND%dX%d_%02d_%c", size, size, tile, state);
+// The single tile has but one picture.
+std::string PictureOf(int size, int tile, bool chosen) {
+  return ui::Format("WND%dX%d_%02d_%c", size, size, tile, chosen && size > 1 ? 'D' : 'U');
 }
 
 }  // namespace
@@ -60,23 +61,20 @@ void CTVWallDlg::Layout() {
     const bool shown = tile < Tiles();
     if (shown) {
       Window().PlaceControl(kFirstTile + tile, PlaceOf(*grid, tile));
-      const std::string up = PictureOf(grid->size, tile, 'U');
-      const bool single = grid->size == 1;  // has no picture of the pressed tile
-      Window().SetPictures(kFirstTile + tile, up, single ? up : PictureOf(grid->size, tile, 'D'));
+      Window().SetPictures(kFirstTile + tile, PictureOf(grid->size, tile, false),
+                           PictureOf(grid->size, tile, true));
     }
     Window().ShowControl(kFirstTile + tile, shown);
   }
 }
 
 // One picture for released and pressed, so that a chosen tile stays drawn as chosen.
-void CTVWallDlg::ShowTile(int tile, bool chosen) {
+void CTVWallDlg::ShowChosen(int chosen) {
   const int size = static_cast<int>(panel.wallSize);
-  const std::string picture = PictureOf(size, tile, chosen && size > 1 ? 'D' : 'U');
-  Window().SetPictures(kFirstTile + tile, picture, picture);
-}
-
-void CTVWallDlg::ShowChosen(int tile) {
-  for (int other = 0; other < Tiles(); ++other) ShowTile(other, other == tile);
+  for (int tile = 0; tile < Tiles(); ++tile) {
+    const std::string picture = PictureOf(size, tile, tile == chosen);
+    Window().SetPictures(kFirstTile + tile, picture, picture);
+  }
 }
 
 void CTVWallDlg::OnMousePress(int control) {
@@ -96,7 +94,7 @@ void CTVWallDlg::WriteChoice() {
     return;
   }
   WriteWord(store->sizeItem, panel.wallSize);
-  WriteWord(store->sizeItem + 1, panel.tilePosition);
+  WriteWord(store->tileItem, panel.tilePosition);
 }
 
 }  // namespace panelora

@@ -30,8 +30,7 @@ class CTVWallDlg final : public Page {
 
  private:
   int Tiles() const;
-  void ShowTile(int tile, bool chosen);
-  void ShowChosen(int tile);
+  void ShowChosen(int chosen);
   void WriteChoice();
 };
 

@@ -8,19 +8,35 @@
 
 namespace panelora {
 
+// Screens along each side of the greatest wall.
+constexpr std::uint32_t kMaxWallSize = 4;
+
 struct WallStore {
   std::uint8_t boxType;
-  std::uint8_t block;      // byte 0 size 1-4, byte 1 tile 0-15; 0 = word items instead
-  std::uint32_t sizeItem;  // the tile's item is the next one
+  std::uint8_t block;  // byte 0 size 1-4, byte 1 tile 0-15; 0 = word items instead
+  std::uint32_t sizeItem;
+  std::uint32_t tileItem;
 };
 
 inline constexpr WallStore kWallStores[] = {
-    {18, 0, word::kWallSize},      {32, 0, word::kWallSize},   {46, block::kWall, 0},
-    {47, block::kWall, 0},         {48, block::kWall, 0},      {49, block::kWall, 0},
-    {39, block::kWall, 0},         {40, block::kWall, 0},      {37, block::kWall, 0},
-    {38, block::kWall, 0},         {14, block::kWallInput, 0}, {36, block::kWallInput, 0},
-    {20, 0, word::kWallSize},      {33, 0, word::kWallSize},   {17, 0, word::kWallSizeInput},
-    {35, 0, word::kWallSizeInput}, {30, 0, word::kWallSize},   {43, 0, word::kWallSize},
+    {18, 0, word::kWallSize, word::kWallTile},
+    {32, 0, word::kWallSize, word::kWallTile},
+    {46, block::kWall, 0, 0},
+    {47, block::kWall, 0, 0},
+    {48, block::kWall, 0, 0},
+    {49, block::kWall, 0, 0},
+    {39, block::kWall, 0, 0},
+    {40, block::kWall, 0, 0},
+    {37, block::kWall, 0, 0},
+    {38, block::kWall, 0, 0},
+    {14, block::kWallInput, 0, 0},
+    {36, block::kWallInput, 0, 0},
+    {20, 0, word::kWallSize, word::kWallTile},
+    {33, 0, word::kWallSize, word::kWallTile},
+    {17, 0, word::kWallSizeInput, word::kWallTileInput},
+    {35, 0, word::kWallSizeInput, word::kWallTileInput},
+    {30, 0, word::kWallSize, word::kWallTile},
+    {43, 0, word::kWallSize, word::kWallTile},
 };
 
 // Null for models that are no part of a wall.

@@ -1,6 +1,7 @@
 #include "pages/status/information_dlg.h"
 
 #include "device/byte_order.h"
+#include "pages/format_text.h"
 #include "pages/option_table.h"
 #include "res/dialog_templates.h"
 #include "ui/text.h"
@@ -8,8 +9,6 @@
 namespace panelora {
 
 namespace {
-
-constexpr char kNoSignal[] = "-  NO SIGNAL  -";
 
 constexpr int kGroup = 1016;
 constexpr int kFormatCaption = 1003;
@@ -159,24 +158,17 @@ constexpr std::uint8_t kAddressBrand26 = 3;
 
 }  // namespace
 
-std::string FormatText(int width, int height, int rate, int hundredths, const char* scan) {
-  if (width == 0 || height == 0) return kNoSignal;
-  const std::string size = ui::Format("%dx%d", width, height);
-  if (rate < 100) return ui::Format("%s %3d.%02d%s", size.c_str(), rate, hundredths, scan);
-  return ui::Format("%s %4d.0%s", size.c_str(), rate, scan);
-}
-
 std::string FirmwareText(std::uint32_t version) {
   return ui::Format("%X.%X.%X.%X", (version >> 12) & 0xF, (version >> 8) & 0xF,
                     (version >> 4) & 0xF, version & 0xF);
 }
 
 std::string InputFormatName(std::uint8_t boxType, std::uint8_t code, bool divided) {
-  if (boxType == 19 && code >= kFirstMissingCode19) return kNoSignal;
+  if (boxType == 19 && code >= kFirstMissingCode19) return kNoSignalText;
   const FormatNameRow* row = FindRow(
       kFormatNames, &FormatNameRow::code,
       [&](const FormatNameRow& each) { return each.code == code && each.code != kTableEnd; });
-  if (row == nullptr) return kNoSignal;
+  if (row == nullptr) return kNoSignalText;
   return divided ? row->dividedName : row->name;
 }
 

@@ -40,10 +40,6 @@ class CInformationDlg final : public Page {
   BlockBuffer inputFormat{};          // the last answer; a failed read shows it again
 };
 
-// "1920x1080  59.94p" from width and height in pixels, rate in Hz and hundredths, and the letter of
-// the scan; the no-signal text when width or height is 0. Shared with the Genlock page's reference.
-std::string FormatText(int width, int height, int rate, int hundredths, const char* scan);
-
 // "0.1.1.2" from 0x0112: four hexadecimal digits, most significant first.
 std::string FirmwareText(std::uint32_t version);
 

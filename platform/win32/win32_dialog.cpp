@@ -212,7 +212,7 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
     case WM_TIMER:
       events.OnTimer(static_cast<int>(wParam));
-      return TRUE;
+      return FALSE;
     case WM_SYSCOMMAND:
       return events.OnSystemCommand(static_cast<int>(wParam & 0xFFF0)) ? TRUE : FALSE;
     case WM_CLOSE:

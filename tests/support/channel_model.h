@@ -1,5 +1,5 @@
-// What the Display Mode page must show and send, written a second time and in another way: the
-// tables as the lists that the box's makers give, the rules as they are told, case by case.
+// What the Display Mode page must show and send, written a second time and in another way: rows as
+// strings of digits, rules case by case.
 #pragma once
 
 #include <map>

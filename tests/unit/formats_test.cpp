@@ -1,6 +1,7 @@
 // Texts of formats and versions, and the search in option tables.
 #include <gtest/gtest.h>
 
+#include "pages/format_text.h"
 #include "pages/option_table.h"
 #include "pages/status/information_dlg.h"
 
