@@ -110,8 +110,7 @@ void BoxModel::RestoreOtherModel() {
     if (Has(row.types, identity.boxType)) Block(row.property) = row.bytes;
   }
   for (const WordDefault& row : WordDefaults()) {
-    const bool isFirmware = row.item == word::kFirmwareOther;
-    if (!isFirmware && Has(row.types, identity.boxType)) Word(row.item) = {row.value, 0};
+    if (Has(row.types, identity.boxType)) Word(row.item) = {row.value, 0};
   }
   if (IsMultiViewer(identity.boxType)) RestoreMultiViewer();
 }
@@ -205,7 +204,7 @@ int BoxModel::SetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint
     StoreChannelCode(static_cast<std::uint8_t>(value));
     return kSuccess;
   }
-  Word(item) = {value, 0};
+  Word(item)[0] = value;  // a wall's size takes the minor number of the firmware with it
   if (identity.boxType == 26 && item == word::kInputSource) ReportInputFormat();
   return kSuccess;
 }

@@ -63,7 +63,7 @@ const WordDefault kWordDefaults[] = {
     {{}, word::kOutputFormatReport, 15},
     {{24, 34, 30, 43, 20, 33}, word::kPassThroughReport, 0},
     {{24, 34}, word::kImageAspect, 3},
-    {{18, 20, 30, 32, 33, 43}, word::kWallSize, 2},
+    // The size of these stands where other models have their firmware version.
     {{18, 20, 30, 32, 33, 43}, word::kWallTile, 0},
     {{17, 35}, word::kWallSizeInput, 2},
     {{17, 35}, word::kWallTileInput, 0},

@@ -1,99 +1,11 @@
-// The Display Mode page: views, what it reads and writes, labels, random modes. The channel rules
-// have a file of their own (display_mode_channels_test.cpp).
-#include <map>
+// The Display Mode page: layouts, what it reads and writes, random modes. Channel rules and labels
+// have files of their own.
 #include <set>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/display_mode_fixture.h"
 
 namespace panelora::testing {
 namespace {
-
-constexpr int kPage = res::kDisplayMode;
-constexpr int kNextMode = 1046;
-constexpr int kNextLabels = 1062;
-
-const Calls kModeReads = {"get block 1,0,20", "get block 2,0,20"};
-const Calls kLabelReads = {"get block 20,0,2", "get block 19,0,60", "get block 19,1,60",
-                           "get block 19,2,60", "get block 19,3,60"};
-const Calls kOpening = {"set word 0,10 = 3"};
-
-using Places = std::map<int, Rect>;
-
-const Places kThreeGroups = {
-    {1044, {70, 35, 300, 20}},  {1003, {70, 50, 300, 48}},  {1045, {80, 65, 250, 30}},
-    {1046, {380, 58, 40, 39}},  {1047, {70, 115, 300, 20}}, {1004, {70, 130, 300, 48}},
-    {1048, {80, 145, 250, 30}}, {1049, {380, 138, 40, 39}}, {1050, {70, 195, 300, 20}},
-    {1005, {70, 210, 300, 48}}, {1051, {80, 225, 250, 30}}, {1052, {380, 218, 40, 39}},
-};
-const Places kFourGroups = {
-    {1044, {70, 15, 300, 20}},  {1003, {70, 30, 300, 48}},  {1045, {80, 45, 250, 30}},
-    {1046, {380, 38, 40, 39}},  {1047, {70, 85, 300, 20}},  {1004, {70, 100, 300, 48}},
-    {1048, {80, 115, 250, 30}}, {1049, {380, 108, 40, 39}}, {1050, {70, 155, 300, 20}},
-    {1005, {70, 170, 300, 48}}, {1051, {80, 185, 250, 30}}, {1052, {380, 178, 40, 39}},
-    {1053, {70, 225, 300, 20}}, {1006, {70, 240, 300, 48}}, {1054, {80, 255, 250, 30}},
-    {1055, {380, 248, 40, 39}},
-};
-const Places kLabelsView = {
-    {1060, {70, 15, 300, 20}},   {1007, {70, 30, 300, 48}},   {1061, {80, 45, 250, 30}},
-    {1062, {380, 38, 40, 39}},   {1056, {70, 105, 110, 20}},  {1057, {70, 155, 110, 20}},
-    {1058, {70, 205, 110, 20}},  {1059, {70, 255, 110, 20}},  {1109, {180, 103, 240, 25}},
-    {1110, {180, 153, 240, 25}}, {1111, {180, 203, 240, 25}}, {1112, {180, 253, 240, 25}},
-};
-
-class DisplayMode : public PanelTest {
- protected:
-  // Opens the page on a box with these modes and labels.
-  void Open(Identity identity, std::uint8_t nineModes = 1, std::uint8_t labels = 1,
-            std::uint32_t firmware = 0x0126) {
-    panel.reset();
-    admitted = {identity.boxType};
-    box.Become(identity, firmware);
-    box.Block(1) = {1, nineModes, labels};
-    Start();
-    panel->ShowDisplayMode();
-    device.TakeCalls();
-  }
-  // The firmware above which other brands than 2 write labels is 288.
-  void OpenLabels(Identity identity = {15, 0, 0, 0, 0}, std::uint32_t firmware = 289) {
-    Open(identity, 1, 1, firmware);
-    Press(kPageUpButton);
-    device.TakeCalls();
-  }
-  std::vector<std::string> Names() {
-    return {desk.Text(kPage, 1048), desk.Text(kPage, 1051), desk.Text(kPage, 1054)};
-  }
-  std::string Mode() { return desk.Text(kPage, 1045); }
-  Calls CallsOf(int button) {
-    TakeCalls();
-    Press(button);
-    return TakeCalls();
-  }
-  Calls CallsOnPage(int button) {
-    TakeCalls();
-    desk.Press(kPage, button);
-    return TakeCalls();
-  }
-  Places ShownControls() {
-    Places shown;
-    for (const ui::ControlTemplate& control : res::FindDialog(kPage)->controls) {
-      if (desk.Shows(kPage, control.id)) shown[control.id] = desk.PlaceOf(kPage, control.id);
-    }
-    return shown;
-  }
-  std::vector<bool> EnabledEdits() {
-    std::vector<bool> enabled;
-    for (const int edit : {1109, 1110, 1111, 1112}) enabled.push_back(desk.Enables(kPage, edit));
-    return enabled;
-  }
-  static Bytes LabelBlock(const std::string& text) {
-    Bytes block(text.begin(), text.end());
-    block.resize(60, 'x');  // what stands behind the field is no part of it
-    return block;
-  }
-};
-
-const std::vector<bool> kAllEnabled(4, true);
-const std::vector<bool> kAllDisabled(4, false);
 
 TEST_F(DisplayMode, CaptionsAndFontsAreTheBoxsOwn) {
   Start();
@@ -422,138 +334,6 @@ TEST_F(DisplayMode, Type51RemembersNothingOfWhatItApplied) {
   EXPECT_EQ(Names()[0], "Channel 1");
 }
 
-TEST_F(DisplayMode, LabelsAreShownTrimmedAndBlanksAsBlanks) {
-  OpenLabels();
-  box.Block(20) = {1, 0};
-  box.Block(19, 0) = LabelBlock("        CAM         ");
-  box.Block(19, 1) = LabelBlock("12345678901234567890");
-  box.Block(19, 2) = LabelBlock(std::string(20, ' '));
-  box.Block(19, 3) = LabelBlock("STUDIO B            ");
-  EXPECT_EQ(CallsOf(kPictureButton), kLabelReads);
-  EXPECT_EQ(desk.Text(kPage, 1061), "ON");
-  EXPECT_EQ(desk.Text(kPage, 1109), "CAM");
-  EXPECT_EQ(desk.Text(kPage, 1110), "12345678901234567890");
-  EXPECT_EQ(desk.Text(kPage, 1111), std::string(20, ' '));
-  EXPECT_EQ(desk.Text(kPage, 1112), "STUDIO B");
-}
-
-TEST_F(DisplayMode, FailedLabelReadsKeepEachText) {
-  OpenLabels();
-  const std::map<std::string, int> rows = {{"get block 20,0,2", 1061},
-                                           {"get block 19,0,60", 1109},
-                                           {"get block 19,1,60", 1110},
-                                           {"get block 19,2,60", 1111},
-                                           {"get block 19,3,60", 1112}};
-  for (const auto& [failing, kept] : rows) {
-    const auto fill = [&](std::uint8_t state, const std::string& label) {
-      box.Block(20) = {state, 0};
-      for (std::uint8_t input = 0; input < 4; ++input) {
-        box.Block(19, input) = LabelBlock(label + std::string(20 - label.size(), ' '));
-      }
-    };
-    device.FailNothing();
-    fill(0, "OLD");
-    Press(kPictureButton);
-    fill(1, "NEW");
-    device.Fail(failing);
-    Press(kPictureButton);
-    for (const auto& [call, control] : rows) {
-      const std::string old = control == 1061 ? "OFF" : "OLD";
-      const std::string fresh = control == 1061 ? "ON" : "NEW";
-      EXPECT_EQ(desk.Text(kPage, control), control == kept ? old : fresh) << failing;
-    }
-  }
-}
-
-TEST_F(DisplayMode, LabelsStateSkipsTheDefaultLabels) {
-  OpenLabels();
-  box.Block(20) = {2, 0};
-  Press(kPictureButton);
-  EXPECT_EQ(desk.Text(kPage, 1061), "Default Labels");
-  EXPECT_EQ(EnabledEdits(), kAllEnabled);  // reading does not touch them
-  EXPECT_EQ(CallsOnPage(kNextLabels), Calls{});
-  EXPECT_EQ(desk.Text(kPage, 1061), "OFF");
-  EXPECT_EQ(EnabledEdits(), kAllDisabled);
-  desk.Press(kPage, kNextLabels);
-  EXPECT_EQ(desk.Text(kPage, 1061), "ON");
-  EXPECT_EQ(EnabledEdits(), kAllEnabled);
-  desk.Press(kPage, kNextLabels);
-  EXPECT_EQ(desk.Text(kPage, 1061), "OFF");
-  box.Block(20) = {9, 0};
-  Press(kPictureButton);
-  EXPECT_EQ(desk.Text(kPage, 1061), "OFF");  // no such state
-}
-
-const std::string kState = "set block 20,0,20:";
-const std::string kNineteenZeros = " 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00";
-
-TEST_F(DisplayMode, ApplyWritesTheLabelsCentredWhenTheyAreOn) {
-  for (const Identity& identity : {Identity{15, 0, 0, 0, 0}, Identity{13, 2, 0, 0, 0}}) {
-    OpenLabels(identity);
-    box.Block(20) = {1, 0};
-    box.Block(19, 3) = LabelBlock(std::string(20, ' '));
-    Press(kPictureButton);
-    desk.Type(kPage, 1109, "CAM");
-    desk.Type(kPage, 1110, "ABCD");
-    desk.Type(kPage, 1111, "12345678901234567890");
-    const Calls expected = {
-        kState + " 01" + kNineteenZeros,
-        "set block 19,0,20: 20 20 20 20 20 20 20 20 43 41 4D 20 20 20 20 20 20 20 20 20",
-        "set block 19,1,20: 20 20 20 20 20 20 20 20 41 42 43 44 20 20 20 20 20 20 20 20",
-        "set block 19,2,20: 31 32 33 34 35 36 37 38 39 30 31 32 33 34 35 36 37 38 39 30",
-        "set block 19,3,20: 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20"};
-    EXPECT_EQ(CallsOf(kApplyButton), expected);
-    EXPECT_EQ(EnabledEdits(), kAllEnabled);
-    Press(kPictureButton);
-    EXPECT_EQ(desk.Text(kPage, 1109), "CAM");
-  }
-}
-
-TEST_F(DisplayMode, ApplyWritesTheStateAloneWhenTheLabelsAreOffOrTheBoxsOwn) {
-  OpenLabels();
-  box.Block(20) = {0, 0};
-  Press(kPictureButton);
-  EXPECT_EQ(CallsOf(kApplyButton), Calls{kState + " 00" + kNineteenZeros});
-  EXPECT_EQ(EnabledEdits(), kAllDisabled);
-  box.Block(20) = {2, 0};
-  Press(kPictureButton);
-  EXPECT_EQ(CallsOf(kApplyButton), Calls{kState + " 02" + kNineteenZeros});
-  EXPECT_EQ(EnabledEdits(), kAllDisabled);  // as they were
-}
-
-TEST_F(DisplayMode, LabelsTakeTwentyCharacters) {
-  OpenLabels();
-  for (const int edit : {1109, 1110, 1111, 1112}) {
-    desk.Type(kPage, edit, "123456789012345678901234");
-    EXPECT_EQ(desk.Text(kPage, edit), "12345678901234567890");
-  }
-}
-
-// Which view's values Apply writes.
-TEST_F(DisplayMode, ApplyGoesByTheViewOnlyWhereLabelsCanBeWritten) {
-  struct Row {
-    std::uint8_t brand;
-    std::uint8_t labels;
-    std::uint32_t firmware;
-    bool byView;
-  };
-  const Row rows[] = {{0, 0, 288, false}, {0, 0, 289, true},  {0, 1, 288, false},
-                      {12, 0, 289, true}, {2, 0, 289, false}, {2, 1, 100, true},
-                      {2, 1, 289, true},  {8, 1, 288, false}, {8, 0, 289, true}};
-  for (const std::uint8_t type : Bytes{13, 15}) {
-    for (const Row& row : rows) {
-      Open({type, row.brand, 0, 0, 0}, 1, row.labels, row.firmware);
-      box.Block(20) = {0, 0};
-      const Calls words = {"set word 0,1 = 1", "set word 0,2 = 1"};
-      EXPECT_EQ(CallsOf(kApplyButton), words) << int{row.brand};
-      Press(kPageUpButton);
-      const Calls labels = {kState + " 00" + kNineteenZeros};
-      EXPECT_EQ(CallsOf(kApplyButton), row.byView ? labels : words)
-          << int{row.brand} << " " << row.firmware;
-    }
-  }
-}
-
 TEST_F(DisplayMode, AnyTimerShowsARandomModeButNeverTheTopOne) {
   Open({15, 0, 0, 0, 0}, 1);
   desk.DrawNext({0, 9, 18, 17, 8});
@@ -563,10 +343,16 @@ TEST_F(DisplayMode, AnyTimerShowsARandomModeButNeverTheTopOne) {
   EXPECT_EQ(TakeCalls(), Calls{"set word 0,1 = 8"});
   EXPECT_EQ(Mode(), "Mode 1");  // the page goes on showing what it showed
   EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,1 = 8", "set word 0,2 = 1"}));
-  Open({15, 0, 0, 0, 0}, 0);
-  desk.DrawNext({5, 10, 9});
-  desk.Tick(kPage, 5);
-  EXPECT_EQ(TakeCalls(), Calls{"set word 0,1 = 4"});
+  for (const std::uint8_t type : Bytes{13, 51}) {
+    for (const std::uint8_t nineModes : Bytes{0, 2}) {
+      Open({type, 0, 0, 0, 0}, nineModes);
+      desk.DrawNext({5, 10, 9});
+      desk.Tick(kPage, 5);
+      EXPECT_EQ(TakeCalls(), Calls{"set word 0,1 = 4"});
+      desk.Press(kPage, kNextMode);
+      EXPECT_EQ(Mode(), type == 51 ? "Mode 1" : "Mode 5\t\t\t");
+    }
+  }
 }
 
 TEST_F(DisplayMode, NothingStartsATimer) {
@@ -578,7 +364,7 @@ TEST_F(DisplayMode, NothingStartsATimer) {
 TEST_F(DisplayMode, TakesTheHandleOfABoxThatCameBack) {
   Open({15, 0, 0, 0, 0});
   box.SetPresent(false);
-  for (int i = 0; i < 3; ++i) Tick();  // opening the page silenced none, Refresh does
+  for (int i = 0; i < 3; ++i) Tick();
   box.SetPresent(true);
   device.AnswerHandle(0x77);
   Tick();
@@ -586,6 +372,110 @@ TEST_F(DisplayMode, TakesTheHandleOfABoxThatCameBack) {
   box.Block(1)[0] = 3;
   Press(kPictureButton);
   EXPECT_EQ(Mode(), "Mode 3\t\t\t");
+}
+
+// The mode that was read is the one whose slot the next Apply takes.
+TEST_F(DisplayMode, ReadModeIsTheModeBefore) {
+  Open({15, 0, 0, 0, 0});
+  box.Block(1)[0] = 4;
+  Press(kPictureButton);
+  desk.Press(kPage, 1052);  // code 2
+  desk.Press(kPage, kNextMode);
+  desk.Press(kPage, 1049);  // mode 5, code 2
+  Press(kApplyButton);
+  for (int press = 0; press < 8; ++press) desk.Press(kPage, kNextMode);
+  EXPECT_EQ(Mode(), "Mode 4\t\t\t");
+  EXPECT_EQ(Names(), (std::vector<std::string>{"Channel 1", "Channel 3", ""}));
+}
+
+TEST_F(DisplayMode, Brand8TakesTheSlotOfMode9ForTheBoxsMode5) {
+  Open({15, 8, 0, 0, 0});
+  box.Block(1)[0] = 5;
+  Press(kPictureButton);
+  desk.Press(kPage, kNextMode);
+  desk.Press(kPage, 1049);  // mode 1, code 2
+  Press(kApplyButton);
+  for (int press = 0; press < 4; ++press) desk.Press(kPage, kNextMode);
+  EXPECT_EQ(Mode(), "Mode 5\t\t\t");
+  EXPECT_EQ(Names(), (std::vector<std::string>{"Channel 1", "Channel 3", ""}));
+}
+
+TEST_F(DisplayMode, RefreshInTheLabelsViewShowsTheChannelsOfTheCodeToo) {
+  Open({15, 0, 0, 0, 0});
+  desk.Press(kPage, 1052);  // mode 1 has no sub picture: no such combination
+  desk.Press(kPage, 1049);
+  EXPECT_EQ(Names()[0], "Channel 1");
+  EXPECT_EQ(CallsOf(kPageUpButton), kLabelReads);
+  desk.Press(kPage, 1049);  // from the numbers of the code again
+  EXPECT_EQ(Names()[0], "Channel 2");
+}
+
+// A mode from outside the round of the buttons.
+TEST_F(DisplayMode, NextModeComesBackFromModesBeyondTheRound) {
+  struct Row {
+    std::uint8_t type;
+    std::uint8_t brand;
+    std::uint8_t nineModes;
+    std::uint8_t reported;
+    const char* next;
+  };
+  const Row rows[] = {
+      {15, 8, 0, 6, "Mode 7\t\t\t"}, {13, 8, 1, 7, "Mode 8\t\t\t"}, {15, 8, 1, 8, "Mode 5\t\t\t"},
+      {15, 0, 0, 6, "Mode 1"},       {13, 2, 0, 9, "Mode 1"},       {13, 12, 0, 5, "Mode 1"},
+      {15, 2, 0, 5, "Mode 1"},       {15, 0, 1, 200, "Mode 1"},     {51, 0, 0, 7, "Mode 1"},
+      {51, 8, 0, 5, "Mode 1"},       {51, 0, 1, 4, "Mode 1"}};
+  for (const Row& row : rows) {
+    Open({row.type, row.brand, 0, 0, 0}, row.nineModes);
+    desk.Press(kPage, kNextMode);  // something else than Mode 1
+    box.Block(1)[0] = row.reported;
+    Press(kPictureButton);
+    desk.Press(kPage, kNextMode);
+    EXPECT_EQ(Mode(), row.next) << int{row.type} << " " << int{row.reported};
+  }
+}
+
+TEST_F(DisplayMode, Brand8OfType51WritesTheModeThatItReported) {
+  Open({51, 8, 0, 0, 0});
+  box.Block(1)[0] = 5;
+  box.Block(2) = {1, 1, 1, 1, 7, 1, 1, 1, 9, 1};
+  Press(kPictureButton);
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 1,0,1: 05", "set block 2,0,1: 07"}));
+}
+
+// The mode of the initialisation stands when the refresh can't read one.
+TEST_F(DisplayMode, InitTakesTheMode) {
+  Open({15, 0, 0, 0, 0});
+  box.Block(1)[0] = 4;
+  panel.reset();
+  Start();
+  device.Fail("get block 1,0,20");
+  panel->ShowDisplayMode();
+  EXPECT_EQ(Mode(), "Mode 4\t\t\t");
+}
+
+TEST_F(DisplayMode, ReconnectStartsTheTextsAndTheNumberOfModesAgain) {
+  Open({15, 0, 0, 0, 0}, 1);
+  box.Block(1)[0] = 4;
+  Press(kPictureButton);
+  Press(kPageUpButton);
+  desk.Press(kPage, kNextLabels);
+  desk.Type(kPage, 1109, "OLD");
+  box.SetPresent(false);
+  for (int i = 0; i < 3; ++i) Tick();
+  device.Fail("get block 1,0,20");
+  box.SetPresent(true);
+  Tick();
+  EXPECT_EQ(ShownControls(), kThreeGroups);
+  EXPECT_EQ(Mode(), "Mode 1");
+  EXPECT_EQ(Names(), (std::vector<std::string>{"Channel 1", "Channel 1", "Channel 2"}));
+  EXPECT_EQ(desk.Text(kPage, 1061), "OFF");
+  for (const int edit : {1109, 1110, 1111, 1112}) EXPECT_EQ(desk.Text(kPage, edit), "");
+}
+
+TEST_F(DisplayMode, FailedWritesAreNotMinded) {
+  Open({15, 0, 0, 0, 0});
+  device.Fail("set word 0,1 = 1");
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,1 = 1", "set word 0,2 = 1"}));
 }
 
 }  // namespace

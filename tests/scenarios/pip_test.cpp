@@ -124,6 +124,9 @@ TEST_F(Pip, CaptionsAndFonts) {
     for (int i = 0; i < 4; ++i) {
       EXPECT_EQ(desk.Text(kPage, channel.captions[i]), captions[i]);
       EXPECT_EQ(desk.FontOf(kPage, channel.captions[i]), ui::kCaptionFont);
+      EXPECT_EQ(desk.FontOf(kPage, channel.edits[i]), ui::kCaptionFont);
+      desk.Type(kPage, channel.edits[i], "12345");
+      EXPECT_EQ(desk.Text(kPage, channel.edits[i]), "1234");
     }
   }
 }
@@ -136,6 +139,7 @@ TEST_F(Pip, OpeningTellsTheBoxThenReads) {
   };
   const Row rows[] = {
       {51, 4, {"set block 13,0,8" + kOnes}},
+      {51, 6, {"set block 13,0,8" + kOnes, "set block 14,0,8" + kOnes}},
       {15, 4, {"set block 13,0,8" + kOnes, "set word 0,10 = 2"}},
       {13, 1, {"set block 13,0,8" + kOnes, "set word 0,10 = 2"}},
       {15, 6, {"set block 13,0,8" + kOnes, "set word 0,10 = 2", "set block 14,0,8" + kOnes}},
@@ -427,9 +431,11 @@ TEST_F(Pip, DisplayMode7DoublesTheWidth) {
 }
 
 TEST_F(Pip, ApplyWritesInTheOrderOfTheType) {
-  Open({51, 0, 0, 0, 0});
+  Open({51, 0, 0, 0, 0}, 6);
   TypeAll(kCh1, {"0528", "32", "300", "161"});
-  EXPECT_EQ(CallsOf(kApplyButton), Calls{"set block 13,0,8: 10 02 20 00 2C 01 A1 00"});
+  TypeAll(kCh2, {"1", "2", "0300", "0200"});
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 13,0,8: 10 02 20 00 2C 01 A1 00",
+                                          "set block 14,0,8: 00 01 00 02 01 2C 00 C8"}));
   for (const std::uint8_t type : Bytes{13, 15}) {
     Open({type, 0, 0, 0, 0});
     TypeAll(kCh1, {"0528", "32", "300", "161"});
@@ -537,6 +543,86 @@ TEST_F(Pip, TakesTheHandleOfABoxThatCameBack) {
   SetInset(1, 2, 300, 200);
   Press(kPictureButton);
   EXPECT_EQ(Edits(kCh1), (Texts{"0001", "0002", "0300", "0200"}));
+}
+
+// The box's first place of an inset is there when the page is opened for the first time.
+TEST_F(Pip, FirstOpeningKnowsNoModeYet) {
+  StartWith({15, 0, 0, 0, 0});
+  box.Block(1)[0] = 6;
+  panel->ShowPip();
+  EXPECT_EQ(TakeCalls(), Join({{"set block 13,0,8" + kOnes, "set word 0,10 = 2"}, Reads(15, 6)}));
+  EXPECT_EQ(Edits(kCh1), (Texts{"0100", "0100", "0640", "0360"}));
+  EXPECT_EQ(Edits(kCh2), (Texts{"1100", "0100", "0640", "0360"}));
+}
+
+TEST_F(Pip, ModeOfTheBoxBeforeIsForgotten) {
+  Open({15, 0, 0, 0, 0}, 6);
+  box.SetPresent(false);
+  for (int i = 0; i < 3; ++i) Tick();
+  box.SetPresent(true);
+  Tick();
+  TakeCalls();
+  panel->ShowPip();
+  EXPECT_EQ(TakeCalls(), Join({{"set block 13,0,8" + kOnes, "set word 0,10 = 2"}, Reads(15, 6)}));
+}
+
+TEST_F(Pip, ModesComeAndGo) {
+  Open({15, 0, 0, 0, 0}, 3);
+  EXPECT_FALSE(desk.Enables(kPage, 1055));
+  for (const int mode : {6, 4, 3, 7}) {
+    box.Block(1)[0] = static_cast<std::uint8_t>(mode);
+    Refresh();
+    for (const int slider : kCh1.sliders) EXPECT_EQ(desk.Enables(kPage, slider), mode != 3);
+    EXPECT_EQ(desk.PlaceOf(kPage, 1050).height, mode == 6 ? 150 : 240);
+    EXPECT_EQ(desk.PlaceOf(kPage, kCh1.edits[3]).y, mode == 6 ? 120 : 220);
+    for (const int edit : kCh2.edits) EXPECT_EQ(desk.Shows(kPage, edit), mode == 6);
+    EXPECT_EQ(desk.Shows(kPage, kCh2.frame), mode == 6);
+  }
+}
+
+TEST_F(Pip, OnlyTheLowByteOfAWordCounts) {
+  Open({15, 0, 0, 0, 0});
+  box.Word(5) = {0xAB02, 0xFFFF};
+  box.Word(6) = {0x1202, 0xFFFF};
+  Refresh();
+  EXPECT_EQ(desk.SliderRange(kPage, 1057).second, 720);
+}
+
+TEST_F(Pip, FailedWritesAreNotMinded) {
+  Open({15, 0, 0, 0, 0}, 6);
+  TypeAll(kCh1, {"10", "20", "400", "300"});
+  TypeAll(kCh2, {"11", "21", "401", "301"});
+  device.Fail("set block 13,0,8: 00 0A 00 14 01 90 01 2C");
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 13,0,8: 00 0A 00 14 01 90 01 2C",
+                                          "set block 14,0,8: 00 0B 00 15 01 91 01 2D"}));
+}
+
+TEST_F(Pip, SecondInsetIsLimitedLikeTheFirst) {
+  Open({15, 0, 0, 0, 0}, 6);
+  SetSecondInset(100, 50, 640, 360);
+  Refresh();
+  TypeAll(kCh2, {"1900", "1079", "203", "200"});
+  const Calls written = CallsOf(kApplyButton);
+  ASSERT_EQ(written.size(), 2U);
+  EXPECT_EQ(written[1], "set block 14,0,8: 06 B4 03 70 00 CC 00 C8");
+  EXPECT_EQ(Edits(kCh2), (Texts{"0100", "0050", "0640", "200"}));
+  EXPECT_EQ(Sliders(kCh2), (std::vector<int>{1716, 880, 204, 200}));
+}
+
+// Whatever the mode: what the edits hold, in the limits of an inset.
+TEST_F(Pip, ApplyWithoutInsetWritesTheSmallestOne) {
+  Open({15, 0, 0, 0, 0}, 3);
+  EXPECT_EQ(CallsOf(kApplyButton), Calls{"set block 13,0,8: 00 00 00 00 00 CC 00 A0"});
+}
+
+TEST_F(Pip, ApplyAndDefaultSilenceTheMonitor) {
+  Open({15, 0, 0, 0, 0});
+  Press(kApplyButton);
+  EXPECT_EQ(panel->Panel().tickSkip, 5);
+  Press(kDefaultButton);
+  EXPECT_EQ(panel->Panel().tickSkip, 2);
+  Press(kPageUpButton);
+  EXPECT_EQ(panel->Panel().cycleState, 0);
 }
 
 }  // namespace

@@ -234,6 +234,7 @@ TEST_F(TvWall, SizeOutsideOneToFourLaysOutNothing) {
     box.Block(8) = {static_cast<std::uint8_t>(size), 0};
     panel->ShowTvWall();
     EXPECT_EQ(Shown(), Chosen(2, 1));
+    EXPECT_EQ(CallsOfTile(2), Calls{"set block 8,0,2: 02 02"});
   }
 }
 
@@ -268,6 +269,42 @@ TEST_F(TvWall, TakesTheHandleOfABoxThatCameBack) {
   panel->ShowTvWall();
   EXPECT_EQ(CallsOfTile(3), Calls{"set block 8,0,2: 02 03"});
   EXPECT_EQ(box.Block(8), (Bytes{2, 3}));
+}
+
+TEST_F(TvWall, FailedWritesAreNotMinded) {
+  Open(18, 3, 0);
+  device.Fail("set word 0,8 = 3");
+  EXPECT_EQ(CallsOfTile(5), (Calls{"set word 0,8 = 3", "set word 0,9 = 5"}));
+}
+
+TEST_F(TvWall, OnlyTheLowByteOfAWordCounts) {
+  Open(18);
+  box.Word(8) = {0xFF03, 1};
+  box.Word(9) = {0x1104, 1};
+  panel->ShowTvWall();
+  EXPECT_EQ(Shown(), Chosen(3, 4));
+}
+
+// Deliberate as on every page without defaults: Default acts on the proc amp. Page Up does nothing.
+TEST_F(TvWall, DefaultAndPageUpAreOfOtherPages) {
+  Open(14);
+  Press(kPageUpButton);
+  EXPECT_EQ(TakeCalls(), Calls{});
+  Press(kDefaultButton);
+  const Calls calls = TakeCalls();
+  ASSERT_FALSE(calls.empty());
+  EXPECT_EQ(calls.front(), "get proc amp 0,2");
+  EXPECT_EQ(panel->Panel().tickSkip, 2);
+}
+
+// As the box leaves the factory. Some have the size in the low word of their firmware version.
+TEST_F(TvWall, EveryBoxOfAWallHasAPlaceInIt) {
+  for (const int type : {14, 17, 18, 20, 30, 32, 33, 35, 36, 37, 38, 39, 40, 43, 46, 47, 48, 49}) {
+    panel.reset();
+    StartWith({static_cast<std::uint8_t>(type), 0, 0, 0, 0}, 0x0102);
+    panel->ShowTvWall();
+    EXPECT_EQ(Shown(), Chosen(2, 0)) << type;
+  }
 }
 
 }  // namespace

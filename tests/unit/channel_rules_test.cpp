@@ -108,5 +108,22 @@ TEST(ChannelRules, Brand12OfType15HasThreeChannelsInModes4And5AndTheGeneralRowsB
   EXPECT_EQ(FindByCode(12, 13, 4, 8)->channels, (Channels{3, 2, 0}));
 }
 
+// Whatever numbers pile up where no rule covers them, main stays an input.
+TEST(ChannelRules, NoNumberLeadsOutOfTheTables) {
+  for (const int brand : {0, 12}) {
+    for (int mode = 0; mode <= 255; ++mode) {
+      for (const int number : {0, 4, 5, 127, 254, 255}) {
+        for (const Step& step : kSteps) {
+          Channels channels{Byte(number), Byte(number), Byte(255 - number)};
+          step.rule(channels, Byte(mode), Byte(brand));
+          StepMain(channels, 7, Byte(brand));
+          ASSERT_GE(channels.main, 1);
+          ASSERT_LE(channels.main, 4);
+        }
+      }
+    }
+  }
+}
+
 }  // namespace
 }  // namespace panelora

@@ -88,5 +88,25 @@ TEST_F(MultiViewWindows, PipSliderIsTakenWhenItIsLetGo) {
   EXPECT_EQ(TakeCalls(), Calls{});
 }
 
+// The page is told of the press first, and the button gets it all the same.
+TEST_F(MultiViewWindows, PressedTileIsPressedAsAButtonToo) {
+  StartWith({14, 0, 0, 0, 0});
+  panel->ShowTvWall();
+  const HWND tile = Page(res::kTvWall).ControlWindow(1023);
+  MSG message{};
+  message.hwnd = tile;
+  message.message = WM_LBUTTONDOWN;
+  message.wParam = MK_LBUTTON;
+  message.lParam = MAKELPARAM(5, 5);
+  static_cast<win32::Win32Toolkit&>(desk.Toolkit()).Handle(message);
+  EXPECT_EQ(GetCapture(), tile);
+  EXPECT_NE(SendMessageA(tile, BM_GETSTATE, 0, 0) & BST_PUSHED, 0);
+  EXPECT_EQ(panel->Panel().tilePosition, 2U);
+  message.message = WM_LBUTTONUP;
+  message.wParam = 0;
+  static_cast<win32::Win32Toolkit&>(desk.Toolkit()).Handle(message);
+  EXPECT_EQ(GetCapture(), nullptr);
+}
+
 }  // namespace
 }  // namespace panelora::testing

@@ -1,0 +1,89 @@
+#include "pages/multiview/text_labels_dlg.h"
+
+#include <algorithm>
+#include <array>
+
+#include "pages/cycling_group.h"
+#include "pages/label_field.h"
+#include "pages/option_table.h"
+
+namespace panelora {
+
+namespace {
+
+constexpr CyclingGroup kState = {1110, 1111, 1112, 1113};
+constexpr int kLabelCaption = 1114;
+constexpr int kLabel = 1115;
+
+struct StateRow {
+  std::uint8_t value;  // 255 ends the table
+  const char* name;
+};
+// The last row's text is never shown.
+constexpr StateRow kStates[] = {
+    {0, "Disable"}, {1, "Enable"}, {2, "Default Labels"}, {kTableEnd, "Always ON"}};
+
+}  // namespace
+
+void CTextLabelsDlg::Init() {
+  deviceHandle = panel.deviceHandle;
+  SetUpGroup(Window(), kState, "Text Labels Enable", "Disable");
+  ShowState();  // the page is initialised again whenever it is opened
+  PlaceGroup(Window(), kState, {50, 55}, 370);
+  Window().SetFont(kState.value, ui::kValueFont);
+  Window().SetFont(kLabelCaption, ui::kCaptionFont);
+  Window().SetText(kLabelCaption, "Text Labels");
+  Window().PlaceControl(kLabelCaption, {50, 155, 300, 20});
+  Window().SetFont(kLabel, ui::kValueFont);
+  Window().SetTextLimit(kLabel, static_cast<int>(kLabelLength));
+  Window().PlaceControl(kLabel, {50, 175, 310, 35});
+}
+
+void CTextLabelsDlg::OnShowFromMenu() {
+  WriteBlock(block::kBoxMenu, {3});
+  Refresh(serialHandle);
+}
+
+void CTextLabelsDlg::Refresh(ui::SerialHandle serial) {
+  serialHandle = serial;
+  BlockBuffer bytes{};
+  if (!ReadBlock(block::kTextLabel, 60, bytes)) return;
+  Window().SetText(kLabel, TextOfLabel(std::span(bytes).subspan<1, kLabelLength>()));
+  labelState = bytes[0];
+  ShowState();
+  EnableLabel();
+}
+
+void CTextLabelsDlg::ShowState() {
+  const StateRow* row = FindRow(kStates, &StateRow::value,
+                                [&](const StateRow& state) { return state.value == labelState; });
+  if (row != nullptr && row->value != kTableEnd) Window().SetText(kState.value, row->name);
+}
+
+// The default label and unknown states leave the edit as it is.
+void CTextLabelsDlg::EnableLabel() {
+  if (labelState <= 1) Window().EnableControl(kLabel, labelState == 1);
+}
+
+void CTextLabelsDlg::OnCommand(int control, ui::Notification what) {
+  static constexpr CommandRow<CTextLabelsDlg> kCommands[] = {
+      {kState.next, &CTextLabelsDlg::OnNextState},
+  };
+  DispatchCommand(*this, kCommands, control, what);
+}
+
+// The default label is shown when the box reports it, but can't be chosen.
+void CTextLabelsDlg::OnNextState() {
+  labelState = labelState == 0 ? 1 : 0;
+  ShowState();
+  EnableLabel();
+}
+
+void CTextLabelsDlg::Apply() {
+  std::array<std::uint8_t, 1 + kLabelLength> bytes = {labelState};
+  const LabelField label = CentredLabel(Window().Text(kLabel));
+  std::copy(label.begin(), label.end(), bytes.begin() + 1);
+  WriteBlock(block::kTextLabel, bytes);
+}
+
+}  // namespace panelora
