@@ -89,8 +89,7 @@ constexpr std::uint8_t kRegion18 = 18;                   // r30, w10; ROI (25, 2
 constexpr std::uint8_t kRegion14 = 14;                   // r30, w10; ROI (14, 23, 35, 36, 42)
 constexpr std::uint8_t kRegion15 = 15;                   // r30, w10; ROI (24, 34)
 constexpr std::uint8_t kRegion19 = 19;                   // r30, w10; ROI (30, 43)
-constexpr std::uint8_t kRegionInput4 = 4;                // r2: byte 0 input format code; ROI
-constexpr std::uint8_t kRegionInput6 = 6;                // r2: byte 0 input format code; ROI
+constexpr std::uint8_t kRegionInput4 = 4;                // r2: byte 0 input format code; ROI (39, 40, 46-49; 24 and 34 with DIP or of brand 2)
 
 // Proc amp
 constexpr std::uint8_t kRgb = 14;                        // r3, w3: RGB gain 0-255, offset 0-255, offset 2 0-64; Proc Amp, main window (26)
@@ -197,10 +196,10 @@ constexpr std::uint32_t kBoxMenu7 = 7;                   // w: the same; Image A
 constexpr std::uint32_t kPipOption = 5;                  // r: PIP (13, 15)
 constexpr std::uint32_t kPipOutputFormat = 6;            // r: PIP (13, 15)
 constexpr std::uint32_t kImageAspect = 11;               // r: 3 = sizes can be set; Image Adjust (24, 34)
-constexpr std::uint32_t kRegionInput1 = 1;               // r: input format code; ROI (14, 25, 29, 33, 36)
-constexpr std::uint32_t kRegionInput2 = 2;               // r: input format code; ROI
-constexpr std::uint32_t kRegionInput4 = 4;               // r: input format code; ROI
-constexpr std::uint32_t kRegionInput5 = 5;               // r: input format code; ROI
+constexpr std::uint32_t kRegionInput1 = 1;               // r: input format code; ROI (14, 25, 29, 36)
+constexpr std::uint32_t kRegionInput2 = 2;               // r: input format code; ROI (24, 30, 34, 43)
+constexpr std::uint32_t kRegionInput4 = 4;               // r: input format code; ROI (32, 35)
+constexpr std::uint32_t kRegionInput5 = 5;               // r: input format code; ROI (23, 42)
 constexpr std::uint32_t kWallSize = 8;                   // rw: wall size 1-4; TV Wall (18, 20, 30, 32, 33, 43)
 constexpr std::uint32_t kWallTile = 9;                   // rw: tile 0-15; TV Wall (18, 20, 30, 32, 33, 43)
 constexpr std::uint32_t kWallSizeInput = 10;             // rw: wall size; TV Wall (17, 35)

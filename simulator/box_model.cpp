@@ -43,6 +43,31 @@ bool Has(const std::vector<std::uint8_t>& types, std::uint8_t boxType) {
   return types.empty() || std::find(types.begin(), types.end(), boxType) != types.end();
 }
 
+// Half the input at (300, 50), switched on, full screen.
+const std::vector<std::uint8_t> kRegion = {1, 0x2C, 0, 50, 3, 0xC0, 2, 0x1C, 1, 1};
+
+// Where a model keeps its genlock delays; 0 for those that have none.
+std::uint8_t GenlockDelaysOf(std::uint8_t boxType) {
+  switch (boxType) {
+    case 39:
+    case 40:
+    case 46:
+    case 47:
+    case 48:
+    case 49:
+    case 50:
+      return block::kGenlockDelays1;
+    case 20:
+    case 33:
+      return block::kGenlockDelays2;
+    case 30:
+    case 43:
+      return block::kGenlockDelays3;
+    default:
+      return 0;
+  }
+}
+
 // The multi-viewers. Their insets as they leave the factory: positions and sizes of 16 bits, the
 // first little-endian as it is read, the second big-endian.
 const std::vector<std::uint8_t> kFirstInset = {0x64, 0, 0x64, 0, 0x80, 0x02, 0x68, 0x01};
@@ -113,6 +138,11 @@ void BoxModel::RestoreOtherModel() {
     if (Has(row.types, identity.boxType)) Word(row.item) = {row.value, 0};
   }
   if (IsMultiViewer(identity.boxType)) RestoreMultiViewer();
+  // With DIP switches and of brand 2 these keep their region elsewhere.
+  if (identity.boxType == 24 || identity.boxType == 34) {
+    const bool elsewhere = identity.inputDipFlag == 1 || identity.brandCode == 2;
+    Block(elsewhere ? block::kRegion18 : block::kRegion15) = kRegion;
+  }
 }
 
 void BoxModel::RestoreMultiViewer() {
@@ -173,6 +203,11 @@ int BoxModel::SetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std
   if (property == block::kBoxMenu && length == 1 && identity.boxType != 51) return kSuccess;
   if (IsMultiViewer(identity.boxType) && StoreMultiView(property, length, bytes)) return kSuccess;
   std::vector<std::uint8_t>& stored = Block(property, sub);
+  if (property == GenlockDelaysOf(identity.boxType) && length == 5) {
+    // Taken big-endian, told little-endian; a preview acts like the final value.
+    stored = {bytes[1], bytes[0], bytes[3], bytes[2]};
+    return kSuccess;
+  }
   if (stored.size() < length) stored.resize(length);
   std::copy_n(bytes.begin(), length, stored.begin());
   if (identity.boxType != 26) ReportOutput(property, bytes[0]);

@@ -56,6 +56,28 @@ const BlockDefault kBlockDefaults[] = {
     {{13, 15, 51}, block::kInputLabelsState, {0, 0}},
     {{51}, block::kPipOption, {0, 0}},
     {{51}, block::kPipOutputFormat, {4, 0}},
+    // Genlock: locked to a 1080p60 reference, with delays
+    {{39, 40, 46, 47, 48, 49, 50}, block::kGenlockReference1, {0x80, 0x07, 0x38, 0x04, 60, 0, 1}},
+    {{39, 40, 46, 47, 48, 49, 50}, block::kGenlockMode1, {1, 10, 0, 0}},
+    {{39, 40, 46, 47, 48, 49, 50}, block::kGenlockDelays1, {100, 0, 200, 0}},
+    {{39, 40, 46, 47, 48, 49, 50}, block::kGenlockLocked, {0, 0}},
+    {{39, 40, 46, 47, 48, 49, 50}, block::kSyncMode1, {0, 0}},
+    {{20, 33}, block::kGenlockReference2, {0x80, 0x07, 0x38, 0x04, 60, 0, 1}},
+    {{20, 33}, block::kGenlockMode2, {2, 10, 0, 15}},
+    {{20, 33}, block::kGenlockDelays2, {100, 0, 200, 0}},
+    {{30, 43}, block::kGenlockReference3, {0x80, 0x07, 0x38, 0x04, 60, 0, 1}},
+    {{30, 43}, block::kGenlockMode3, {1, 10, 0, 15}},
+    {{30, 43}, block::kGenlockDelays3, {100, 0, 200, 0}},
+    {{30, 43}, block::kSyncMode3, {0, 0}},
+    // Region of interest: half the input at (300, 50), in full screen
+    {{25, 29, 32, 39, 40, 46, 47, 48, 49},
+     block::kRegion18,
+     {1, 0x2C, 0, 50, 3, 0xC0, 2, 0x1C, 1, 1}},
+    {{14, 23, 35, 36, 42}, block::kRegion14, {1, 0x2C, 0, 50, 3, 0xC0, 2, 0x1C, 1, 1}},
+    {{30, 43}, block::kRegion19, {1, 0x2C, 0, 50, 3, 0xC0, 2, 0x1C, 1, 1}},
+    // Text label: on
+    {{}, block::kTextLabel, {1,   ' ', ' ', ' ', ' ', ' ', ' ', 'C', 'A', 'M', 'E',
+                             'R', 'A', ' ', '1', ' ', ' ', ' ', ' ', ' ', ' '}},
 };
 
 const WordDefault kWordDefaults[] = {
@@ -67,6 +89,9 @@ const WordDefault kWordDefaults[] = {
     {{18, 20, 30, 32, 33, 43}, word::kWallTile, 0},
     {{17, 35}, word::kWallSizeInput, 2},
     {{17, 35}, word::kWallTileInput, 0},
+    {{24, 30, 34, 43}, word::kRegionInput2, 15},
+    {{32, 35}, word::kRegionInput4, 15},
+    {{23, 42}, word::kRegionInput5, 15},
     {{13, 15}, word::kPipOption, 1},
     {{13, 15}, word::kPipOutputFormat, 4},
 };

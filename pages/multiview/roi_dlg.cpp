@@ -56,7 +56,6 @@ struct InputSource {
 };
 constexpr std::uint8_t kNone = 0;
 constexpr InputSource kBlock4 = {block::kRegionInput4, kNone};
-constexpr InputSource kBlock6 = {block::kRegionInput6, kNone};
 constexpr InputSource kWord1 = {kNone, word::kRegionInput1};
 constexpr InputSource kWord2 = {kNone, word::kRegionInput2};
 constexpr InputSource kWord4 = {kNone, word::kRegionInput4};
@@ -86,8 +85,8 @@ constexpr ModelRow kModels[] = {
     Plain(42, block::kRegion14, kWord5),
     Plain(30, block::kRegion19, kWord2),
     Plain(43, block::kRegion19, kWord2),
-    {24, block::kRegion15, kWord2, block::kRegion18, kBlock6},
-    {34, block::kRegion15, kWord2, block::kRegion18, kBlock6},
+    {24, block::kRegion15, kWord2, block::kRegion18, kBlock4},
+    {34, block::kRegion15, kWord2, block::kRegion18, kBlock4},
     Plain(14, block::kRegion14, kWord1),
     Plain(36, block::kRegion14, kWord1),
     Plain(25, block::kRegion18, kWord1),

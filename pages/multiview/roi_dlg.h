@@ -1,12 +1,12 @@
 // The region of interest page (template 114): how the input picture is mapped onto the output, and
 // which region of it is used. A slider writes when it is let go; the mode is written by Apply.
 //
-// Models: those that have a region property (kModels in roi_dlg.cpp). Of the property that tells
-// the input format, only that of the types 14, 25, 29, 33 and 36 is known. The others are a choice
-// of this page: block 4 on 39, 40 and 46 to 49, where Genlock reads the input's code; block 6 on 24
-// and 34 with DIP switches or of brand 2, which take their commands by block, and word item 2 on
-// the others of these; word item 2 on 30 and 43, 4 on 32 and 35, 5 on 23 and 42. Type 33 has no
-// region of which the property would be known, so that its page does nothing.
+// Models: those that have a region property (kModels in roi_dlg.cpp). Of the properties that tell
+// the input format only that of 14, 25, 29 and 36 is known, word item 1. The others are a choice of
+// this page: block 4 on 39, 40 and 46 to 49, where Genlock reads the code of its input, and on 24
+// and 34 with DIP switches or of brand 2, which take their commands by block; word item 2 on the
+// other 24 and 34 and on 30 and 43, 4 on 32 and 35, 5 on 23 and 42. Type 33 would have word item 1
+// too, but no region: on it the page does nothing, as on all types without one.
 #pragma once
 
 #include "pages/page.h"
