@@ -9,6 +9,7 @@ else()
 endif()
 
 add_library(panelora_win32 STATIC
+  platform/win32/colour_label_window.cpp
   platform/win32/devlnk_loader.cpp
   platform/win32/dpi.cpp
   platform/win32/gdi_cache.cpp
