@@ -1,0 +1,96 @@
+// The table of docs/models.md against the pages: on which box types each page has anything to ask.
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include "tests/support/panel_test.h"
+
+namespace panelora::testing {
+namespace {
+
+// Cells by column and box type.
+using Column = std::map<int, std::string>;
+
+std::string Trimmed(const std::string& text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string::npos) return "";
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::vector<std::string> Split(const std::string& text, char separator) {
+  std::vector<std::string> parts;
+  std::istringstream stream(text);
+  for (std::string part; std::getline(stream, part, separator);) parts.push_back(Trimmed(part));
+  return parts;
+}
+
+constexpr int kAllOthers = -1;
+
+std::map<std::string, Column> ReadTable() {
+  std::ifstream file(std::string(PANELORA_SOURCE_DIR) + "/docs/models.md");
+  std::map<std::string, Column> table;
+  std::vector<std::string> head;
+  for (std::string line; std::getline(file, line);) {
+    if (!line.starts_with("|") || line.starts_with("|-")) continue;
+    const std::vector<std::string> cells = Split(line.substr(1), '|');
+    if (head.empty()) {
+      head = cells;
+      continue;
+    }
+    for (const std::string& type : Split(cells[0], ',')) {
+      const int number = type == "all others" ? kAllOthers : std::stoi(type);
+      for (std::size_t i = 1; i < cells.size(); ++i) table[head[i]][number] = cells[i];
+    }
+  }
+  return table;
+}
+
+const std::string& CellOf(const Column& column, int boxType) {
+  const auto found = column.find(boxType);
+  return found != column.end() ? found->second : column.at(kAllOthers);
+}
+
+class ModelsTable : public PanelTest {
+ protected:
+  bool Asks(void (CMainDlg::*show)()) {
+    TakeCalls();
+    ((*panel).*show)();
+    for (const std::string& call : TakeCalls()) {
+      if (call.starts_with("get ")) return true;
+    }
+    return false;
+  }
+};
+
+TEST_F(ModelsTable, PagesAskTheTypesThatTheTableNames) {
+  const std::map<std::string, Column> table = ReadTable();
+  const std::pair<const char*, void (CMainDlg::*)()> pages[] = {
+      {"Image Adjust", &CMainDlg::ShowImageAdjust},
+      {"Display Mode", &CMainDlg::ShowDisplayMode},
+      {"PIP", &CMainDlg::ShowPip},
+      {"TV Wall", &CMainDlg::ShowTvWall},
+      {"Genlock", &CMainDlg::ShowGenlock},
+      {"ROI", &CMainDlg::ShowRoi}};
+  for (int boxType = 0; boxType < 255; ++boxType) {
+    panel.reset();
+    StartWith({static_cast<std::uint8_t>(boxType), 0, 0, 0, 0});
+    for (const auto& [name, show] : pages) {
+      ASSERT_TRUE(table.contains(name)) << name;
+      EXPECT_EQ(Asks(show), CellOf(table.at(name), boxType) != "-") << name << " on " << boxType;
+    }
+  }
+}
+
+// Only the shipped type is complete on the pages that every type has.
+TEST_F(ModelsTable, OtherTypesAreStatedNowhereOnTheCommonPages) {
+  const std::map<std::string, Column> table = ReadTable();
+  for (const char* name : {"Information", "Video settings", "Audio", "Proc Amp", "Setting"}) {
+    ASSERT_TRUE(table.contains(name)) << name;
+    for (const auto& [boxType, cell] : table.at(name)) {
+      EXPECT_EQ(cell, boxType == 26 ? "S" : "C") << name << " on " << boxType;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace panelora::testing
