@@ -50,9 +50,10 @@ ColourLabelGeometry LayOutColourLabel(const ColourLabelLook& look, TextSize capt
       break;
   }
   geometry.outline = OutlineOf(look, geometry, 0);
-  geometry.hasSecondOutline = look.frameStyle != kFrameFlat;
-  const int grown = look.frameStyle == kFrameRaised ? look.penWidth : -look.penWidth;
-  if (geometry.hasSecondOutline) geometry.secondOutline = OutlineOf(look, geometry, grown);
+  if (look.frameStyle != kFrameFlat) {
+    const int grown = look.frameStyle == kFrameRaised ? look.penWidth : -look.penWidth;
+    geometry.secondOutline = OutlineOf(look, geometry, grown);
+  }
   geometry.caption = {captionX, look.top + look.captionOffset, width, caption.height};
   return geometry;
 }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "ui/geometry.h"
@@ -29,7 +30,7 @@ struct ColourLabelLook {
   ui::Colour disabledSecondLine;
   int penWidth = 1;
   ui::Colour text;
-  ui::Font font = ui::kCaptionFont;
+  ui::Font font = ui::kCaptionFont;  // the face must outlive the label
   std::string caption;
   int alignment = kCaptionLeft;
   int margin = 0;         // from the frame's side to the caption
@@ -58,8 +59,8 @@ struct ColourLabelGeometry {
   int gapStart = 0;  // the same as gapEnd where the frame is closed
   int gapEnd = 0;
   Outline outline;
-  bool hasSecondOutline = false;  // flat frames have none
-  Outline secondOutline;          // one pen width inside (etched) or outside (raised)
+  // One pen width inside (etched) or outside (raised); flat frames have none.
+  std::optional<Outline> secondOutline;
   ui::Rect caption;
 };
 

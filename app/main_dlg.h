@@ -56,7 +56,7 @@ class CMainDlg final : public ui::DialogEvents, public VideoPages {
   void ShowGenlock() override;
   void ShowImageAdjust() override;
   void ShowRoi() override;
-  // No button opens the Text Labels page yet.
+  // No button opens the Text Labels page.
   void ShowTextLabels();
 
   void OnCommand(int control, ui::Notification what) override;
@@ -102,6 +102,8 @@ class CMainDlg final : public ui::DialogEvents, public VideoPages {
   void MoveButton(int control, int y);
   void ShowHomeButtons();
   void ShowSubPageButtons();
+  template <class SubPage>
+  void OpenSubPage(PageCode code, SubPage& page);
   void EnterPage(PageCode code);
   void LeaveCurrentPage();
   void ReturnToInformation();

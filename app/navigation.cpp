@@ -414,14 +414,6 @@ void CMainDlg::ShowSubPageButtons() {
   ShowButtonAt(kReturnButton, 145);
 }
 
-void CMainDlg::ShowDisplayMode() {
-  EnterPage(PageCode::kDisplayMode);
-  displayMode.OnShowFromMenu();
-  ShowSubPageButtons();
-  ShowButtonAt(kPageUpButton, 185);
-  displayMode.Show(true);
-}
-
 void CMainDlg::ShowTvWall() {
   EnterPage(PageCode::kTvWall);
   ReadWallLayout();
@@ -463,45 +455,28 @@ void CMainDlg::ReadWallLayout() {
   panel.tilePosition = tile;
 }
 
-void CMainDlg::ShowPip() {
-  EnterPage(PageCode::kPip);
-  pip.OnShowFromMenu();
+template <class SubPage>
+void CMainDlg::OpenSubPage(PageCode code, SubPage& page) {
+  EnterPage(code);
+  page.OnShowFromMenu();
   ShowSubPageButtons();
-  pip.Show(true);
+  page.Show(true);
 }
 
-void CMainDlg::ShowGenlock() {
-  EnterPage(PageCode::kGenlock);
-  genlock.OnShowFromMenu();
-  ShowSubPageButtons();
-  genlock.Show(true);
+void CMainDlg::ShowDisplayMode() {
+  OpenSubPage(PageCode::kDisplayMode, displayMode);
+  ShowButtonAt(kPageUpButton, 185);
 }
 
-// This page and the next two are not initialised when the connection changes, so that they take the
-// handle of the box when they are opened.
-void CMainDlg::ShowImageAdjust() {
-  EnterPage(PageCode::kImageAdjust);
-  imageAdjust.Init();
-  imageAdjust.OnShowFromMenu();
-  ShowSubPageButtons();
-  imageAdjust.Show(true);
-}
+void CMainDlg::ShowPip() { OpenSubPage(PageCode::kPip, pip); }
 
-void CMainDlg::ShowRoi() {
-  EnterPage(PageCode::kRoi);
-  roi.Init();
-  roi.OnShowFromMenu();
-  ShowSubPageButtons();
-  roi.Show(true);
-}
+void CMainDlg::ShowGenlock() { OpenSubPage(PageCode::kGenlock, genlock); }
 
-void CMainDlg::ShowTextLabels() {
-  EnterPage(PageCode::kTextLabels);
-  textLabels.Init();
-  textLabels.OnShowFromMenu();
-  ShowSubPageButtons();
-  textLabels.Show(true);
-}
+void CMainDlg::ShowImageAdjust() { OpenSubPage(PageCode::kImageAdjust, imageAdjust); }
+
+void CMainDlg::ShowRoi() { OpenSubPage(PageCode::kRoi, roi); }
+
+void CMainDlg::ShowTextLabels() { OpenSubPage(PageCode::kTextLabels, textLabels); }
 
 // The port is bound to the pages; nothing is sent to or read from it.
 void CMainDlg::OnPortChosen() {

@@ -173,7 +173,7 @@ constexpr std::uint32_t kOutputLevel = 15;               // rw: 0 limited range,
 constexpr std::uint32_t kEdgeEnhance = 19;               // rw: 0-3
 
 // Video settings of other models
-constexpr std::uint32_t kOutputFormatReport = 1;         // r: output format code after a change; Video settings, ROI
+constexpr std::uint32_t kOutputFormatReport = 1;         // r: output format code after a change; Video settings
 constexpr std::uint32_t kPassThroughReport = 17;         // r: 1 = the box passes its input through
 constexpr std::uint32_t kFreeze = 19;                    // w: 11 = freeze or release (24, 34 without DIP switches)
 constexpr std::uint32_t kFreezeSecond = 23;              // w: 11 = freeze or release (25, 29)
@@ -196,7 +196,7 @@ constexpr std::uint32_t kBoxMenu7 = 7;                   // w: the same; Image A
 constexpr std::uint32_t kPipOption = 5;                  // r: PIP (13, 15)
 constexpr std::uint32_t kPipOutputFormat = 6;            // r: PIP (13, 15)
 constexpr std::uint32_t kImageAspect = 11;               // r: 3 = sizes can be set; Image Adjust (24, 34)
-constexpr std::uint32_t kRegionInput1 = 1;               // r: input format code; ROI (14, 25, 29, 36)
+constexpr std::uint32_t kRegionInput1 = 1;               // r: input format code; ROI (14, 25, 29, 33, 36)
 constexpr std::uint32_t kRegionInput2 = 2;               // r: input format code; ROI (24, 30, 34, 43)
 constexpr std::uint32_t kRegionInput4 = 4;               // r: input format code; ROI (32, 35)
 constexpr std::uint32_t kRegionInput5 = 5;               // r: input format code; ROI (23, 42)

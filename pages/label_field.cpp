@@ -5,12 +5,12 @@
 namespace panelora {
 
 std::string TextOfLabel(std::span<const std::uint8_t, kLabelLength> field) {
-  std::string text(field.begin(), field.end());
+  std::string text(field.begin(), std::find(field.begin(), field.end(), 0));
   const std::size_t first = text.find_first_not_of(' ');
   if (first != std::string::npos) {
     text = text.substr(first, text.find_last_not_of(' ') - first + 1);
   }
-  return text.substr(0, text.find('\0'));
+  return text;
 }
 
 LabelField CentredLabel(std::string_view text) {

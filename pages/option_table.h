@@ -21,6 +21,19 @@ const Row* FindRow(const Row* row, std::uint8_t Row::*key, Matches matches) {
   }
 }
 
+// A value and how it is called.
+struct NamedValue {
+  std::uint8_t value;  // 255 ends the table
+  const char* name;
+};
+
+// The name of the first row with the value; null when there is none. The last row is never found.
+inline const char* NameOf(const NamedValue* table, std::uint8_t value) {
+  const NamedValue* row = FindRow(table, &NamedValue::value,
+                                  [&](const NamedValue& each) { return each.value == value; });
+  return row == nullptr || row->value == kTableEnd ? nullptr : row->name;
+}
+
 // Captions are stored padded with blanks on the right.
 inline std::string TrimRight(std::string_view text) {
   const std::size_t end = text.find_last_not_of(' ');

@@ -43,29 +43,9 @@ bool Has(const std::vector<std::uint8_t>& types, std::uint8_t boxType) {
   return types.empty() || std::find(types.begin(), types.end(), boxType) != types.end();
 }
 
-// Half the input at (300, 50), switched on, full screen.
-const std::vector<std::uint8_t> kRegion = {1, 0x2C, 0, 50, 3, 0xC0, 2, 0x1C, 1, 1};
-
-// Where a model keeps its genlock delays; 0 for those that have none.
-std::uint8_t GenlockDelaysOf(std::uint8_t boxType) {
-  switch (boxType) {
-    case 39:
-    case 40:
-    case 46:
-    case 47:
-    case 48:
-    case 49:
-    case 50:
-      return block::kGenlockDelays1;
-    case 20:
-    case 33:
-      return block::kGenlockDelays2;
-    case 30:
-    case 43:
-      return block::kGenlockDelays3;
-    default:
-      return 0;
-  }
+bool HoldsGenlockDelays(std::uint8_t property) {
+  return property == block::kGenlockDelays1 || property == block::kGenlockDelays2 ||
+         property == block::kGenlockDelays3;
 }
 
 // The multi-viewers. Their insets as they leave the factory: positions and sizes of 16 bits, the
@@ -123,6 +103,7 @@ void BoxModel::RestoreEverything() {
   }
 
   for (const WordRow& row : kWords26) Word(row.item) = {row.value, 0};
+  Block(block::kTextLabel) = TextLabel();
   Block(block::kNoSignal) = {1, 0};
   Block(block::kDip8Mode) = {0, 0};
   RestoreRgb();
@@ -141,7 +122,7 @@ void BoxModel::RestoreOtherModel() {
   // With DIP switches and of brand 2 these keep their region elsewhere.
   if (identity.boxType == 24 || identity.boxType == 34) {
     const bool elsewhere = identity.inputDipFlag == 1 || identity.brandCode == 2;
-    Block(elsewhere ? block::kRegion18 : block::kRegion15) = kRegion;
+    Block(elsewhere ? block::kRegion18 : block::kRegion15) = Region();
   }
 }
 
@@ -203,7 +184,7 @@ int BoxModel::SetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std
   if (property == block::kBoxMenu && length == 1 && identity.boxType != 51) return kSuccess;
   if (IsMultiViewer(identity.boxType) && StoreMultiView(property, length, bytes)) return kSuccess;
   std::vector<std::uint8_t>& stored = Block(property, sub);
-  if (property == GenlockDelaysOf(identity.boxType) && length == 5) {
+  if (HoldsGenlockDelays(property) && length == 5) {
     // Taken big-endian, told little-endian; a preview acts like the final value.
     stored = {bytes[1], bytes[0], bytes[3], bytes[2]};
     return kSuccess;
@@ -239,7 +220,7 @@ int BoxModel::SetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint
     StoreChannelCode(static_cast<std::uint8_t>(value));
     return kSuccess;
   }
-  Word(item)[0] = value;  // a wall's size takes the minor number of the firmware with it
+  Word(item)[0] = value;  // not the second: word 8 holds wall size and firmware version at once
   if (identity.boxType == 26 && item == word::kInputSource) ReportInputFormat();
   return kSuccess;
 }

@@ -67,7 +67,7 @@ class BoxModel final : public DeviceLink {
   bool StoreMultiView(std::uint8_t property, std::uint8_t length, const BlockBuffer& bytes);
   void StoreChannelCode(std::uint8_t code);
   void ReportOutput(std::uint8_t property, std::uint8_t value);
-  void RunCommand(std::uint32_t command);
+  void RunCommand(std::uint32_t number);
   std::uint8_t* ProcAmpValue(std::uint32_t control);
 
   Identity identity;

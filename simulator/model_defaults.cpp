@@ -1,5 +1,7 @@
 #include "simulator/model_defaults.h"
 
+#include <string>
+
 #include "device/properties.h"
 
 namespace panelora::simulator {
@@ -28,8 +30,7 @@ const BlockDefault kBlockDefaults[] = {
     {{50, 24, 34}, block::kImageSize50, {100, 100}},
     {{23, 42}, block::kImagePosition23, {0x01, 0x2C, 0x00, 0x32}},
     {{23, 42}, block::kImageSize23, {100, 100}},
-    {{25, 29}, block::kImagePosition25, {0x01, 0x2C, 0x00, 0x32}},
-    {{25, 29}, block::kImageSize25, {100, 100}},
+    {{25, 29}, block::kImageSize25, {100, 100}},  // their position is that of the region
     {{24, 34}, block::kImageSize24, {100, 100}},
     // Audio: not muted, the second source, first level and channel, volumes in the middle
     {{14, 17, 18, 20, 21, 23, 24, 25, 29, 30, 32, 33, 34, 35, 36, 42, 43, 46, 47, 48, 49, 52},
@@ -69,15 +70,10 @@ const BlockDefault kBlockDefaults[] = {
     {{30, 43}, block::kGenlockMode3, {1, 10, 0, 15}},
     {{30, 43}, block::kGenlockDelays3, {100, 0, 200, 0}},
     {{30, 43}, block::kSyncMode3, {0, 0}},
-    // Region of interest: half the input at (300, 50), in full screen
-    {{25, 29, 32, 39, 40, 46, 47, 48, 49},
-     block::kRegion18,
-     {1, 0x2C, 0, 50, 3, 0xC0, 2, 0x1C, 1, 1}},
-    {{14, 23, 35, 36, 42}, block::kRegion14, {1, 0x2C, 0, 50, 3, 0xC0, 2, 0x1C, 1, 1}},
-    {{30, 43}, block::kRegion19, {1, 0x2C, 0, 50, 3, 0xC0, 2, 0x1C, 1, 1}},
-    // Text label: on
-    {{}, block::kTextLabel, {1,   ' ', ' ', ' ', ' ', ' ', ' ', 'C', 'A', 'M', 'E',
-                             'R', 'A', ' ', '1', ' ', ' ', ' ', ' ', ' ', ' '}},
+    {{25, 29, 32, 39, 40, 46, 47, 48, 49}, block::kRegion18, Region()},
+    {{14, 23, 35, 36, 42}, block::kRegion14, Region()},
+    {{30, 43}, block::kRegion19, Region()},
+    {{}, block::kTextLabel, TextLabel()},
 };
 
 const WordDefault kWordDefaults[] = {
@@ -97,6 +93,15 @@ const WordDefault kWordDefaults[] = {
 };
 
 }  // namespace
+
+std::vector<std::uint8_t> Region() { return {1, 0x2C, 0, 50, 3, 0xC0, 2, 0x1C, 1, 1}; }
+
+std::vector<std::uint8_t> TextLabel() {
+  const std::string label = "      CAMERA 1      ";
+  std::vector<std::uint8_t> block = {1};
+  block.insert(block.end(), label.begin(), label.end());
+  return block;
+}
 
 std::span<const BlockDefault> BlockDefaults() { return kBlockDefaults; }
 std::span<const WordDefault> WordDefaults() { return kWordDefaults; }

@@ -20,6 +20,11 @@ struct WordDefault {
   std::uint32_t value;
 };
 
+// A region of interest of half the input at (300, 50), switched on, full screen.
+std::vector<std::uint8_t> Region();
+// The text label "CAMERA 1", switched on.
+std::vector<std::uint8_t> TextLabel();
+
 std::span<const BlockDefault> BlockDefaults();
 std::span<const WordDefault> WordDefaults();
 

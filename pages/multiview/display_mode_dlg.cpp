@@ -50,11 +50,7 @@ constexpr ModeNameRow kModeNames[] = {
     {13, 9, "Mode 9\t\t\t"}, {0, kTableEnd, ""},
 };
 
-struct LabelsStateRow {
-  std::uint8_t value;  // 255 ends the table
-  const char* name;
-};
-constexpr LabelsStateRow kLabelsStates[] = {
+constexpr NamedValue kLabelsStates[] = {
     {0, "OFF"}, {1, "ON"}, {2, "Default Labels"}, {kTableEnd, ""}};
 
 // Brand 8 calls mode 9 its fifth.
@@ -219,10 +215,7 @@ void CDisplayModeDlg::ShowMode() {
 }
 
 void CDisplayModeDlg::ShowLabelsState() {
-  const LabelsStateRow* row =
-      FindRow(kLabelsStates, &LabelsStateRow::value,
-              [&](const LabelsStateRow& state) { return state.value == labelsState; });
-  if (row != nullptr && row->value != kTableEnd) Window().SetText(kLabels.value, row->name);
+  if (const char* name = NameOf(kLabelsStates, labelsState)) Window().SetText(kLabels.value, name);
 }
 
 void CDisplayModeDlg::ShowNames(const ChannelChoice& choice) {

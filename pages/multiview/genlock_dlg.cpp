@@ -11,6 +11,18 @@
 
 namespace panelora {
 
+struct DelayControls {
+  int caption;
+  const char* text;
+  int slider;
+  int down;
+  int up;
+  int edit;
+  int label;
+  int unit;
+  const char* unitText;
+};
+
 namespace {
 
 constexpr CyclingGroup kGenlockMode = {1077, 1078, 1079, 1080};
@@ -71,17 +83,6 @@ const RangeRow* FindRange(std::uint8_t outputCode) {
   return nullptr;
 }
 
-struct DelayControls {
-  int caption;
-  const char* text;
-  int slider;
-  int down;
-  int up;
-  int edit;
-  int label;
-  int unit;
-  const char* unitText;
-};
 constexpr DelayControls kVertical = {1084, "V Sync Delay :", 1086, 1108, 1107, 1105, 1088, 1090,
                                      "H"};
 constexpr DelayControls kHorizontal = {1085, "H Sync Delay :", 1087, 1110, 1109, 1106, 1089,
@@ -172,9 +173,14 @@ void CGenlockDlg::Init() {
   }
   ShowGroup(Window(), kSyncMode, FindName(kSyncNames, panel.identity.boxType, 0) != nullptr);
   Window().EnableControl(kGenlockMode.next, true);
+  // Nothing of the box before.
   genlockMode = syncMode = 0;
+  outputCode = inputCode = kNoCode;
+  lines = clocks = 0;
   vDelay = vDelayApplied = 0;
   hDelay = hDelayApplied = 0;
+  previewed = false;
+  referenceFormat = {};
   ReadBox();
 }
 
@@ -201,7 +207,7 @@ void CGenlockDlg::ReadBox() {
   if (group.tellsLockAndInput) ReadLockAndInput();
   ChooseRanges();
   ReadDelays(group);
-  if (hDelayAllowed == 0) hDelay = hDelayApplied = 0;
+  if (hDelayAllowed == 0) hDelay = 0;
   if (group.syncMode != kNone && ReadBlock(group.syncMode, 2, bytes)) syncMode = bytes[0];
   const BlockBuffer& format = referenceFormat;
   Window().SetText(
@@ -234,10 +240,9 @@ void CGenlockDlg::ReadLockAndInput() {
 void CGenlockDlg::ReadDelays(const GenlockGroup& group) {
   BlockBuffer bytes{};
   if (!ReadBlock(group.delays, 4, bytes)) return;
-  const bool previews = vDelay != vDelayApplied || hDelay != hDelayApplied;
   vDelay = LittleEndian(bytes[0], bytes[1]);
   hDelay = LittleEndian(bytes[2], bytes[3]);
-  if (previews) return;
+  if (previewed) return;
   vDelayApplied = vDelay;
   hDelayApplied = hDelay;
 }
@@ -290,12 +295,13 @@ void CGenlockDlg::ShowSliders() {
 
 void CGenlockDlg::ShowDelays() {
   ShowSliders();
-  for (const int control : {kVertical.edit, kVertical.label}) {
-    Window().SetText(control, ui::Format("%d", vDelay));
-  }
-  for (const int control : {kHorizontal.edit, kHorizontal.label}) {
-    Window().SetText(control, ui::Format("%d", hDelay));
-  }
+  ShowNumber(kVertical, vDelay);
+  ShowNumber(kHorizontal, hDelay);
+}
+
+void CGenlockDlg::ShowNumber(const DelayControls& delay, std::uint16_t value) {
+  Window().SetText(delay.edit, ui::Format("%d", value));
+  Window().SetText(delay.label, ui::Format("%d", value));
 }
 
 void CGenlockDlg::OnCommand(int control, ui::Notification what) {
@@ -326,25 +332,27 @@ void CGenlockDlg::OnNextSyncMode() {
   ShowSyncMode();
 }
 
-void CGenlockDlg::Step(std::uint16_t& value, std::uint16_t maximum, int step) {
-  value = static_cast<std::uint16_t>(std::clamp<int>(value + step, 0, maximum));
+void CGenlockDlg::StepUp(std::uint16_t& value, std::uint16_t maximum) {
+  value = static_cast<std::uint16_t>(std::min(value + 1, int{maximum}));
+  SendDelays(false);
+}
+
+void CGenlockDlg::StepDown(std::uint16_t& value) {
+  if (value != 0) --value;
   SendDelays(false);
 }
 
 void CGenlockDlg::OnSliderReleased(int slider) {
-  if (slider == kVertical.slider) TakeSlider(slider, vDelay);
-  if (slider == kHorizontal.slider) TakeSlider(slider, hDelay);
+  if (slider == kVertical.slider) TakeSlider(kVertical, vDelay);
+  if (slider == kHorizontal.slider) TakeSlider(kHorizontal, hDelay);
 }
 
-void CGenlockDlg::TakeSlider(int slider, std::uint16_t& value) {
-  const auto position = static_cast<std::uint16_t>(Window().SliderPosition(slider));
-  const bool changed = position != value;
+void CGenlockDlg::TakeSlider(const DelayControls& delay, std::uint16_t& value) {
+  const auto position = static_cast<std::uint16_t>(Window().SliderPosition(delay.slider));
+  ShowNumber(delay, position);
+  if (position == value) return;
   value = position;
-  if (changed) {
-    SendDelays(false);
-  } else {
-    ShowDelays();
-  }
+  SendDelays(false);
 }
 
 // False when an edit holds no number; both delays are kept then.
@@ -373,6 +381,7 @@ void CGenlockDlg::Apply() {
 
 // Big-endian, although they are read little-endian: the box's own way.
 void CGenlockDlg::SendDelays(bool final) {
+  previewed = !final;
   if (const ModelRow* model = FindModel(panel.identity.boxType)) {
     WriteBlock(model->group->delays, {HighByte(vDelay), LowByte(vDelay), HighByte(hDelay),
                                       LowByte(hDelay), static_cast<std::uint8_t>(final ? 1 : 0)});
@@ -382,10 +391,11 @@ void CGenlockDlg::SendDelays(bool final) {
 }
 
 void CGenlockDlg::RestoreDelays() {
-  if (vDelay == vDelayApplied && hDelay == hDelayApplied) return;
+  if (!previewed || (vDelay == vDelayApplied && hDelay == hDelayApplied)) return;
   vDelay = vDelayApplied;
   hDelay = hDelayApplied;
   SendDelays(false);
+  previewed = false;
 }
 
 }  // namespace panelora

@@ -11,6 +11,7 @@
 
 namespace panelora {
 
+struct DelayControls;
 struct GenlockGroup;
 
 class CGenlockDlg final : public Page {
@@ -47,10 +48,10 @@ class CGenlockDlg final : public Page {
  private:
   void OnNextGenlockMode();
   void OnNextSyncMode();
-  void OnVerticalUp() { Step(vDelay, vDelayMax, 1); }
-  void OnVerticalDown() { Step(vDelay, vDelayMax, -1); }
-  void OnHorizontalUp() { Step(hDelay, hDelayMax, 1); }
-  void OnHorizontalDown() { Step(hDelay, hDelayMax, -1); }
+  void OnVerticalUp() { StepUp(vDelay, vDelayMax); }
+  void OnVerticalDown() { StepDown(vDelay); }
+  void OnHorizontalUp() { StepUp(hDelay, hDelayMax); }
+  void OnHorizontalDown() { StepDown(hDelay); }
 
   void ReadBox();
   void ReadMode(const GenlockGroup& group);
@@ -62,24 +63,29 @@ class CGenlockDlg final : public Page {
   void ShowSyncMode();
   void ShowSliders();
   void ShowDelays();
-  void Step(std::uint16_t& value, std::uint16_t maximum, int step);
-  void TakeSlider(int slider, std::uint16_t& value);
+  void ShowNumber(const DelayControls& delay, std::uint16_t value);
+  void StepUp(std::uint16_t& value, std::uint16_t maximum);
+  void StepDown(std::uint16_t& value);
+  void TakeSlider(const DelayControls& delay, std::uint16_t& value);
   bool TakeEdits();
 
-  std::uint8_t genlockMode = 0;     // 0 free-run, 1 and 2 a reference by type
-  std::uint8_t syncMode = 0;        // 0 75 ohms, 1 open
-  std::uint8_t outputCode = 0;      // output format
-  std::uint8_t inputCode = 0;       // reference format
-  std::uint8_t hDelayAllowed = 0;   // 1 = the reference allows a horizontal delay
-  std::uint16_t lines = 0;          // a frame of the output
-  std::uint16_t clocks = 0;         // a line of the output
-  std::uint16_t vDelay = 0;         // lines
-  std::uint16_t hDelay = 0;         // clocks
-  std::uint16_t vDelayApplied = 0;  // what the box has as final
-  std::uint16_t hDelayApplied = 0;  // the same
-  std::uint16_t vDelayMax = 0;      // lines, 0 in free-run
-  std::uint16_t hDelayMax = 0;      // clocks, 0 in free-run and where it is not allowed
-  BlockBuffer referenceFormat{};    // the last answer
+  static constexpr std::uint8_t kNoCode = 255;  // not read yet
+
+  std::uint8_t genlockMode = 0;       // 0 free-run, 1 and 2 a reference by type
+  std::uint8_t syncMode = 0;          // 0 75 ohms, 1 open
+  std::uint8_t outputCode = kNoCode;  // output format
+  std::uint8_t inputCode = kNoCode;   // reference format
+  std::uint8_t hDelayAllowed = 0;     // 1 = the reference allows a horizontal delay
+  std::uint16_t lines = 0;            // a frame of the output
+  std::uint16_t clocks = 0;           // a line of the output
+  std::uint16_t vDelay = 0;           // lines
+  std::uint16_t hDelay = 0;           // clocks
+  std::uint16_t vDelayApplied = 0;    // what the box has as final
+  std::uint16_t hDelayApplied = 0;    // the same
+  std::uint16_t vDelayMax = 0;        // lines, 0 in free-run
+  std::uint16_t hDelayMax = 0;        // clocks, 0 in free-run and where it is not allowed
+  bool previewed = false;             // the box has delays that were not applied
+  BlockBuffer referenceFormat{};      // the last answer
 };
 
 }  // namespace panelora

@@ -87,6 +87,7 @@ void CImageAdjustDlg::Init() {
 }
 
 void CImageAdjustDlg::OnShowFromMenu() {
+  deviceHandle = panel.deviceHandle;
   switch (panel.identity.boxType) {
     case 24:
     case 34:

@@ -19,7 +19,8 @@ class CImageAdjustDlg final : public Page {
   // Copies the device handle, sets fonts and captions.
   void Init();
 
-  // Opens the function on the box (on box type 26 this restores position and size), then refreshes.
+  // Takes the handle of the box, since a connection change does not initialise this page; opens the
+  // function on the box (on box type 26 this restores position and size), then refreshes.
   void OnShowFromMenu();
 
   // Lays the page out for the box type and reads values and enabling. A failed read keeps both.

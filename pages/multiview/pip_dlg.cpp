@@ -301,11 +301,11 @@ void CPIPDlg::TakeSize(const Side& side, PipWindow& inset) {
   const int greatest = FrameOf(side) - shown;
   if (inset.*side.positionField > greatest) {
     inset.*side.positionField = static_cast<std::uint16_t>(greatest);
-    Window().SetSliderPosition(side.position.slider, greatest);
     Window().SetText(side.position.edit, ui::Format("%04d", greatest));
   }
   inset.*side.sizeField = static_cast<std::uint16_t>(size);
   Window().SetSliderRange(side.position.slider, 0, greatest);
+  Window().SetSliderPosition(side.position.slider, inset.*side.positionField);
   Window().SetText(side.size.edit, ui::Format("%04d", shown));
   Window().SetText(side.position.label, ui::Format("%d\n", greatest));
 }

@@ -28,12 +28,8 @@ constexpr RoiRow kVSize = {1054, "V. Size", 1058, 1062};
 // Sizes move in steps of that many pixels.
 constexpr int kSizeStep = 2;
 
-struct ModeRow {
-  std::uint8_t value;  // 255 ends the table
-  const char* name;
-};
 constexpr std::uint8_t kDisabled = 2;
-constexpr ModeRow kModes[] = {
+constexpr NamedValue kModes[] = {
     {kDisabled, "Disable"}, {1, "Full Screen"}, {0, "Dot by Dot"}, {kTableEnd, ""}};
 
 struct FrameRow {
@@ -87,6 +83,7 @@ constexpr ModelRow kModels[] = {
     Plain(43, block::kRegion19, kWord2),
     {24, block::kRegion15, kWord2, block::kRegion18, kBlock4},
     {34, block::kRegion15, kWord2, block::kRegion18, kBlock4},
+    Plain(33, kNone, kWord1),
     Plain(14, block::kRegion14, kWord1),
     Plain(36, block::kRegion14, kWord1),
     Plain(25, block::kRegion18, kWord1),
@@ -110,7 +107,6 @@ bool IsOtherKind(const Identity& identity) {
 void CROIDlg::Init() {
   deviceHandle = panel.deviceHandle;
   SetUpGroup(Window(), kMode, "Display Mode", "Full Screen");
-  ShowMode();  // the page is initialised again whenever it is opened
   Window().SetFont(kMode.value, ui::kValueFont);
   Window().SetFont(kFrame, ui::kCaptionFont);
   Window().SetText(kFrame, "adjust ROI");
@@ -128,6 +124,7 @@ std::uint8_t CROIDlg::RegionProperty() const {
 }
 
 void CROIDlg::OnShowFromMenu() {
+  deviceHandle = panel.deviceHandle;
   const std::uint8_t boxType = panel.identity.boxType;
   if (boxType == 39 || boxType == 40) WriteBlock(block::kBoxMenu, {4});
   if (const std::uint8_t property = RegionProperty(); property != kNone) {
@@ -138,9 +135,9 @@ void CROIDlg::OnShowFromMenu() {
 
 void CROIDlg::Refresh(ui::SerialHandle serial) {
   serialHandle = serial;
-  if (RegionProperty() == kNone) return;
+  if (FindModel(panel.identity.boxType) == nullptr) return;
   ReadInputCode();
-  ReadRegion();
+  if (RegionProperty() != kNone) ReadRegion();
 }
 
 // A format without a row keeps the frame.
@@ -180,9 +177,7 @@ void CROIDlg::ReadRegion() {
 }
 
 void CROIDlg::ShowMode() {
-  const ModeRow* row =
-      FindRow(kModes, &ModeRow::value, [&](const ModeRow& mode) { return mode.value == roiMode; });
-  if (row != nullptr && row->value != kTableEnd) Window().SetText(kMode.value, row->name);
+  if (const char* name = NameOf(kModes, roiMode)) Window().SetText(kMode.value, name);
 }
 
 void CROIDlg::EnableSliders() {
@@ -241,11 +236,11 @@ void CROIDlg::TakeSize(const RoiRow& row, std::uint16_t& size, const RoiRow& pos
   const int greatest = frame - taken;
   if (position > greatest) {
     position = static_cast<std::uint16_t>(greatest);
-    Window().SetSliderPosition(positionRow.slider, greatest);
     Window().SetText(positionRow.label, ui::Format("%d\n", greatest));
   }
   size = static_cast<std::uint16_t>(taken);
   Window().SetSliderRange(positionRow.slider, 0, greatest);
+  Window().SetSliderPosition(positionRow.slider, position);
   WriteRegion();
 }
 

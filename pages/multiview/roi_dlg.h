@@ -1,12 +1,13 @@
 // The region of interest page (template 114): how the input picture is mapped onto the output, and
 // which region of it is used. A slider writes when it is let go; the mode is written by Apply.
 //
-// Models: those that have a region property (kModels in roi_dlg.cpp). Of the properties that tell
-// the input format only that of 14, 25, 29 and 36 is known, word item 1. The others are a choice of
-// this page: block 4 on 39, 40 and 46 to 49, where Genlock reads the code of its input, and on 24
-// and 34 with DIP switches or of brand 2, which take their commands by block; word item 2 on the
-// other 24 and 34 and on 30 and 43, 4 on 32 and 35, 5 on 23 and 42. Type 33 would have word item 1
-// too, but no region: on it the page does nothing, as on all types without one.
+// Models: those of kModels in roi_dlg.cpp. That 39 and 40 keep their region where 46 to 49 do is a
+// choice of this page. Of the properties that tell the input format only that of 14, 25, 29, 33 and
+// 36 is known, word item 1; the others are chosen from those that tell formats: block 4 on 39, 40
+// and 46 to 49, where Genlock reads the code of its input, and on 24 and 34 with DIP switches or of
+// brand 2, which take their commands by block; word item 2 on the other 24 and 34 and on 30 and 43,
+// 4 on 32 and 35, 5 on 23 and 42. Block 6 tells a format too and is used for none. Where type 33
+// keeps its region is not known: its input is read, and nothing is written.
 #pragma once
 
 #include "pages/page.h"
@@ -23,7 +24,8 @@ class CROIDlg final : public Page {
   // Copies the device handle, sets fonts and captions.
   void Init();
 
-  // Switches the region off on the box, then refreshes.
+  // Takes the handle of the box, since a connection change does not initialise this page; switches
+  // the region off on the box, then refreshes.
   void OnShowFromMenu();
 
   // Reads input format and region; a region without a size is set to half the input and written. A

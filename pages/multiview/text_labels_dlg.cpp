@@ -15,12 +15,8 @@ constexpr CyclingGroup kState = {1110, 1111, 1112, 1113};
 constexpr int kLabelCaption = 1114;
 constexpr int kLabel = 1115;
 
-struct StateRow {
-  std::uint8_t value;  // 255 ends the table
-  const char* name;
-};
 // The last row's text is never shown.
-constexpr StateRow kStates[] = {
+constexpr NamedValue kStates[] = {
     {0, "Disable"}, {1, "Enable"}, {2, "Default Labels"}, {kTableEnd, "Always ON"}};
 
 }  // namespace
@@ -28,7 +24,6 @@ constexpr StateRow kStates[] = {
 void CTextLabelsDlg::Init() {
   deviceHandle = panel.deviceHandle;
   SetUpGroup(Window(), kState, "Text Labels Enable", "Disable");
-  ShowState();  // the page is initialised again whenever it is opened
   PlaceGroup(Window(), kState, {50, 55}, 370);
   Window().SetFont(kState.value, ui::kValueFont);
   Window().SetFont(kLabelCaption, ui::kCaptionFont);
@@ -40,6 +35,7 @@ void CTextLabelsDlg::Init() {
 }
 
 void CTextLabelsDlg::OnShowFromMenu() {
+  deviceHandle = panel.deviceHandle;
   WriteBlock(block::kBoxMenu, {3});
   Refresh(serialHandle);
 }
@@ -55,9 +51,7 @@ void CTextLabelsDlg::Refresh(ui::SerialHandle serial) {
 }
 
 void CTextLabelsDlg::ShowState() {
-  const StateRow* row = FindRow(kStates, &StateRow::value,
-                                [&](const StateRow& state) { return state.value == labelState; });
-  if (row != nullptr && row->value != kTableEnd) Window().SetText(kState.value, row->name);
+  if (const char* name = NameOf(kStates, labelState)) Window().SetText(kState.value, name);
 }
 
 // The default label and unknown states leave the edit as it is.

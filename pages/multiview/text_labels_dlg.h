@@ -14,7 +14,8 @@ class CTextLabelsDlg final : public Page {
   // Copies the device handle, sets fonts, captions and places.
   void Init();
 
-  // Opens the function on the box, whatever its type, then refreshes.
+  // Takes the handle of the box, since a connection change does not initialise this page; opens the
+  // function on the box, whatever its type, then refreshes.
   void OnShowFromMenu();
 
   // Reads the label; a failed read changes nothing.

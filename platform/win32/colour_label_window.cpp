@@ -35,10 +35,10 @@ CColourLabel::~CColourLabel() {
 }
 
 bool CColourLabel::Create(HWND parent, int id, const RECT& place) {
+  if (window != nullptr) return false;
   WNDCLASSA windowClass{};
   windowClass.lpfnWndProc = Procedure;
   windowClass.hInstance = GetModuleHandleA(nullptr);
-  windowClass.hCursor = LoadCursorA(nullptr, MAKEINTRESOURCEA(32512));  // the arrow
   windowClass.lpszClassName = kClassName;
   RegisterClassA(&windowClass);  // fails when it is registered already
   // Transparent: what stands in the frame is painted first.
@@ -73,10 +73,10 @@ LRESULT CALLBACK CColourLabel::Procedure(HWND window, UINT message, WPARAM wPara
   }
   auto* label = reinterpret_cast<CColourLabel*>(GetWindowLongPtrA(window, GWLP_USERDATA));
   if (label == nullptr) return DefWindowProcA(window, message, wParam, lParam);
-  return label->Handle(message, wParam, lParam);
+  return label->OnMessage(message, wParam, lParam);
 }
 
-LRESULT CColourLabel::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CColourLabel::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (IsReflectedColourRequest(message)) {
     InvalidateRect(GetParent(window), nullptr, TRUE);
     return 0;  // no brush
@@ -121,7 +121,7 @@ void CColourLabel::Paint(HDC context) {
   const HPEN first = MakePen(enabled ? look.line : look.disabledLine, look.penWidth);
   const HPEN second = MakePen(enabled ? look.secondLine : look.disabledSecondLine, look.penWidth);
   Draw(context, geometry.outline, first);
-  if (geometry.hasSecondOutline) Draw(context, geometry.secondOutline, second);
+  if (geometry.secondOutline) Draw(context, *geometry.secondOutline, second);
   if (!look.caption.empty()) DrawCaption(context, text, geometry.caption);
 
   RestoreDC(context, saved);

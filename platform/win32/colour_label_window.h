@@ -9,7 +9,7 @@
 namespace panelora::win32 {
 
 // A child window that draws a ColourLabelLook over what its parent painted, in the colours of its
-// state (EnableWindow). No page owns one yet.
+// state (EnableWindow). No page owns one.
 class CColourLabel {
  public:
   // The label uses the fonts of the cache, at that dpi; the cache outlives it.
@@ -18,7 +18,7 @@ class CColourLabel {
   CColourLabel(const CColourLabel&) = delete;
   CColourLabel& operator=(const CColourLabel&) = delete;
 
-  // False when the system can't make the window.
+  // False when there is a window already or the system can't make one.
   bool Create(HWND parent, int id, const RECT& place);
   HWND Handle() const { return window; }
 
@@ -27,7 +27,7 @@ class CColourLabel {
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
   void Paint(HDC context);
   void DrawCaption(HDC context, const std::string& text, const ui::Rect& place);
   void PaintAnew();

@@ -210,6 +210,12 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return TRUE;
     case WM_NOTIFY:
       return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
+    case WM_HSCROLL:  // a key moved a slider and was let go; a mouse has told so before
+    case WM_VSCROLL:
+      if (LOWORD(wParam) == TB_ENDTRACK && lParam != 0) {
+        events.OnSliderReleased(GetDlgCtrlID(reinterpret_cast<HWND>(lParam)));
+      }
+      return FALSE;
     case WM_TIMER:
       events.OnTimer(static_cast<int>(wParam));
       return FALSE;

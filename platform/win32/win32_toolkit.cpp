@@ -126,23 +126,24 @@ bool Win32Toolkit::PreTranslate(const MSG& message) {
   // An open drop-down list keeps both keys for itself.
   if (SendMessageA(message.hwnd, CB_GETDROPPEDSTATE, 0, 0) != 0) return false;
   const bool enter = message.wParam == VK_RETURN;
-  if (enter && PressFocusedButton(message.hwnd)) return true;
-  dialog->Events().OnKey(enter ? ui::Key::kEnter : ui::Key::kEscape);
+  const bool consumed = dialog->Events().OnKey(enter ? ui::Key::kEnter : ui::Key::kEscape);
+  if (enter && !consumed) PressFocusedButton(message.hwnd);
   return true;  // neither key ever closes the main window or a page
 }
 
-bool Win32Toolkit::PressFocusedButton(HWND focus) {
+void Win32Toolkit::PressFocusedButton(HWND focus) {
   const Win32Dialog* dialog = DialogOf(focus);
+  if (dialog == nullptr) return;  // the key closed it
   const Win32Control* control = dialog->Find(GetDlgCtrlID(focus));
-  if (control == nullptr || !IsWindowVisible(focus) || !IsWindowEnabled(focus)) return false;
+  if (control == nullptr || !IsWindowVisible(focus) || !IsWindowEnabled(focus)) return;
   switch (control->kind) {
     case ui::ControlKind::kButton:
     case ui::ControlKind::kDefaultButton:
     case ui::ControlKind::kPictureButton:
       SendMessageA(focus, BM_CLICK, 0, 0);
-      return true;
+      break;
     default:
-      return false;
+      break;
   }
 }
 

@@ -153,7 +153,7 @@ class Win32Toolkit final : public ui::Toolkit {
   friend class Win32Dialog;
 
   bool PreTranslate(const MSG& message);
-  bool PressFocusedButton(HWND focus);
+  void PressFocusedButton(HWND focus);
   void KeepFocusUsable();
 
   HINSTANCE instance;

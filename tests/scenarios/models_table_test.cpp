@@ -78,6 +78,10 @@ TEST_F(ModelsTable, PagesAskTheTypesThatTheTableNames) {
       ASSERT_TRUE(table.contains(name)) << name;
       EXPECT_EQ(Asks(show), CellOf(table.at(name), boxType) != "-") << name << " on " << boxType;
     }
+    // This one is for every type.
+    TakeCalls();
+    panel->ShowTextLabels();
+    EXPECT_EQ(TakeCalls(), (Calls{"set block 1,0,1: 03", "get block 41,0,60"})) << boxType;
   }
 }
 

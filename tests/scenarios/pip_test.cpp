@@ -530,6 +530,12 @@ TEST_F(Pip, InsetGreaterThanTheFrameIsShownAndLimitedByApply) {
   EXPECT_EQ(Edits(kCh1), (Texts{"65535", "3000", "2500", "65535"}));
   EXPECT_EQ(Sliders(kCh1), (std::vector<int>{0, 0, 1920, 1080}));
   EXPECT_EQ(CallsOf(kApplyButton), Calls{"set block 13,0,8: 00 00 00 00 07 80 04 38"});
+  // A smaller size brings it in, and the slider with it.
+  SetInset(3000, 0, 2500, 360);
+  Refresh();
+  Slide(1057, 600);
+  EXPECT_EQ(Edits(kCh1)[kHPos], "1320");
+  EXPECT_EQ(Sliders(kCh1)[kHPos], 1320);
 }
 
 TEST_F(Pip, TakesTheHandleOfABoxThatCameBack) {

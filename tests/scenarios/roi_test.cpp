@@ -133,6 +133,7 @@ TEST_F(Roi, CaptionsAndFonts) {
     EXPECT_EQ(desk.Text(kPage, id), text);
     EXPECT_EQ(desk.FontOf(kPage, id), ui::kCaptionFont) << id;
   }
+  for (const int label : kLabels) EXPECT_EQ(desk.FontOf(kPage, label), ui::kCaptionFont);
   EXPECT_EQ(desk.FontOf(kPage, 1045), ui::kValueFont);
 }
 
@@ -159,7 +160,7 @@ TEST_F(Roi, EveryModelHasItsProperties) {
 }
 
 TEST_F(Roi, OtherTypesAreAskedAndToldNothing) {
-  for (const std::uint8_t type : Bytes{26, 33, 50, 15, 37}) {
+  for (const std::uint8_t type : Bytes{26, 50, 15, 37}) {
     panel.reset();
     StartWith({type, 0, 0, 0, 0});
     panel->ShowRoi();
@@ -168,6 +169,16 @@ TEST_F(Roi, OtherTypesAreAskedAndToldNothing) {
     desk.Press(kPage, kNextMode);
     EXPECT_EQ(TakeCalls(), Calls{}) << int{type};
   }
+}
+
+// Where it keeps its region is not known.
+TEST_F(Roi, Type33IsAskedForItsInputAlone) {
+  StartWith({33, 0, 0, 0, 0});
+  panel->ShowRoi();
+  EXPECT_EQ(TakeCalls(), Calls{"get word 0,1"});
+  Press(kApplyButton);
+  Slide(1057, 10);
+  EXPECT_EQ(TakeCalls(), Calls{});
 }
 
 struct FrameRow {
@@ -255,8 +266,10 @@ TEST_F(Roi, BrandsOtherThan2HaveTwoModes) {
 TEST_F(Roi, Brand2CanDisable) {
   Open({100, 50, 640, 360, 1, 0}, 2);
   desk.Press(kPage, kNextMode);
+  EXPECT_EQ(TakeCalls(), Calls{});
   EXPECT_EQ(CallsOf(kApplyButton), Calls{Write(18, {100, 50, 640, 360, 1, 1})});
   desk.Press(kPage, kNextMode);
+  EXPECT_EQ(TakeCalls(), Calls{});
   EXPECT_EQ(Mode(), "Disable");
   EXPECT_FALSE(SlidersEnabled());
   EXPECT_EQ(CallsOf(kApplyButton), Calls{Write(18, {100, 50, 640, 360, 2, 0})});
@@ -309,7 +322,9 @@ TEST_F(Roi, SizesMoveInStepsOfTwo) {
   EXPECT_EQ(desk.Text(kPage, 1061), "600\n");
   EXPECT_EQ(desk.SliderRange(kPage, 1055), std::make_pair(0, 1320));
   EXPECT_EQ(Slide(1057, 300), Calls{});
+  EXPECT_EQ(desk.Text(kPage, 1061), "600\n");
   EXPECT_EQ(Slide(1058, 200), Calls{Write(18, {0, 0, 600, 400, 0, 0})});
+  EXPECT_EQ(desk.Text(kPage, 1062), "400\n");
   EXPECT_EQ(desk.SliderRange(kPage, 1056), std::make_pair(0, 680));
   // An odd size from the box is shown as it is.
   SetRegion({1, 2, 641, 361, 1, 0});
@@ -328,6 +343,8 @@ TEST_F(Roi, SizeThatLeavesTheFramePushesThePosition) {
   EXPECT_EQ(desk.SliderRange(kPage, 1055), std::make_pair(0, 998));
   EXPECT_EQ(Slide(1058, 291), Calls{Write(18, {998, 498, 922, 582, 0, 0})});
   EXPECT_EQ(desk.SliderRange(kPage, 1056), std::make_pair(0, 498));
+  EXPECT_EQ(Positions()[1], 498);
+  EXPECT_EQ(desk.Text(kPage, 1060), "498\n");
   // Both ends.
   EXPECT_EQ(Slide(1057, 5000), Calls{Write(18, {0, 498, 1920, 582, 0, 0})});
   EXPECT_EQ(Slide(1058, 5000), Calls{Write(18, {0, 0, 1920, 1080, 0, 0})});
@@ -343,6 +360,12 @@ TEST_F(Roi, RegionOutsideTheFrameIsShownAndNotTouched) {
   EXPECT_EQ(Values(), (Ints{60000, 50, 3000, 65535}));
   EXPECT_EQ(Positions(), (Ints{0, 0, 960, 540}));
   EXPECT_EQ(CallsOf(kApplyButton), Calls{Write(18, {60000, 50, 3000, 65535, 1, 0})});
+  // A smaller size brings it in, and the sliders with it.
+  EXPECT_EQ(Slide(1057, 300), Calls{Write(18, {1320, 50, 600, 65535, 0, 0})});
+  EXPECT_EQ(Positions()[0], 1320);
+  Open({1000, 0, 1500, 360, 1, 0});
+  EXPECT_EQ(Slide(1057, 400), Calls{Write(18, {1000, 0, 800, 360, 0, 0})});
+  EXPECT_EQ(Positions()[0], 1000);
 }
 
 TEST_F(Roi, FailedWritesAreNotMinded) {
@@ -350,6 +373,13 @@ TEST_F(Roi, FailedWritesAreNotMinded) {
   device.Fail(Write(18, {0, 50, 640, 360, 0, 0}));
   EXPECT_EQ(Slide(1055, 0), Calls{Write(18, {0, 50, 640, 360, 0, 0})});
   EXPECT_EQ(Values()[0], 0);
+  OpenModel({39, 0, 0, 0, 0}, {100, 50, 640, 360, 1, 0});
+  device.Fail("set block 1,0,1: 04");
+  device.Fail(Write(18, {0, 0, 0, 0, 2, 0}));
+  panel->ShowRoi();
+  EXPECT_EQ(TakeCalls(), (Calls{"set block 1,0,1: 04", Write(18, {0, 0, 0, 0, 2, 0}),
+                                "get block 4,0,2", "get block 18,0,30"}));
+  EXPECT_EQ(Values(), (Ints{100, 50, 640, 360}));
 }
 
 TEST_F(Roi, TakesTheHandleOfABoxThatCameBack) {
@@ -363,6 +393,55 @@ TEST_F(Roi, TakesTheHandleOfABoxThatCameBack) {
   SetRegion({1, 2, 300, 200, 1, 0});
   Press(kPictureButton);
   EXPECT_EQ(Values(), (Ints{1, 2, 300, 200}));
+}
+
+TEST_F(Roi, RegionThatWasNotReadIsNotWritten) {
+  device.Fail("get block 18,0,30");
+  StartWith({46, 0, 0, 0, 0});
+  panel->ShowRoi();
+  EXPECT_EQ(TakeCalls(),
+            (Calls{Write(18, {0, 0, 0, 0, 2, 0}), "get block 4,0,2", "get block 18,0,30"}));
+  EXPECT_EQ(Mode(), "Full Screen");
+}
+
+TEST_F(Roi, RefreshReplacesAModeThatWasNotApplied) {
+  Open();
+  desk.Press(kPage, kNextMode);
+  EXPECT_EQ(Mode(), "Full Screen");
+  Press(kPictureButton);
+  EXPECT_EQ(Mode(), "Dot by Dot");
+  // Opening it again with a mode without name keeps the text.
+  SetRegion({100, 50, 640, 360, 1, 1});
+  Press(kPictureButton);
+  device.Fail("get block 18,0,30");
+  panel->ShowRoi();
+  EXPECT_EQ(Mode(), "Full Screen");
+}
+
+// At every input: both sizes at their ends.
+TEST_F(Roi, SizesReachFromNothingToTheInput) {
+  Open();
+  for (const FrameRow& row : kFrames) {
+    SetInput(row.first);
+    SetRegion({0, 0, 100, 100, 1, 0});
+    Press(kPictureButton);
+    const int width = row.width / 2 * 2;
+    const int height = row.height / 2 * 2;
+    EXPECT_EQ(Slide(1057, 5000), Calls{Write(18, {0, 0, width, 100, 0, 0})});
+    EXPECT_EQ(Slide(1058, 5000), Calls{Write(18, {0, 0, width, height, 0, 0})});
+    EXPECT_EQ(Slide(1057, 0), Calls{Write(18, {0, 0, 0, height, 0, 0})});
+    EXPECT_EQ(Slide(1058, 0), Calls{Write(18, {0, 0, 0, 0, 0, 0})});
+  }
+}
+
+TEST_F(Roi, ApplyDefaultAndRefreshSilenceTheMonitor) {
+  Open();
+  Press(kApplyButton);
+  EXPECT_EQ(panel->Panel().tickSkip, 5);
+  for (const int button : {kDefaultButton, kPictureButton}) {
+    Press(button);
+    EXPECT_EQ(panel->Panel().tickSkip, 2);
+  }
 }
 
 }  // namespace

@@ -55,7 +55,10 @@ TEST_F(TextLabels, PlacesTextsAndFonts) {
   EXPECT_EQ(desk.PlaceOf(kPage, 1114), (Rect{50, 155, 300, 20}));
   EXPECT_EQ(desk.PlaceOf(kPage, kLabel), (Rect{50, 175, 310, 35}));
   EXPECT_EQ(desk.FontOf(kPage, kState), ui::kValueFont);
-  EXPECT_EQ(desk.FontOf(kPage, 1110), ui::kCaptionFont);
+  EXPECT_EQ(desk.FontOf(kPage, kLabel), ui::kValueFont);
+  for (const int control : {1110, 1111, kNextState, 1114}) {
+    EXPECT_EQ(desk.FontOf(kPage, control), ui::kCaptionFont) << control;
+  }
 }
 
 TEST_F(TextLabels, OpeningAndDefaultTellEveryBoxAndRead) {
@@ -116,10 +119,7 @@ TEST_F(TextLabels, UnknownStateKeepsText) {
   Open();
   Show(1, kBlanks);
   for (const std::uint8_t state : Bytes{3, 100, 255}) {
-    TakeCalls();
-    Bytes& block = box.Block(41);
-    block[0] = state;
-    Press(kDefaultButton);
+    Show(state, kBlanks);
     EXPECT_EQ(desk.Text(kPage, kState), "Enable") << int{state};
     EXPECT_TRUE(desk.Enables(kPage, kLabel));
   }
@@ -180,6 +180,27 @@ TEST_F(TextLabels, TakesTheHandleOfABoxThatCameBack) {
   Tick();
   Show(1, "        NEW         ");
   EXPECT_EQ(desk.Text(kPage, kLabel), "NEW");
+}
+
+TEST_F(TextLabels, FailedWritesAreNotMinded) {
+  Open();
+  Show(1, "        CAM         ");
+  device.Fail("set block 1,0,1: 03");
+  panel->ShowTextLabels();
+  EXPECT_EQ(TakeCalls(), (Calls{"set block 1,0,1: 03", "get block 41,0,60"}));
+  device.Fail(Written(1, "        CAM         ").front());
+  EXPECT_EQ(CallsOf(kApplyButton), Written(1, "        CAM         "));
+  EXPECT_EQ(desk.Text(kPage, kLabel), "CAM");
+}
+
+TEST_F(TextLabels, ApplyDefaultAndRefreshSilenceTheMonitor) {
+  Open();
+  Press(kApplyButton);
+  EXPECT_EQ(panel->Panel().tickSkip, 5);
+  for (const int button : {kDefaultButton, kPictureButton}) {
+    Press(button);
+    EXPECT_EQ(panel->Panel().tickSkip, 2);
+  }
 }
 
 }  // namespace

@@ -55,19 +55,12 @@ void Desk::Choose(int dialog, int control, int index) {
 }
 
 void Desk::PressKey(int dialog, int control, ui::Key key) {
-  switch (inside->At(dialog, control).kind) {
-    case ui::ControlKind::kButton:
-    case ui::ControlKind::kDefaultButton:
-    case ui::ControlKind::kPictureButton:
-      if (key == ui::Key::kEnter) {
-        Press(dialog, control);
-        return;
-      }
-      break;
-    default:
-      break;
-  }
-  inside->At(dialog).PressKey(key);
+  const ui::ControlKind kind = inside->At(dialog, control).kind;
+  const bool isButton = kind == ui::ControlKind::kButton ||
+                        kind == ui::ControlKind::kDefaultButton ||
+                        kind == ui::ControlKind::kPictureButton;
+  const bool consumed = inside->At(dialog).PressKey(key);
+  if (!consumed && isButton && key == ui::Key::kEnter) Press(dialog, control);
   Settle();
 }
 

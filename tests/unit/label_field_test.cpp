@@ -36,6 +36,7 @@ TEST(LabelField, ShowsAFieldOfBlanksAsItsBlanks) {
 TEST(LabelField, AZeroEndsTheText) {
   EXPECT_EQ(TextOfLabel(Field("")), "");
   EXPECT_EQ(TextOfLabel(Field("  CAM")), "CAM");
+  EXPECT_EQ(TextOfLabel(Field("  CAM  ")), "CAM");
 }
 
 TEST(LabelField, WritesTheTextInTheMiddleOfTwentyBlanks) {

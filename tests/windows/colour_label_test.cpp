@@ -34,7 +34,7 @@ class ColourLabelWindow : public ::testing::Test {
 
   ColourLabelWindow() {
     WNDCLASSA windowClass{};
-    windowClass.lpfnWndProc = DefWindowProcA;
+    windowClass.lpfnWndProc = ParentProcedure;
     windowClass.hInstance = GetModuleHandleA(nullptr);
     windowClass.hbrBackground = background;
     windowClass.lpszClassName = "PaneloraColourLabelTest";
@@ -46,8 +46,7 @@ class ColourLabelWindow : public ::testing::Test {
   ~ColourLabelWindow() override {
     labels.clear();
     DestroyWindow(parent);
-    UnregisterClassA("PaneloraColourLabelTest", GetModuleHandleA(nullptr));
-    DeleteObject(background);
+    UnregisterClassA("PaneloraColourLabelTest", GetModuleHandleA(nullptr));  // frees the brush
   }
 
   static ColourLabelLook Look(int alignment, int frameStyle, const std::string& caption) {
@@ -78,6 +77,17 @@ class ColourLabelWindow : public ::testing::Test {
     label.SetLook(look);
     EnableWindow(label.Handle(), enabled);
     return label;
+  }
+  bool ErasesWithNextPaint() {
+    PAINTSTRUCT paint;
+    eraseRequests = 0;
+    BeginPaint(parent, &paint);
+    EndPaint(parent, &paint);
+    return eraseRequests > 0;
+  }
+  static LRESULT CALLBACK ParentProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ERASEBKGND) ++eraseRequests;
+    return DefWindowProcA(window, message, wParam, lParam);
   }
   void Paint() {
     RedrawWindow(parent, nullptr, nullptr, RDW_ERASENOW | RDW_UPDATENOW | RDW_ALLCHILDREN);
@@ -127,10 +137,10 @@ class ColourLabelWindow : public ::testing::Test {
     const COLORREF second = ColourOf(enabled ? kSecondLine : kDisabledSecondLine);
     const ColourLabelGeometry geometry = Expected(label);
     ExpectOutline(label, geometry.outline, first);
-    if (geometry.hasSecondOutline) ExpectOutline(label, geometry.secondOutline, second);
+    if (geometry.secondOutline) ExpectOutline(label, *geometry.secondOutline, second);
 
     std::set<COLORREF> whole = Colours(label, {0, 0, kWidth, kHeight});
-    EXPECT_EQ(whole.contains(second), geometry.hasSecondOutline);
+    EXPECT_EQ(whole.contains(second), geometry.secondOutline.has_value());
     EXPECT_FALSE(whole.contains(ColourOf(enabled ? kDisabledLine : kLine)));
     EXPECT_FALSE(whole.contains(ColourOf(enabled ? kDisabledSecondLine : kSecondLine)));
 
@@ -183,6 +193,7 @@ class ColourLabelWindow : public ::testing::Test {
     file.write(pixels.data(), static_cast<std::streamsize>(pixels.size()));
   }
 
+  static inline int eraseRequests = 0;
   HBRUSH background = CreateSolidBrush(kBackground);
   HWND parent = nullptr;
   GdiCache gdi{GetModuleHandleA(nullptr)};
@@ -210,18 +221,35 @@ TEST_F(ColourLabelWindow, DrawsEveryStyleAndAlignmentInBothStates) {
 }
 
 TEST_F(ColourLabelWindow, EmptyCaptionDrawsAClosedFrame) {
-  for (const int alignment : {kCaptionLeft, kCaptionRight, kCaptionCentred}) {
+  for (const int alignment : {kCaptionLeft, kCaptionRight, kCaptionCentred, 0}) {
     for (const int style : {kFrameFlat, kFrameRaised, kFrameEtched}) {
       Add(Look(alignment, style, ""));
     }
+    Add(Look(alignment, kFrameFlat, ""), false);
   }
   Paint();
   for (const auto& label : labels) {
     const ColourLabelGeometry geometry = Expected(*label);
+    const bool enabled = IsWindowEnabled(label->Handle()) != FALSE;
     for (int x = label->Look().left; x <= label->Look().right; ++x) {
-      ASSERT_EQ(Pixel(*label, x, geometry.lineY), ColourOf(kLine)) << x;
+      ASSERT_EQ(Pixel(*label, x, geometry.lineY), ColourOf(enabled ? kLine : kDisabledLine)) << x;
     }
   }
+}
+
+TEST_F(ColourLabelWindow, FontAndDpiAreTheLabels) {
+  ColourLabelLook look = Look(kCaptionLeft, kFrameFlat, "Caption");
+  CColourLabel& small = Add(look);
+  look.font.tenths = 240;
+  CColourLabel& large = Add(look);
+  Paint();
+  // The larger caption reaches further into the frame, and its gap further to the right.
+  const ColourLabelGeometry smallPlace = Expected(small);
+  const ColourLabelGeometry largePlace = Expected(large);
+  EXPECT_GT(largePlace.gapEnd, smallPlace.gapEnd + 10);
+  EXPECT_EQ(Pixel(small, smallPlace.gapEnd + 4, smallPlace.lineY), ColourOf(kLine));
+  EXPECT_NE(Pixel(large, smallPlace.gapEnd + 4, largePlace.lineY), ColourOf(kLine));
+  EXPECT_EQ(Pixel(large, largePlace.gapEnd + 4, largePlace.lineY), ColourOf(kLine));
 }
 
 TEST_F(ColourLabelWindow, PensHaveTheirWidth) {
@@ -234,6 +262,12 @@ TEST_F(ColourLabelWindow, PensHaveTheirWidth) {
     if (Pixel(label, kWidth / 2, y) == ColourOf(kLine)) ++thickness;
   }
   EXPECT_EQ(thickness, 5);
+  // Square ends stand out by half the width into the gap.
+  const ColourLabelGeometry geometry = Expected(label);
+  for (const int y : {geometry.lineY - 2, geometry.lineY, geometry.lineY + 2}) {
+    EXPECT_EQ(Pixel(label, geometry.gapStart + 1, y), ColourOf(kLine)) << y;
+    EXPECT_EQ(Pixel(label, geometry.gapEnd - 1, y), ColourOf(kLine)) << y;
+  }
 }
 
 TEST_F(ColourLabelWindow, CaptionIsMovedDown) {
@@ -272,6 +306,7 @@ TEST_F(ColourLabelWindow, ReflectedColourRequestsRepaintTheParent) {
     EXPECT_EQ(SendMessageA(label.Handle(), message, 0, 0), 0);
     RECT dirty{};
     EXPECT_TRUE(GetUpdateRect(parent, &dirty, FALSE));
+    EXPECT_TRUE(ErasesWithNextPaint());
     EXPECT_EQ(dirty.right, kWidth * kColumns);
     EXPECT_EQ(dirty.bottom, kHeight * kRows);
   }
@@ -297,12 +332,21 @@ TEST_F(ColourLabelWindow, PaintingLeavesTheDeviceContextAsItWas) {
     EXPECT_EQ(GetTextColor(dc), text);
   }
   ReleaseDC(parent, dc);
+}
+
+// Two pens a paint: a leak would run into the limit of ten thousand objects a process.
+TEST_F(ColourLabelWindow, PaintingForAYearLeavesNothingBehind) {
+  CColourLabel& label = Add(Look(kCaptionLeft, kFrameEtched, "Caption"));
+  const HDC dc = GetDC(parent);
   const std::size_t before = gdi.Count();
-  for (int i = 0; i < 50; ++i) {
-    InvalidateRect(parent, nullptr, TRUE);
-    Paint();
+  for (int i = 0; i < 40000; ++i) {
+    SendMessageA(label.Handle(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
   }
+  ReleaseDC(parent, dc);
   EXPECT_EQ(gdi.Count(), before);
+  InvalidateRect(parent, nullptr, TRUE);
+  Paint();
+  ExpectDrawn(label);
 }
 
 TEST_F(ColourLabelWindow, LabelOutlivesNeitherItsWindowNorItsParent) {
@@ -311,6 +355,12 @@ TEST_F(ColourLabelWindow, LabelOutlivesNeitherItsWindowNorItsParent) {
   EXPECT_EQ(label.Handle(), nullptr);
   label.SetLook(Look(kCaptionLeft, kFrameFlat, "Later"));
   EXPECT_EQ(label.Look().caption, "Later");
+  // With its parent.
+  CColourLabel& other = Add(Look(kCaptionLeft, kFrameEtched, "Other"));
+  EXPECT_FALSE(other.Create(parent, 1, {0, 0, 10, 10}));  // it has a window already
+  DestroyWindow(parent);
+  EXPECT_EQ(other.Handle(), nullptr);
+  other.SetLook(Look(kCaptionLeft, kFrameFlat, "Later"));
 }
 
 }  // namespace

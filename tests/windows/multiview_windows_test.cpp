@@ -108,5 +108,21 @@ TEST_F(MultiViewWindows, PressedTileIsPressedAsAButtonToo) {
   EXPECT_EQ(GetCapture(), nullptr);
 }
 
+// The arrow keys count when they are let go.
+TEST_F(MultiViewWindows, SlidersAreTakenFromTheKeyboardToo) {
+  StartWith({46, 0, 0, 0, 0});
+  panel->ShowGenlock();
+  desk.Settle();
+  TakeCalls();
+  const HWND slider = Page(res::kGenlock).ControlWindow(1086);
+  SendMessageA(slider, WM_KEYDOWN, VK_RIGHT, 1);
+  SendMessageA(slider, WM_KEYDOWN, VK_RIGHT, 1);
+  desk.Settle();
+  EXPECT_EQ(TakeCalls(), Calls{});
+  SendMessageA(slider, WM_KEYUP, VK_RIGHT, 1);
+  desk.Settle();
+  EXPECT_EQ(TakeCalls(), Calls{"set block 27,0,5: 00 66 00 C8 00"});
+}
+
 }  // namespace
 }  // namespace panelora::testing
