@@ -337,6 +337,7 @@ TEST_F(ColourLabelWindow, PaintingLeavesTheDeviceContextAsItWas) {
 // Two pens a paint: a leak would run into the limit of ten thousand objects a process.
 TEST_F(ColourLabelWindow, PaintingForAYearLeavesNothingBehind) {
   CColourLabel& label = Add(Look(kCaptionLeft, kFrameEtched, "Caption"));
+  Paint();
   const HDC dc = GetDC(parent);
   const std::size_t before = gdi.Count();
   for (int i = 0; i < 40000; ++i) {
