@@ -334,13 +334,13 @@ TEST_F(ColourLabelWindow, PaintingLeavesTheDeviceContextAsItWas) {
   ReleaseDC(parent, dc);
 }
 
-// Two pens a paint: a leak would run into the limit of ten thousand objects a process.
+// A leak of one object a paint runs out of the 65,536 that there are.
 TEST_F(ColourLabelWindow, PaintingForAYearLeavesNothingBehind) {
   CColourLabel& label = Add(Look(kCaptionLeft, kFrameEtched, "Caption"));
   Paint();
   const HDC dc = GetDC(parent);
   const std::size_t before = gdi.Count();
-  for (int i = 0; i < 40000; ++i) {
+  for (int i = 0; i < 70000; ++i) {
     SendMessageA(label.Handle(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
   }
   ReleaseDC(parent, dc);
