@@ -1,5 +1,7 @@
 #include "pages/multiview/channel_rules.h"
 
+#include <cstddef>
+
 namespace panelora {
 
 namespace {
@@ -56,78 +58,48 @@ void SkipMain(Channels& channels) {
   } while (channels.sub == channels.main);
 }
 
-void StepSubOfThree(Channels& channels) {
-  auto& [main, sub, sub2] = channels;
-  switch (main) {
-    case 1:
-      WrapAbove(sub, 3, 2);
-      if (sub2 == sub) sub2 = 4;
-      break;
-    case 2:
-      ++sub;
-      WrapAbove(sub, 3, 1);
-      if (sub2 == sub) sub2 = 4;
-      break;
-    case 3:
-      WrapAbove(sub, 2, 1);
-      if (sub2 == sub) ++sub2;
-      break;
-    case 4:
-      WrapAbove(sub, 2, 1);
-      if (sub2 == sub) sub2 = 3;
-      break;
-    default:
-      break;
-  }
+// How the sub picture goes on where there are three channels, by main picture 1 to 4.
+struct SubRule {
+  bool stepsTwice;
+  std::uint8_t skipped;  // becomes `instead`; 0 = none
+  std::uint8_t instead;
+  std::uint8_t greatest;  // above it comes `first`
+  std::uint8_t first;
+  std::uint8_t sub2;  // what a second sub picture on the same channel becomes; 0 = one more
+};
+constexpr SubRule kSubOfThree[] = {
+    {false, 0, 0, 3, 2, 4}, {true, 0, 0, 3, 1, 4}, {false, 0, 0, 2, 1, 0}, {false, 0, 0, 2, 1, 3}};
+constexpr SubRule kSubOrderly[] = {
+    {false, 0, 0, 3, 2, 4}, {true, 2, 3, 3, 1, 4}, {false, 2, 4, 4, 1, 0}, {false, 2, 3, 3, 1, 2}};
+
+// The same for the second sub picture.
+struct Sub2Rule {
+  std::uint8_t greatest;  // above it comes `first`
+  std::uint8_t first;
+  std::uint8_t other;  // instead of the channel of the sub picture
+};
+constexpr Sub2Rule kSub2OfThree[] = {{4, 3, 4}, {4, 3, 4}, {4, 2, 3}, {3, 2, 3}};
+
+// The rule of the main picture; null when it is none of the inputs.
+template <class Rule, std::size_t size>
+const Rule* RuleOfMain(const Rule (&rules)[size], std::uint8_t main) {
+  return main >= 1 && main <= size ? &rules[main - 1] : nullptr;
 }
 
-void StepSubOrderly(Channels& channels) {
+void FollowSubRule(Channels& channels, const SubRule* rule) {
+  if (rule == nullptr) return;
   auto& [main, sub, sub2] = channels;
-  switch (main) {
-    case 1:
-      WrapAbove(sub, 3, 2);
-      if (sub2 == sub) sub2 = 4;
-      break;
-    case 2:
-      ++sub;
-      if (sub == 2) sub = 3;
-      WrapAbove(sub, 3, 1);
-      if (sub2 == sub) sub2 = 4;
-      break;
-    case 3:
-      if (sub == 2) sub = 4;
-      WrapAbove(sub, 4, 1);
-      if (sub2 == sub) ++sub2;
-      break;
-    case 4:
-      if (sub == 2) sub = 3;
-      WrapAbove(sub, 3, 1);
-      if (sub2 == sub) sub2 = 2;
-      break;
-    default:
-      break;
-  }
+  if (rule->stepsTwice) ++sub;
+  if (rule->skipped != 0 && sub == rule->skipped) sub = rule->instead;
+  WrapAbove(sub, rule->greatest, rule->first);
+  if (sub2 != sub) return;
+  sub2 = rule->sub2 != 0 ? rule->sub2 : static_cast<std::uint8_t>(sub2 + 1);
 }
 
-void StepSub2OfThree(Channels& channels) {
-  auto& [main, sub, sub2] = channels;
-  switch (main) {
-    case 1:
-    case 2:
-      WrapAbove(sub2, 4, 3);
-      if (sub2 == sub) sub2 = 4;
-      break;
-    case 3:
-      WrapAbove(sub2, 4, 2);
-      if (sub2 == sub) sub2 = 3;
-      break;
-    case 4:
-      WrapAbove(sub2, 3, 2);
-      if (sub2 == sub) sub2 = 3;
-      break;
-    default:
-      break;
-  }
+void FollowSub2Rule(Channels& channels, const Sub2Rule* rule) {
+  if (rule == nullptr) return;
+  WrapAbove(channels.sub2, rule->greatest, rule->first);
+  if (channels.sub2 == channels.sub) channels.sub2 = rule->other;
 }
 
 }  // namespace
@@ -161,8 +133,10 @@ void StepSub(Channels& channels, std::uint8_t mode, std::uint8_t brandCode) {
     return;
   }
   ++channels.sub;
-  if (rule == Rule::kThree) StepSubOfThree(channels);
-  if (rule == Rule::kThreeOrderly) StepSubOrderly(channels);
+  if (rule == Rule::kThree) FollowSubRule(channels, RuleOfMain(kSubOfThree, channels.main));
+  if (rule == Rule::kThreeOrderly) {
+    FollowSubRule(channels, RuleOfMain(kSubOrderly, channels.main));
+  }
   if (rule == Rule::kMainAndSub) SkipMain(channels);
 }
 
@@ -175,7 +149,7 @@ void StepSub2(Channels& channels, std::uint8_t mode, std::uint8_t brandCode) {
       WrapIntoOtherPair(channels);
       break;
     case Rule::kThree:
-      StepSub2OfThree(channels);
+      FollowSub2Rule(channels, RuleOfMain(kSub2OfThree, main));
       break;
     case Rule::kMainAndSub:
       // It is the first sub picture that is moved off the main one: deliberate.

@@ -36,11 +36,6 @@ class Audio : public PanelTest {
     }
     return shown;
   }
-  Calls CallsOfApply() {
-    TakeCalls();
-    Press(kApplyButton);
-    return TakeCalls();
-  }
   Calls CallsOfPress(int button, int presses = 1) {
     TakeCalls();
     for (int i = 0; i < presses; ++i) desk.Press(kPage, button);
@@ -135,8 +130,8 @@ TEST_F(Audio, SourceIsSentAsItsDeviceCode) {
       box.Word(4) = {input, 0};
       box.Word(6) = {index, 0};
       Press(kPictureButton);
-      EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,6 = " + std::to_string(codes[index]),
-                                       "set word 0,11 = 0", "set word 0,16 = 0"}));
+      EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,6 = " + std::to_string(codes[index]),
+                                              "set word 0,11 = 0", "set word 0,16 = 0"}));
     }
     panel.reset();
   }
@@ -148,7 +143,7 @@ TEST_F(Audio, ReportedCode3KeepsTheText) {
   box.Word(6) = {3, 0};
   Press(kPictureButton);
   EXPECT_EQ(TextOf(1028), "Internal (HDMI)");
-  EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,11 = 0", "set word 0,16 = 0"}));
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,11 = 0", "set word 0,16 = 0"}));
   EXPECT_EQ(Cycle(1029, 1028, 1), Texts{"L/R Audio"});
 }
 
@@ -157,13 +152,13 @@ TEST_F(Audio, UnknownInputKeepsTheTextAndSendsNoSource) {
   box.Word(4) = {3, 0};
   Press(kPictureButton);
   EXPECT_EQ(Cycle(1029, 1028, 2), (Texts{"Internal (HDMI)", "Internal (HDMI)"}));
-  EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,11 = 0", "set word 0,16 = 0"}));
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,11 = 0", "set word 0,16 = 0"}));
 }
 
 TEST_F(Audio, StandardToggles) {
   Open();
   EXPECT_EQ(Cycle(1038, 1037, 3), (Texts{"EBU(Europe)", "SMPTE(USA)", "EBU(Europe)"}));
-  EXPECT_EQ(CallsOfApply().back(), "set word 0,16 = 1");
+  EXPECT_EQ(CallsOf(kApplyButton).back(), "set word 0,16 = 1");
 }
 
 TEST_F(Audio, NothingIsWrittenBeforeApply) {
@@ -184,7 +179,8 @@ TEST_F(Audio, FailedReadsKeepFieldAndText) {
   EXPECT_EQ(TextOf(1028), "Internal (HDMI)");
   EXPECT_EQ(TextOf(1037), "SMPTE(USA)");
   device.FailNothing();
-  EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,6 = 1", "set word 0,11 = 0", "set word 0,16 = 0"}));
+  EXPECT_EQ(CallsOf(kApplyButton),
+            (Calls{"set word 0,6 = 1", "set word 0,11 = 0", "set word 0,16 = 0"}));
 }
 
 TEST_F(Audio, DefaultOnlyReads) {
@@ -205,7 +201,7 @@ TEST_F(Audio, AttenuationIsShownUpsideDownAndSentAtApply) {
     EXPECT_EQ(TextOf(1058), "L/R Audio Volume ( 0 )");
     EXPECT_EQ(CallsOfPress(1054, 5), Calls{});  // HDMI louder, up to all
     EXPECT_EQ(TextOf(1052), "Embedded Audio Volume ( 100 )");
-    Calls sent = CallsOfApply();
+    Calls sent = CallsOf(kApplyButton);
     EXPECT_EQ(sent.back(), "set block 11,0,2: 64 00") << int{type};
     desk.Press(kPage, 1046);
     desk.Press(kPage, 1053);
@@ -276,7 +272,7 @@ TEST_F(Audio, OutputLevelIsSentAtApply) {
   EXPECT_EQ(CallsOfPress(1046, 3), Calls{});
   EXPECT_EQ(desk.ProgressPosition(kPage, 1103), 112);
   EXPECT_EQ(TextOf(1059), " +25.0");
-  EXPECT_EQ(CallsOfApply().back(), "set block 44,0,2: 70 00");
+  EXPECT_EQ(CallsOf(kApplyButton).back(), "set block 44,0,2: 70 00");
   CallsOfPress(1045, 113);
   EXPECT_EQ(TextOf(1059), " -31.0");
   EXPECT_EQ(TextOf(1051), "|_____|_____|_____|_____|_____|__|");
@@ -331,7 +327,7 @@ TEST_F(Audio, OutputChannelsStepInTheOrderOfTheirRows) {
     EXPECT_EQ(Cycle(1049, 1048, 5),
               (Texts{"3.1 Channel", "5.1 Channel", "6.1 Channel", "7.1 Channel", "2.0 Channel"}));
     desk.Press(kPage, 1049);
-    const Calls sent = CallsOfApply();
+    const Calls sent = CallsOf(kApplyButton);
     EXPECT_NE(std::find(sent.begin(), sent.end(), "set block 32,0,1: 03"), sent.end());
     panel.reset();
   }
@@ -342,7 +338,7 @@ TEST_F(Audio, XlrLevelAndImpedance) {
   EXPECT_EQ(TextOf(1055), "XLR Level");
   EXPECT_EQ(Cycle(1041, 1040, 5), (Texts{"6 dBu", "12 dBu", "18 dBu", "24 dBu", "0 dBu"}));
   EXPECT_EQ(Cycle(1044, 1043, 3), (Texts{"Low", "High", "Low"}));
-  const Calls sent = CallsOfApply();
+  const Calls sent = CallsOf(kApplyButton);
   EXPECT_NE(std::find(sent.begin(), sent.end(), "set block 32,0,1: 01"), sent.end());
   panel.reset();
   OpenWith({24, 0, 0, 1, 0}, {{7, {0, 0}}});
@@ -365,7 +361,8 @@ TEST_F(Audio, ApplyLeavesBlocksOfOtherPagesAlone) {
     Open({type, 0, 0, 0, 0});
     desk.Press(kPage, 1029);
     const std::string call = "set block " + std::to_string(property) + ",";
-    for (const std::string& sent : CallsOfApply()) EXPECT_NE(sent.rfind(call, 0), 0U) << sent;
+    for (const std::string& sent : CallsOf(kApplyButton))
+      EXPECT_NE(sent.rfind(call, 0), 0U) << sent;
     panel.reset();
   }
 }

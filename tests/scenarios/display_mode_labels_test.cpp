@@ -53,7 +53,7 @@ TEST_F(DisplayMode, LabelsStateSkipsTheDefaultLabels) {
   Press(kPictureButton);
   EXPECT_EQ(desk.Text(kPage, 1061), "Default Labels");
   EXPECT_EQ(EnabledEdits(), kAllEnabled);  // reading does not touch them
-  EXPECT_EQ(CallsOnPage(kNextLabels), Calls{});
+  EXPECT_EQ(CallsOnPage(kPage, kNextLabels), Calls{});
   EXPECT_EQ(desk.Text(kPage, 1061), "OFF");
   EXPECT_EQ(EnabledEdits(), kAllDisabled);
   desk.Press(kPage, kNextLabels);

@@ -118,7 +118,7 @@ TEST_F(DisplayMode, OtherTypesReadAndWriteNothing) {
   EXPECT_EQ(CallsOf(kPictureButton), Calls{});
   EXPECT_EQ(CallsOf(kApplyButton), Calls{});
   for (const int button : {1046, 1049, 1052, 1055}) {
-    EXPECT_EQ(CallsOnPage(button), Calls{}) << button;
+    EXPECT_EQ(CallsOnPage(kPage, button), Calls{}) << button;
   }
   EXPECT_EQ(Mode(), "Mode 1");
   EXPECT_EQ(Names(), (std::vector<std::string>{"Channel 1", "Channel 1", "Channel 2"}));
@@ -218,7 +218,7 @@ TEST_F(DisplayMode, WithoutNineModesTheModesAreFive) {
       Open({type, 0, 0, 0, 0}, nineModes);
       const int modes = nineModes == 1 ? 9 : 5;
       for (int press = 1; press <= modes; ++press) {
-        EXPECT_EQ(CallsOnPage(kNextMode), Calls{});
+        EXPECT_EQ(CallsOnPage(kPage, kNextMode), Calls{});
         EXPECT_EQ(Mode().substr(0, 6), "Mode " + std::to_string(press % modes + 1));
       }
     }

@@ -48,7 +48,7 @@ TEST_F(Genlock, RangesGoByOutputAndReference) {
 TEST_F(Genlock, ForbiddenHorizontalDelayIsHeldAt0) {
   Open(46, 1, 0, 2, 100, 200);
   ExpectShown(100, 0);
-  EXPECT_EQ(CallsOnPage(kVUp), Delays(101, 0, false));
+  EXPECT_EQ(CallsOnPage(kPage, kVUp), Delays(101, 0, false));
   // What is taken back is what the box had.
   EXPECT_EQ(CallsOf(kReturnButton), Delays(100, 200, false));
   Open(46, 1, 0, 2, 100, 200);
@@ -104,13 +104,13 @@ TEST_F(Genlock, FreeRunDisablesTheDelaysAndKeepsThem) {
     EXPECT_EQ(desk.SliderRange(kPage, kHSlider), std::make_pair(0, 0));
     EXPECT_EQ(desk.Text(kPage, kVEdit), "100");
     // The next mode enables at once, with the delays of the box.
-    EXPECT_EQ(CallsOnPage(kNextMode), Calls{});
+    EXPECT_EQ(CallsOnPage(kPage, kNextMode), Calls{});
     for (const int control : {kVSlider, kVUp, kVDown, kVEdit, kHSlider, kHUp, kHDown, kHEdit}) {
       EXPECT_TRUE(desk.Enables(kPage, control)) << control;
     }
     EXPECT_EQ(desk.SliderRange(kPage, kVSlider), std::make_pair(0, 1125));
     ExpectShown(100, 200);
-    EXPECT_EQ(CallsOnPage(kVUp), Delays(101, 200, false));
+    EXPECT_EQ(CallsOnPage(kPage, kVUp), Delays(101, 200, false));
     // And back again.
     while (ModeName() != "Free-Run") desk.Press(kPage, kNextMode);
     for (const int slider : {kVSlider, kHSlider}) {
@@ -154,20 +154,20 @@ TEST_F(Genlock, DelaysStopAtTheirEnds) {
       const int mode = type == 33 ? 2 : 1;
       Open(type, mode, row.outputCode, row.inputs.front(), row.lines - 1, row.clocks - 1);
       // Up to the end and once more.
-      EXPECT_EQ(CallsOnPage(kVUp), Delays(row.lines, row.clocks - 1, false));
-      EXPECT_EQ(CallsOnPage(kVUp), Delays(row.lines, row.clocks - 1, false));
-      EXPECT_EQ(CallsOnPage(kHUp), Delays(row.lines, row.clocks, false));
-      EXPECT_EQ(CallsOnPage(kHUp), Delays(row.lines, row.clocks, false));
+      EXPECT_EQ(CallsOnPage(kPage, kVUp), Delays(row.lines, row.clocks - 1, false));
+      EXPECT_EQ(CallsOnPage(kPage, kVUp), Delays(row.lines, row.clocks - 1, false));
+      EXPECT_EQ(CallsOnPage(kPage, kHUp), Delays(row.lines, row.clocks, false));
+      EXPECT_EQ(CallsOnPage(kPage, kHUp), Delays(row.lines, row.clocks, false));
       ExpectShown(row.lines, row.clocks);
-      EXPECT_EQ(CallsOnPage(kVDown), Delays(row.lines - 1, row.clocks, false));
-      EXPECT_EQ(CallsOnPage(kHDown), Delays(row.lines - 1, row.clocks - 1, false));
+      EXPECT_EQ(CallsOnPage(kPage, kVDown), Delays(row.lines - 1, row.clocks, false));
+      EXPECT_EQ(CallsOnPage(kPage, kHDown), Delays(row.lines - 1, row.clocks - 1, false));
       // Dragged.
       EXPECT_EQ(Slide(kVSlider, 0), Delays(0, row.clocks - 1, false));
       EXPECT_EQ(Slide(kHSlider, 0), Delays(0, 0, false));
       ExpectShown(0, 0);
       EXPECT_EQ(Slide(kHSlider, 0), Calls{});  // no change
-      EXPECT_EQ(CallsOnPage(kVDown), Delays(0, 0, false));
-      EXPECT_EQ(CallsOnPage(kHDown), Delays(0, 0, false));
+      EXPECT_EQ(CallsOnPage(kPage, kVDown), Delays(0, 0, false));
+      EXPECT_EQ(CallsOnPage(kPage, kHDown), Delays(0, 0, false));
       EXPECT_EQ(Slide(kVSlider, 5000), Delays(row.lines, 0, false));
       EXPECT_EQ(Slide(kHSlider, 5000), Delays(row.lines, row.clocks, false));
       // Typed.
@@ -213,9 +213,9 @@ TEST_F(Genlock, VerticalDelayOf300IsSentHighByteFirst) {
 TEST_F(Genlock, ReportedDelayBeyondTheRangeComesBackWithAStepUp) {
   Open(46, 1, 1, 2, 2000, 200);
   EXPECT_EQ(desk.Text(kPage, kVEdit), "2000");
-  EXPECT_EQ(CallsOnPage(kVUp), Delays(625, 200, false));
+  EXPECT_EQ(CallsOnPage(kPage, kVUp), Delays(625, 200, false));
   Open(46, 1, 1, 2, 2000, 200);
-  EXPECT_EQ(CallsOnPage(kVDown), Delays(1999, 200, false));  // only the way up is limited
+  EXPECT_EQ(CallsOnPage(kPage, kVDown), Delays(1999, 200, false));  // only the way up is limited
 }
 
 TEST_F(Genlock, TextWithoutNumberEndsThere) {
@@ -230,7 +230,7 @@ TEST_F(Genlock, TextWithoutNumberEndsThere) {
       EXPECT_EQ(TakeCalls(), Calls{}) << text;
       EXPECT_EQ(desk.Text(kPage, edit), text);
       EXPECT_EQ(CallsOf(kApplyButton), Mode(1)) << text;
-      EXPECT_EQ(CallsOnPage(kVUp), Delays(101, 200, false)) << text;  // nothing was stored
+      EXPECT_EQ(CallsOnPage(kPage, kVUp), Delays(101, 200, false)) << text;  // nothing was stored
     }
   }
 }

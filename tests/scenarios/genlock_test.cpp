@@ -148,7 +148,7 @@ TEST_F(Genlock, ModesGoRoundAsTheTypeHasThem) {
     Open(Number(type), 0);
     EXPECT_EQ(ModeName(), "Free-Run");
     for (const std::string& name : names) {
-      EXPECT_EQ(CallsOnPage(kNextMode), Calls{});
+      EXPECT_EQ(CallsOnPage(kPage, kNextMode), Calls{});
       EXPECT_EQ(ModeName(), name) << type;
     }
   }
@@ -182,7 +182,7 @@ TEST_F(Genlock, SyncModesAreShownWhereTheyHaveNames) {
     }
     if (!named) continue;
     EXPECT_EQ(SyncName(), "75 ohms termination");
-    EXPECT_EQ(CallsOnPage(kNextSync), Calls{});
+    EXPECT_EQ(CallsOnPage(kPage, kNextSync), Calls{});
     EXPECT_EQ(SyncName(), "Open termination");
     desk.Press(kPage, kNextSync);
     EXPECT_EQ(SyncName(), "75 ohms termination");
@@ -201,7 +201,7 @@ TEST_F(Genlock, SyncModeIsWrittenAfterEveryWriteOfDelaysOnGroup3) {
   for (const std::uint8_t type : Bytes{30, 43}) {
     Open(type);
     desk.Press(kPage, kNextSync);
-    EXPECT_EQ(CallsOnPage(kVUp), Delays(101, 200, false, 1));
+    EXPECT_EQ(CallsOnPage(kPage, kVUp), Delays(101, 200, false, 1));
     EXPECT_EQ(CallsOf(kApplyButton), Join({Mode(1), Delays(101, 200, true, 1)}));
     EXPECT_EQ(Slide(kHSlider, 5), Delays(101, 5, false, 1));
     TakeCalls();

@@ -97,11 +97,6 @@ class Pip : public PanelTest {
   void TypeAll(const Controls& channel, const Texts& texts) {
     for (std::size_t i = 0; i < 4; ++i) desk.Type(kPage, channel.edits[i], texts[i]);
   }
-  Calls CallsOf(int button) {
-    TakeCalls();
-    Press(button);
-    return TakeCalls();
-  }
 };
 
 Calls Reads(std::uint8_t type, std::uint8_t mode) {

@@ -27,11 +27,6 @@ class ProcAmp : public PanelTest {
     desk.Drag(kPage, slider, position);
     return TakeCalls();
   }
-  Calls CallsOfApply() {
-    TakeCalls();
-    Press(kApplyButton);
-    return TakeCalls();
-  }
   void TypeAll(const char* a, const char* b, const char* c, const char* d) {
     const char* texts[] = {a, b, c, d};
     for (int i = 0; i < 4; ++i) desk.Type(kPage, kEdits[i], texts[i]);
@@ -145,13 +140,13 @@ TEST_F(ProcAmp, Brand2ShowsThreeDigitEdits) {
 
 TEST_F(ProcAmp, ApplySendsWhatChangedInOrder) {
   Open(2);
-  EXPECT_EQ(CallsOfApply(), Calls{});
+  EXPECT_EQ(CallsOf(kApplyButton), Calls{});
   TypeAll("1", "020", "3", "4");
-  EXPECT_EQ(CallsOfApply(),
+  EXPECT_EQ(CallsOf(kApplyButton),
             (Calls{"set proc amp 0,2 = 1", "set proc amp 0,4 = 3", "set proc amp 0,5 = 4"}));
   EXPECT_EQ(desk.SliderPosition(kPage, 1032), 1);
   EXPECT_EQ(desk.Text(kPage, 1049), "001");  // the slider has painted
-  EXPECT_EQ(CallsOfApply(), Calls{});
+  EXPECT_EQ(CallsOf(kApplyButton), Calls{});
 }
 
 TEST_F(ProcAmp, TypedTextsAreParsedAndClamped) {
@@ -166,7 +161,7 @@ TEST_F(ProcAmp, TypedTextsAreParsedAndClamped) {
     desk.Type(kPage, 1049, row.typed);
     Calls expected;
     if (row.sent >= 0) expected = {"set proc amp 0,2 = " + std::to_string(row.sent)};
-    EXPECT_EQ(CallsOfApply(), expected) << row.typed;
+    EXPECT_EQ(CallsOf(kApplyButton), expected) << row.typed;
     EXPECT_EQ(desk.SliderPosition(kPage, 1032), row.sent >= 0 ? row.sent : 10) << row.typed;
     panel.reset();
   }
@@ -175,13 +170,13 @@ TEST_F(ProcAmp, TypedTextsAreParsedAndClamped) {
 TEST_F(ProcAmp, ApplyEndsAtTheFirstTextThatIsNoNumber) {
   Open(2);
   TypeAll("1", "", "3", "4");
-  EXPECT_EQ(CallsOfApply(), Calls{"set proc amp 0,2 = 1"});
+  EXPECT_EQ(CallsOf(kApplyButton), Calls{"set proc amp 0,2 = 1"});
   EXPECT_EQ(desk.SliderPosition(kPage, 1034), 30);
 }
 
 TEST_F(ProcAmp, ApplyWithoutEditsSendsNothing) {
   Open(0);
-  EXPECT_EQ(CallsOfApply(), Calls{});
+  EXPECT_EQ(CallsOf(kApplyButton), Calls{});
 }
 
 TEST_F(ProcAmp, ReturnOfBrand2SendsTheStoredValuesAgain) {
@@ -304,7 +299,7 @@ TEST_F(ProcAmp, OtherModelsCommitWithControl255) {
     StartWith(row.firmware, {row.boxType, row.brand, 0, 0, 0});
     Press(kProcAmpButton);
     for (const int edit : kEdits) desk.Type(kPage, edit, "128");
-    EXPECT_EQ(CallsOfApply(), row.commits ? Calls{"set proc amp 0,255 = 1"} : Calls{})
+    EXPECT_EQ(CallsOf(kApplyButton), row.commits ? Calls{"set proc amp 0,255 = 1"} : Calls{})
         << int{row.boxType};
     desk.PressKey(kPage, 1049, ui::Key::kEnter);
     EXPECT_EQ(TakeCalls(),

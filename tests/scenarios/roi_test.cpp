@@ -91,11 +91,6 @@ class Roi : public PanelTest {
     desk.Release(kPage, slider);
     return TakeCalls();
   }
-  Calls CallsOf(int button) {
-    TakeCalls();
-    Press(button);
-    return TakeCalls();
-  }
   // Texts without the line feed that a released slider puts behind its value.
   std::vector<int> Values() {
     std::vector<int> values;

@@ -24,11 +24,6 @@ class Setting : public PanelTest {
     }
     return shown;
   }
-  Calls CallsOfApply() {
-    TakeCalls();
-    Press(kApplyButton);
-    return TakeCalls();
-  }
   std::map<int, Rect> ShownControls() {
     std::map<int, Rect> shown;
     for (const ui::ControlTemplate& control : res::FindDialog(kPage)->controls) {
@@ -152,7 +147,7 @@ TEST_F(Setting, FailedReadsAndValuesWithoutRowKeepTheTexts) {
   EXPECT_EQ(desk.Text(kPage, 1055), "Keep Aspect Ratio");
   EXPECT_EQ(desk.Text(kPage, 1048), "Blue Screen");
   EXPECT_EQ(desk.Text(kPage, 1044), "Enable");
-  EXPECT_EQ(CallsOfApply(),
+  EXPECT_EQ(CallsOf(kApplyButton),
             (Calls{"set word 0,21 = 1", "set block 22,0,1: 01", "set block 23,0,2: 00 00"}));
   device.FailNothing();
   box.Block(23) = {7, 9};
@@ -195,11 +190,11 @@ TEST_F(Setting, Dip8OffersOnlyKeepAndPanScan) {
 
 TEST_F(Setting, ApplyWritesAllThreeWhateverIsShown) {
   Open(293);
-  EXPECT_EQ(CallsOfApply(),
+  EXPECT_EQ(CallsOf(kApplyButton),
             (Calls{"set word 0,21 = 1", "set block 22,0,1: 01", "set block 23,0,2: 00 00"}));
   panel.reset();
   Open(280);
-  EXPECT_EQ(CallsOfApply(),
+  EXPECT_EQ(CallsOf(kApplyButton),
             (Calls{"set word 0,21 = 0", "set block 22,0,1: 00", "set block 23,0,2: 00 00"}));
   panel.reset();
   Open();
@@ -207,7 +202,7 @@ TEST_F(Setting, ApplyWritesAllThreeWhateverIsShown) {
   Press(kPictureButton);
   desk.Press(kPage, 1045);
   desk.Press(kPage, 1049);
-  EXPECT_EQ(CallsOfApply(),
+  EXPECT_EQ(CallsOf(kApplyButton),
             (Calls{"set word 0,21 = 0", "set block 22,0,1: 02", "set block 23,0,2: 03 5A"}));
 }
 
@@ -355,14 +350,15 @@ TEST_F(Setting, OtherModelsReadAndWriteTheirOptions) {
   EXPECT_EQ(TakeCalls(), (Calls{"get block 15,0,2", "get block 21,0,2", "get block 22,0,2"}));
   EXPECT_EQ(Cycle(1056, 1055, 5),
             (Texts{"Dot By Dot", "Keep Aspect Ratio", "Full Screen", "16 : 9", "4 : 3"}));
-  EXPECT_EQ(CallsOfApply(),
+  EXPECT_EQ(CallsOf(kApplyButton),
             (Calls{"set block 21,0,1: 01", "set block 22,0,1: 01", "set block 15,0,1: 01"}));
   EXPECT_FALSE(desk.IsOpen(res::kCaution));
   panel.reset();
   Open(0x0126, {20, 0, 0, 0, 0});
   EXPECT_EQ(TakeCalls(), (Calls{"get word 0,12", "get word 0,13", "get word 0,17"}));
   desk.Press(kPage, 1039);
-  EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,12 = 1", "set word 0,13 = 0", "set word 0,17 = 0"}));
+  EXPECT_EQ(CallsOf(kApplyButton),
+            (Calls{"set word 0,12 = 1", "set word 0,13 = 0", "set word 0,17 = 0"}));
 }
 
 }  // namespace

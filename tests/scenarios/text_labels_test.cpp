@@ -26,11 +26,6 @@ class TextLabels : public PanelTest {
     panel->ShowTextLabels();
     TakeCalls();
   }
-  Calls CallsOf(int button) {
-    TakeCalls();
-    Press(button);
-    return TakeCalls();
-  }
   static Calls Written(std::uint8_t state, const std::string& label) {
     BlockBuffer buffer{};
     buffer[0] = state;

@@ -173,19 +173,19 @@ TEST_F(VideoSettingsModels, OtherModelsReadAndWriteOneByteBlocks) {
   Press(kPictureButton);
   EXPECT_EQ(TakeCalls(),
             (Calls{"get block 3,0,2", "get block 4,0,2", "get block 5,0,2", "get block 15,0,2"}));
-  EXPECT_EQ(CallsOfApply(),
+  EXPECT_EQ(CallsOf(kApplyButton),
             (Calls{"set block 4,0,1: 0F", "set block 5,0,1: 00", "set block 15,0,1: 01"}));
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 0);
   panel.reset();
   Open(0x0126, {50, 0, 0, 0, 0});
-  EXPECT_EQ(CallsOfApply(), (Calls{"set block 3,0,1: 02", "set block 4,0,1: 0F",
-                                   "set block 5,0,1: 00", "set block 15,0,1: 01"}));
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 3,0,1: 02", "set block 4,0,1: 0F",
+                                          "set block 5,0,1: 00", "set block 15,0,1: 01"}));
 }
 
 TEST_F(VideoSettingsModels, PassThroughModelsStartTheRefreshTimerWhichRunsOnce) {
   Open(0x0126, {20, 0, 0, 0, 0});
-  EXPECT_EQ(CallsOfApply(), (Calls{"set block 4,0,1: 0F", "set block 5,0,1: 00",
-                                   "set block 15,0,1: 01", "set block 8,0,1: 00"}));
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 4,0,1: 0F", "set block 5,0,1: 00",
+                                          "set block 15,0,1: 01", "set block 8,0,1: 00"}));
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 5000);
   box.Word(word::kPassThroughReport) = {1, 0};
   box.Word(word::kOutputFormatReport) = {7, 0};
@@ -196,24 +196,24 @@ TEST_F(VideoSettingsModels, PassThroughModelsStartTheRefreshTimerWhichRunsOnce) 
   EXPECT_EQ(TextOf(kFormat), "Pass Through");
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 0);
   // A report is no request, and the output format that was chosen stays chosen.
-  EXPECT_EQ(CallsOfApply(), (Calls{"set block 4,0,1: 0F", "set block 5,0,1: 00",
-                                   "set block 15,0,1: 01", "set block 8,0,1: 00"}));
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 4,0,1: 0F", "set block 5,0,1: 00",
+                                          "set block 15,0,1: 01", "set block 8,0,1: 00"}));
 }
 
 TEST_F(VideoSettingsModels, FormatReportBecomesTheSelection) {
   Open(0x0126, {20, 0, 0, 0, 0});
-  CallsOfApply();
+  CallsOf(kApplyButton);
   box.Word(word::kOutputFormatReport) = {7, 0};
   desk.Tick(kPage, 1);
   EXPECT_EQ(desk.Text(kPage, 1032), "Output Format ");
   EXPECT_EQ(TextOf(kFormat), "1280x720 59.94p");
-  EXPECT_EQ(CallsOfApply()[0], "set block 4,0,1: 07");
+  EXPECT_EQ(CallsOf(kApplyButton)[0], "set block 4,0,1: 07");
 }
 
 TEST_F(VideoSettingsModels, FailedFormatReportChangesNothing) {
   for (const char* failing : {"get word 0,17", "get word 0,1"}) {
     Open(0x0126, {20, 0, 0, 0, 0});
-    CallsOfApply();
+    CallsOf(kApplyButton);
     box.Word(word::kPassThroughReport) = {1, 0};
     device.Fail(failing);
     desk.Tick(kPage, 1);
@@ -227,7 +227,7 @@ TEST_F(VideoSettingsModels, FailedFormatReportChangesNothing) {
 TEST_F(VideoSettingsModels, SimulatedBoxReportsWhatWasApplied) {
   Open(0x0126, {20, 0, 0, 0, 0});
   desk.Press(kPage, kFormat.next);
-  CallsOfApply();
+  CallsOf(kApplyButton);
   desk.Tick(kPage, 1);
   EXPECT_EQ(TextOf(kFormat), "1920x1080 59.94p");
 }
@@ -235,7 +235,7 @@ TEST_F(VideoSettingsModels, SimulatedBoxReportsWhatWasApplied) {
 TEST_F(VideoSettingsModels, SomePassThroughModelsRefreshWhole) {
   for (const std::uint8_t type : Bytes{24, 34, 30, 43}) {
     Open(0x0126, {type, 0, 0, 0, 0});
-    CallsOfApply();
+    CallsOf(kApplyButton);
     EXPECT_EQ(desk.TimerPeriod(kPage, 1), 5000);
     desk.Tick(kPage, 1);
     EXPECT_EQ(TakeCalls(), (Calls{"get block 3,0,2", "get block 4,0,2", "get block 5,0,2",
@@ -247,11 +247,11 @@ TEST_F(VideoSettingsModels, SomePassThroughModelsRefreshWhole) {
 
 TEST_F(VideoSettingsModels, ReturnAndTheEndStopTheTimer) {
   Open(0x0126, {20, 0, 0, 0, 0});
-  CallsOfApply();
+  CallsOf(kApplyButton);
   Press(kReturnButton);
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 0);
   panel->ShowVideoSettings();
-  CallsOfApply();
+  CallsOf(kApplyButton);
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 5000);
   desk.RequestClose(res::kMain);
   EXPECT_FALSE(panel->IsOpen());

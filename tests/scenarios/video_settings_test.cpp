@@ -121,7 +121,7 @@ TEST_F(VideoSettings, InputSourceIsWrittenAsItsDeviceCode) {
   Open();
   for (const std::uint32_t expected : {4U, 2U, 1U}) {
     desk.Press(kPage, kInput.next);
-    EXPECT_EQ(CallsOfApply()[0], "set word 0,4 = " + std::to_string(expected));
+    EXPECT_EQ(CallsOf(kApplyButton)[0], "set word 0,4 = " + std::to_string(expected));
   }
 }
 
@@ -140,7 +140,7 @@ TEST_F(VideoSettings, OutputFormatStepsForwardThroughAllRowsAndWrites) {
     const auto& [caption, code] = kFormats[i % 19];
     desk.Press(kPage, kFormat.next);
     EXPECT_EQ(TextOf(kFormat), caption);
-    EXPECT_EQ(CallsOfApply()[1], "set word 0,2 = " + std::to_string(code));
+    EXPECT_EQ(CallsOf(kApplyButton)[1], "set word 0,2 = " + std::to_string(code));
   }
 }
 
@@ -163,7 +163,8 @@ TEST_F(VideoSettings, OutputFormatWithoutSelectionStartsAtItsEnds) {
   device.Fail("get word 0,2");
   Open();
   EXPECT_EQ(TextOf(kFormat), "1920x1080 p60.00");  // the first text
-  EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,4 = 1", "set word 0,7 = 1", "set word 0,12 = 2"}));
+  EXPECT_EQ(CallsOf(kApplyButton),
+            (Calls{"set word 0,4 = 1", "set word 0,7 = 1", "set word 0,12 = 2"}));
   desk.Press(kPage, kFormatBack);
   EXPECT_EQ(TextOf(kFormat), "720x576 50.00i");
   panel.reset();
@@ -189,13 +190,13 @@ TEST_F(VideoSettings, AspectRatioAndEqAreWrittenAsTheirIndices) {
   Open();
   for (const int index : {2, 3, 4, 5, 6, 0, 1}) {
     desk.Press(kPage, kAspect.next);
-    EXPECT_EQ(CallsOfApply()[2], "set word 0,7 = " + std::to_string(index));
+    EXPECT_EQ(CallsOf(kApplyButton)[2], "set word 0,7 = " + std::to_string(index));
   }
   const std::pair<const char*, int> eqs[] = {{"MIDDLE", 0}, {"HIGH", 1}, {"LOW", 2}};
   for (const auto& [caption, index] : eqs) {
     desk.Press(kPage, kEq.next);
     EXPECT_EQ(TextOf(kEq), caption);
-    EXPECT_EQ(CallsOfApply()[3], "set word 0,12 = " + std::to_string(index));
+    EXPECT_EQ(CallsOf(kApplyButton)[3], "set word 0,12 = " + std::to_string(index));
   }
 }
 
@@ -205,7 +206,7 @@ TEST_F(VideoSettings, OutputColourSkipsTheValue2) {
   for (const auto& [caption, value] : colours) {
     desk.Press(kPage, kColour.next);
     EXPECT_EQ(TextOf(kColour), caption);
-    EXPECT_EQ(CallsOfApply()[0], "set word 0,10 = " + std::to_string(value));
+    EXPECT_EQ(CallsOf(kApplyButton)[0], "set word 0,10 = " + std::to_string(value));
   }
 }
 
@@ -214,19 +215,21 @@ TEST_F(VideoSettings, OutputLevelAndEdgeEnhanceStepAndWrite) {
   EXPECT_EQ(TextOf(kLevel), "Full Range");
   EXPECT_EQ(Cycle(kLevel, 3), (Texts{"Limit Range", "Full Range", "Limit Range"}));
   EXPECT_EQ(Cycle(kEdge, 5), (Texts{"Min", "Mid", "Max", "Disable", "Min"}));
-  EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,10 = 0", "set word 0,15 = 0", "set word 0,19 = 1"}));
+  EXPECT_EQ(CallsOf(kApplyButton),
+            (Calls{"set word 0,10 = 0", "set word 0,15 = 0", "set word 0,19 = 1"}));
 }
 
 TEST_F(VideoSettings, ApplyWritesTheVisibleSubPageOnlyAndInOrder) {
   Open();
-  EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,4 = 1", "set word 0,2 = 15", "set word 0,7 = 1",
-                                   "set word 0,12 = 2"}));
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,4 = 1", "set word 0,2 = 15",
+                                          "set word 0,7 = 1", "set word 0,12 = 2"}));
   Press(kPageUpButton);
-  EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,10 = 0", "set word 0,15 = 1", "set word 0,19 = 0"}));
+  EXPECT_EQ(CallsOf(kApplyButton),
+            (Calls{"set word 0,10 = 0", "set word 0,15 = 1", "set word 0,19 = 0"}));
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 0);  // no refresh timer on this model
   panel.reset();
   OpenSubPage1(0x0115);
-  EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,10 = 0", "set word 0,15 = 1"}));
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,10 = 0", "set word 0,15 = 1"}));
 }
 
 TEST_F(VideoSettings, ButtonsWriteNothingBeforeApply) {
@@ -261,8 +264,8 @@ TEST_F(VideoSettings, FailedReadKeepsTextAndSelection) {
   EXPECT_EQ(TextOf(kAspect), "Full Screen (16:9)");
   EXPECT_EQ(TextOf(kEq), "LOW");
   device.FailNothing();
-  EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,4 = 1", "set word 0,2 = 15", "set word 0,7 = 1",
-                                   "set word 0,12 = 2"}));
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,4 = 1", "set word 0,2 = 15",
+                                          "set word 0,7 = 1", "set word 0,12 = 2"}));
 }
 
 TEST_F(VideoSettings, EachFailedReadLeavesTheOthersWorking) {
@@ -305,7 +308,7 @@ TEST_F(VideoSettings, FailedColourReadFallsBackToRgb) {
   Press(kPictureButton);
   EXPECT_EQ(TextOf(kColour), "RGB444");
   EXPECT_EQ(TextOf(kLevel), "Limit Range");  // this one keeps what it showed
-  EXPECT_EQ(CallsOfApply()[0], "set word 0,10 = 0");
+  EXPECT_EQ(CallsOf(kApplyButton)[0], "set word 0,10 = 0");
 }
 
 TEST_F(VideoSettings, ReportedValueWithoutRowKeepsTheTextAndIsNotWrittenBack) {
@@ -319,7 +322,7 @@ TEST_F(VideoSettings, ReportedValueWithoutRowKeepsTheTextAndIsNotWrittenBack) {
   EXPECT_EQ(TextOf(kFormat), "1920x1080 60.00p");
   EXPECT_EQ(TextOf(kAspect), "Full Screen (16:9)");
   EXPECT_EQ(TextOf(kEq), "LOW");
-  EXPECT_EQ(CallsOfApply(), Calls{});
+  EXPECT_EQ(CallsOf(kApplyButton), Calls{});
   box.Word(10) = {2, 0};
   box.Word(15) = {2, 0};
   box.Word(19) = {4, 0};
@@ -327,19 +330,19 @@ TEST_F(VideoSettings, ReportedValueWithoutRowKeepsTheTextAndIsNotWrittenBack) {
   EXPECT_EQ(TextOf(kColour), "RGB444");
   EXPECT_EQ(TextOf(kLevel), "Full Range");
   EXPECT_EQ(TextOf(kEdge), "Disable");
-  EXPECT_EQ(CallsOfApply(), Calls{});
+  EXPECT_EQ(CallsOf(kApplyButton), Calls{});
 }
 
 TEST_F(VideoSettings, EveryControlComesBackFromAValueWithoutRow) {
   Open();
   for (const std::uint32_t item : {4U, 2U, 7U, 12U}) box.Word(item) = {255, 0};
   Press(kPictureButton);
-  EXPECT_EQ(CallsOfApply(), Calls{});
+  EXPECT_EQ(CallsOf(kApplyButton), Calls{});
   for (const int next : {kInput.next, kFormat.next, kAspect.next, kEq.next}) {
     desk.Press(kPage, next);
   }
-  EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,4 = 2", "set word 0,2 = 15", "set word 0,7 = 0",
-                                   "set word 0,12 = 0"}));
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,4 = 2", "set word 0,2 = 15",
+                                          "set word 0,7 = 0", "set word 0,12 = 0"}));
 }
 
 TEST_F(VideoSettings, FailedReadsOfSubPage1KeepWhatWasShown) {
@@ -354,7 +357,8 @@ TEST_F(VideoSettings, FailedReadsOfSubPage1KeepWhatWasShown) {
   Press(kPictureButton);
   EXPECT_EQ(TextOf(kLevel), "Limit Range");
   EXPECT_EQ(TextOf(kEdge), "Mid");
-  EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,10 = 0", "set word 0,15 = 0", "set word 0,19 = 2"}));
+  EXPECT_EQ(CallsOf(kApplyButton),
+            (Calls{"set word 0,10 = 0", "set word 0,15 = 0", "set word 0,19 = 2"}));
 }
 
 TEST_F(VideoSettings, InitialisingSetsTheOutputLevelBack) {
@@ -366,7 +370,7 @@ TEST_F(VideoSettings, InitialisingSetsTheOutputLevelBack) {
   device.Fail("get word 0,15");
   panel->ShowVideoSettings();
   Press(kPageUpButton);
-  EXPECT_EQ(CallsOfApply()[1], "set word 0,15 = 0");
+  EXPECT_EQ(CallsOf(kApplyButton)[1], "set word 0,15 = 0");
 }
 
 TEST_F(VideoSettings, EdgeEnhance255ShowsErrorAndIsNotWrittenBack) {
@@ -374,7 +378,7 @@ TEST_F(VideoSettings, EdgeEnhance255ShowsErrorAndIsNotWrittenBack) {
   box.Word(19) = {255, 0};
   Press(kPictureButton);
   EXPECT_EQ(TextOf(kEdge), "Error");
-  EXPECT_EQ(CallsOfApply(), (Calls{"set word 0,10 = 0", "set word 0,15 = 1"}));
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,10 = 0", "set word 0,15 = 1"}));
   desk.Press(kPage, kEdge.next);
   EXPECT_EQ(TextOf(kEdge), "Disable");
 }

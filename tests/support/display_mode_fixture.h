@@ -62,16 +62,6 @@ class DisplayMode : public PanelTest {
     return {desk.Text(kPage, 1048), desk.Text(kPage, 1051), desk.Text(kPage, 1054)};
   }
   std::string Mode() { return desk.Text(kPage, 1045); }
-  Calls CallsOf(int button) {
-    TakeCalls();
-    Press(button);
-    return TakeCalls();
-  }
-  Calls CallsOnPage(int button) {
-    TakeCalls();
-    desk.Press(kPage, button);
-    return TakeCalls();
-  }
   Places ShownControls() {
     Places shown;
     for (const ui::ControlTemplate& control : res::FindDialog(kPage)->controls) {

@@ -75,16 +75,6 @@ class Genlock : public PanelTest {
     box.Block(Number(group.delays)) = {Number(vertical & 0xFF), Number(vertical >> 8),
                                        Number(horizontal & 0xFF), Number(horizontal >> 8)};
   }
-  Calls CallsOf(int button) {
-    TakeCalls();
-    Press(button);
-    return TakeCalls();
-  }
-  Calls CallsOnPage(int button) {
-    TakeCalls();
-    desk.Press(kPage, button);
-    return TakeCalls();
-  }
   Calls Slide(int slider, int position) {
     TakeCalls();
     desk.Drag(kPage, slider, position);

@@ -68,6 +68,17 @@ class PanelTest : public ::testing::Test {
   void Press(int control) { desk.Press(res::kMain, control); }
   void Tick() { desk.Tick(res::kMain, 1); }
   Calls TakeCalls() { return device.TakeCalls(); }
+  // What a button of the main window, or of a page, makes the panel ask and tell.
+  Calls CallsOf(int button) {
+    TakeCalls();
+    Press(button);
+    return TakeCalls();
+  }
+  Calls CallsOnPage(int page, int button) {
+    TakeCalls();
+    desk.Press(page, button);
+    return TakeCalls();
+  }
 
   // The template numbers of the pages that are shown.
   std::vector<int> ShownPages() {

@@ -48,11 +48,6 @@ class VideoSettings : public PanelTest {
   Texts Cycle(const Control& control, int presses) {
     return Cycle(control.next, control.text, presses);
   }
-  Calls CallsOfApply() {
-    TakeCalls();
-    Press(kApplyButton);
-    return TakeCalls();
-  }
   // The controls that are shown, with their places.
   std::map<int, Rect> ShownControls() {
     std::map<int, Rect> shown;
