@@ -1,5 +1,6 @@
 #include "panel_process.h"
 
+#include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <ostream>
@@ -23,6 +24,7 @@ constexpr wchar_t kProgramName[] = L"PaneloraTested.exe";
 
 constexpr DWORD kPatience = 60000;  // ms
 constexpr DWORD kPoll = 5;          // ms
+constexpr int kStartAttempts = 5;
 constexpr int kMonitorTimer = 1;
 
 std::string ClassOf(HWND window) {
@@ -148,9 +150,18 @@ void PanelProcess::StartSuspended(const Setup& setup) {
   start.cb = sizeof start;
   DWORD flags = CREATE_SUSPENDED;
   if (setup.debugged) flags |= DEBUG_ONLY_THIS_PROCESS;
-  if (!CreateProcessW((folder / kProgramName).c_str(), nullptr, nullptr, nullptr, FALSE, flags,
-                      nullptr, working.c_str(), &start, &process)) {
-    throw std::runtime_error("the program can't be started");
+  // Wine has been seen to refuse a start that it grants the next moment.
+  for (int attempt = 1;; ++attempt) {
+    if (CreateProcessW((folder / kProgramName).c_str(), nullptr, nullptr, nullptr, FALSE, flags,
+                       nullptr, working.c_str(), &start, &process)) {
+      break;
+    }
+    const DWORD error = GetLastError();
+    if (attempt == kStartAttempts) {
+      throw std::runtime_error("the program can't be started: error " + std::to_string(error));
+    }
+    std::printf("start %d refused: error %lu\n", attempt, error);
+    Sleep(kPoll);
   }
   debugging = setup.debugged;
   // A test program that is killed takes its panel along.
