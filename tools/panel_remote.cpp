@@ -3,9 +3,11 @@
 // program.
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -39,6 +41,7 @@ constexpr char kHelp[] =
     "  rect            print the main window's x y width height on the screen\n"
     "  tick            one tick of the connection monitor\n"
     "  unplug, plug    take the simulated box away, bring it back\n"
+    "  box TYPE        make it a box of another type\n"
     "  about           open the About dialog and wait for it\n"
     "  about-close     close it\n"
     "  close           close the program and wait for its end\n";
@@ -230,7 +233,8 @@ void Tick(int) {
   Settle(window);
 }
 
-void SetPlugged(bool plugged) {
+// Changes the simulated box of the running program.
+void ChangeBox(const std::function<void(BenchPort&)>& change) {
   const std::string name =
       panelora::simulator::kBenchPortName + std::to_string(ProcessOf(MainWindow()));
   const HANDLE memory = OpenFileMappingA(FILE_MAP_ALL_ACCESS, FALSE, name.c_str());
@@ -238,15 +242,29 @@ void SetPlugged(bool plugged) {
   auto* port =
       static_cast<BenchPort*>(MapViewOfFile(memory, FILE_MAP_ALL_ACCESS, 0, 0, sizeof(BenchPort)));
   const bool known = port != nullptr && port->magic == panelora::simulator::kBenchPortMagic;
-  if (known) port->present = plugged ? 1 : 0;
+  if (known) change(*port);
   if (port != nullptr) UnmapViewOfFile(port);
   CloseHandle(memory);
   if (!known) throw Failure("the simulated box is of another build");
 }
 
-void Unplug(int) { SetPlugged(false); }
+void Unplug(int) {
+  ChangeBox([](BenchPort& port) { port.present = 0; });
+}
 
-void Plug(int) { SetPlugged(true); }
+void Plug(int) {
+  ChangeBox([](BenchPort& port) { port.present = 1; });
+}
+
+// Of the maker's own brand, without DIP switches.
+void MakeBox(int boxType) {
+  if (boxType > 255) throw Failure("not a box type: " + std::to_string(boxType));
+  ChangeBox([boxType](BenchPort& port) {
+    std::fill(std::begin(port.identity), std::end(port.identity), std::uint8_t{0});
+    port.identity[0] = static_cast<std::uint8_t>(boxType);
+    ++port.change;
+  });
+}
 
 void OpenAbout(int) {
   const HWND window = MainWindow();
@@ -281,8 +299,8 @@ void Close(int) {
 
 struct Command {
   const char* name;
-  bool takesControl;
-  void (*run)(int control);
+  bool takesNumber;
+  void (*run)(int number);
 };
 
 constexpr Command kCommands[] = {
@@ -296,6 +314,7 @@ constexpr Command kCommands[] = {
     {"tick", false, Tick},
     {"unplug", false, Unplug},
     {"plug", false, Plug},
+    {"box", true, MakeBox},
     {"about", false, OpenAbout},
     {"about-close", false, CloseAbout},
     {"close", false, Close},
@@ -308,11 +327,11 @@ const Command& FindCommand(const std::string& name) {
   throw Failure("no such command");
 }
 
-int ControlNumber(const std::string& text) {
+int NumberOf(const std::string& text) {
   char* end = nullptr;
   const long number = std::strtol(text.c_str(), &end, 10);
   if (text.empty() || *end != '\0' || number < 1 || number > 0xFFFF) {
-    throw Failure("not a control number: " + text);
+    throw Failure("not a number: " + text);
   }
   return static_cast<int>(number);
 }
@@ -329,13 +348,13 @@ int main(int count, char** arguments) {
     std::string words = arguments[i];
     try {
       const Command& command = FindCommand(words);
-      int control = 0;
-      if (command.takesControl) {
-        if (++i == count) throw Failure("the control number is missing");
+      int number = 0;
+      if (command.takesNumber) {
+        if (++i == count) throw Failure("its number is missing");
         words += std::string(" ") + arguments[i];
-        control = ControlNumber(arguments[i]);
+        number = NumberOf(arguments[i]);
       }
-      command.run(control);
+      command.run(number);
       std::fflush(stdout);
     } catch (const Failure& failure) {
       std::fprintf(stderr, "PanelRemote: %s: %s\n", words.c_str(), failure.what());

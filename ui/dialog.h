@@ -32,8 +32,8 @@ class DialogEvents {
   // The operator let go of a slider, or of the key that moved it. May be told twice.
   virtual void OnSliderReleased(int /*control*/) {}
 
-  // A key was pressed while the focus is in the dialog. True = consumed; otherwise Enter presses the
-  // button that has the focus.
+  // A key was pressed while the focus is in the dialog. True = consumed; otherwise Enter presses
+  // the button that has the focus.
   virtual bool OnKey(Key /*key*/) { return false; }
   // The left mouse button went down on a control, which sees the press afterwards.
   virtual void OnMousePress(int /*control*/) {}
