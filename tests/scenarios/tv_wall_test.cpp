@@ -1,4 +1,5 @@
 // The TV Wall page: grids, pictures of the tiles, and what a press on a tile writes.
+#include "pages/multiview/wall_store.h"
 #include "tests/support/panel_test.h"
 
 namespace panelora::testing {
@@ -167,7 +168,8 @@ TEST_F(TvWall, TilesAreWrittenAsTheTypeTakesThem) {
       default:
         break;
     }
-    // Every type of the table, and some of the others.
+    EXPECT_EQ(FindWallStore(static_cast<std::uint8_t>(type)) != nullptr, !expected.empty()) << type;
+    // On the page every type of the table, and some of the others.
     if (expected.empty() && type % 16 != 10) continue;
     Open(static_cast<std::uint8_t>(type));
     Press(kWall3Button);
