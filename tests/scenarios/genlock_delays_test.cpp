@@ -150,9 +150,11 @@ TEST_F(Genlock, ApplyInFreeRunWritesDelaysOf0) {
 // Every output code: typed, stepped and dragged to 0, the end, and over it.
 TEST_F(Genlock, DelaysStopAtTheirEnds) {
   for (const std::uint8_t type : Bytes{50, 33, 43}) {
+    Open(type);
     for (const RangeRow& row : kRanges) {
       const int mode = type == 33 ? 2 : 1;
-      Open(type, mode, row.outputCode, row.inputs.front(), row.lines - 1, row.clocks - 1);
+      SetBox(mode, row.outputCode, row.inputs.front(), row.lines - 1, row.clocks - 1);
+      Press(kPictureButton);
       // Up to the end and once more.
       EXPECT_EQ(CallsOnPage(kPage, kVUp), Delays(row.lines, row.clocks - 1, false));
       EXPECT_EQ(CallsOnPage(kPage, kVUp), Delays(row.lines, row.clocks - 1, false));

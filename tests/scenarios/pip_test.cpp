@@ -487,9 +487,10 @@ TEST_F(Pip, ApplyLimitsSizesToMinimumAndFrame) {
 }
 
 TEST_F(Pip, EditWithoutNumberEndsTheApplyThere) {
+  Open({15, 0, 0, 0, 0}, 6);
   for (const char* text : {"", "   ", "x12", "-"}) {
     for (int i = 0; i < 4; ++i) {
-      Open({15, 0, 0, 0, 0}, 6);
+      SetInset(100, 50, 640, 360);
       SetSecondInset(1, 2, 300, 200);
       Refresh();
       TypeAll(kCh1, {"10", "20", "400", "300"});

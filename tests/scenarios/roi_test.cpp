@@ -228,8 +228,11 @@ TEST_F(Roi, EmptyRegionIsWrittenBackAsHalfTheInput) {
 TEST_F(Roi, FailedReadsKeepWhatWasShown) {
   for (const ModelRow& model : kModels) {
     const std::string read = ui::Format("get block %d,0,30", model.region);
+    OpenModel(model.identity, {100, 50, 640, 360, 1, 0});
     for (const std::string& failing : {model.input, read}) {
-      OpenModel(model.identity, {100, 50, 640, 360, 1, 0});
+      SetInput(15);
+      SetRegion({100, 50, 640, 360, 1, 0});
+      Press(kPictureButton);
       device.Fail(failing);
       SetInput(6);
       SetRegion({7, 8, 400, 300, 1, 1});
