@@ -81,8 +81,8 @@ struct Sub2Rule {
 constexpr Sub2Rule kSub2OfThree[] = {{4, 3, 4}, {4, 3, 4}, {4, 2, 3}, {3, 2, 3}};
 
 // The rule of the main picture; null when it is none of the inputs.
-template <class Rule, std::size_t size>
-const Rule* RuleOfMain(const Rule (&rules)[size], std::uint8_t main) {
+template <class Row, std::size_t size>
+const Row* RuleOfMain(const Row (&rules)[size], std::uint8_t main) {
   return main >= 1 && main <= size ? &rules[main - 1] : nullptr;
 }
 

@@ -90,7 +90,7 @@ constexpr ModelRow kModels[] = {
     Plain(29, block::kRegion18, kWord1),
 };
 
-// Null for types without a region.
+// Null for types that the page does not know.
 const ModelRow* FindModel(std::uint8_t boxType) {
   for (const ModelRow& row : kModels) {
     if (row.boxType == boxType) return &row;
