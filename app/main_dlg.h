@@ -105,6 +105,8 @@ class CMainDlg final : public ui::DialogEvents, public VideoPages {
   template <class SubPage>
   void OpenSubPage(PageCode code, SubPage& page);
   void EnterPage(PageCode code);
+  void OpenProcAmp();
+  void OpenTvWall();
   void LeaveCurrentPage();
   void ReturnToInformation();
   void ReturnFromVideoPage();
@@ -122,6 +124,7 @@ class CMainDlg final : public ui::DialogEvents, public VideoPages {
   bool connected = false;
   PageCode pageCode = PageCode::kInformation;
   bool timerRuns = false;
+  int lastHomeButton = 0;  // of the Information look, pressed last
 
   std::unique_ptr<ui::Dialog> window;
   PanelContext context{panel, device, toolkit};

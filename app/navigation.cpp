@@ -2,6 +2,9 @@
 // Refresh and Page Up do on it.
 #include "app/navigation.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "app/main_dlg.h"
 #include "device/properties.h"
 #include "pages/multiview/wall_store.h"
@@ -77,6 +80,10 @@ void CMainDlg::OnCommand(int control, ui::Notification what) {
       {kWall4Button, &CMainDlg::OnWall4},
       {kPortList, &CMainDlg::OnPortChosen, ui::Notification::kSelectionChanged},
   };
+  const bool leads = std::any_of(
+      std::begin(kNavigationButtons), std::end(kNavigationButtons),
+      [&](const NavigationButton& row) { return row.control == control && row.shownAtStart; });
+  if (leads) lastHomeButton = control;
   DispatchCommand(*this, kCommands, control, what);
 }
 
@@ -174,6 +181,7 @@ void CMainDlg::OnVideo() {
   HideAllPages();
   ShowButton(kReturnButton);
   videoMenu.Show(true);
+  videoMenu.FocusFirst();
   if (!IsModel26()) return;
   if (panel.firmwareVersion >= kVideoMenuFirmware) {
     ShowButton(kApplyButton, false);
@@ -191,9 +199,15 @@ void CMainDlg::OnAudio() {
   audio.Refresh(panel.serialHandle);
   ShowButton(kReturnButton);
   audio.Show(true);
+  audio.FocusFirst();
 }
 
 void CMainDlg::OnProcAmp() {
+  OpenProcAmp();
+  procAmp.FocusFirst();
+}
+
+void CMainDlg::OpenProcAmp() {
   pageCode = PageCode::kProcAmp;
   ReadProcAmpCache();
   HideAllButtons();
@@ -254,6 +268,7 @@ void CMainDlg::OnSetting() {
     MoveButton(kReturnButton, 105);
   }
   setting.Show(true);
+  setting.FocusFirst();
 }
 
 void CMainDlg::OnReturn() {
@@ -294,6 +309,7 @@ void CMainDlg::ReturnToInformation() {
   ShowButton(kDefaultButton, false);
   ShowHomeButtons();
   information.Show(true);
+  window->Focus(lastHomeButton);
   pageCode = PageCode::kInformation;
   ShowButton(kPageUpButton, false);
   if (ChoosePicture(panel.identity, false).showsRefresh) ShowButton(kRefreshButton);
@@ -304,6 +320,7 @@ void CMainDlg::ReturnFromVideoPage() {
     information.Refresh(panel.serialHandle);
     information.Show(true);
     ShowHomeButtons();
+    window->Focus(lastHomeButton);
     MoveButton(kReturnButton, 105);
     MoveButton(kApplyButton, 65);
     MoveButton(kPageUpButton, 145);
@@ -312,6 +329,7 @@ void CMainDlg::ReturnFromVideoPage() {
   }
   ShowButtonAt(kReturnButton, 65);
   videoMenu.Show(true);
+  videoMenu.FocusLastButton();
   pageCode = PageCode::kVideoMenu;
 }
 
@@ -357,10 +375,10 @@ void CMainDlg::OnRefresh() {
     case PageCode::kTextLabels:
       break;
     case PageCode::kProcAmp:
-      OnProcAmp();
+      OpenProcAmp();  // the keyboard stays where it is
       break;
     case PageCode::kTvWall:
-      ShowTvWall();
+      OpenTvWall();
       break;
     default:
       PageOf(pageCode).Refresh(panel.serialHandle);
@@ -405,6 +423,7 @@ void CMainDlg::ShowVideoSettings() {
   ShowButtonAt(kApplyButton, 105);
   ShowButtonAt(kReturnButton, 145);
   videoSettings.Show(true);
+  videoSettings.FocusFirst();
 }
 
 // What the pages with defaults of their own have in common.
@@ -415,6 +434,11 @@ void CMainDlg::ShowSubPageButtons() {
 }
 
 void CMainDlg::ShowTvWall() {
+  OpenTvWall();
+  tvWall.FocusFirst();
+}
+
+void CMainDlg::OpenTvWall() {
   EnterPage(PageCode::kTvWall);
   ReadWallLayout();
   tvWall.Init();
@@ -461,6 +485,7 @@ void CMainDlg::OpenSubPage(PageCode code, SubPage& page) {
   page.OnShowFromMenu();
   ShowSubPageButtons();
   page.Show(true);
+  page.FocusFirst();
 }
 
 void CMainDlg::ShowDisplayMode() {

@@ -14,6 +14,7 @@ add_library(panelora_win32 STATIC
   platform/win32/dpi.cpp
   platform/win32/gdi_cache.cpp
   platform/win32/serial_port.cpp
+  platform/win32/tab_order.cpp
   platform/win32/win32_dialog.cpp
   platform/win32/win32_toolkit.cpp)
 target_compile_definitions(panelora_win32 PUBLIC _WIN32_WINNT=0x0601 NOMINMAX)

@@ -57,6 +57,8 @@ class Page : public ui::DialogEvents {
     window = toolkit.CreateDialogFrom(templateNumber, *this, &parent);
   }
   void Show(bool shown) { window->Show(shown); }
+  // Gives the keyboard to the page's first control; a page without one leaves it where it is.
+  void FocusFirst() { window->FocusFirst(); }
   void Place(const ui::Rect& rect, int behind) { window->Place(rect, behind); }
   // Closes the window, for a main window that goes.
   void Destroy() { window.reset(); }

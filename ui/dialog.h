@@ -88,6 +88,12 @@ class Dialog {
   virtual void PlaceControl(int control, const Rect& rect) = 0;
   virtual void SetFont(int control, const Font& font) = 0;
 
+  // The keyboard goes to a button, edit, slider or combo box that is shown and enabled, at once or,
+  // in a window that is not active, as soon as it is. False = nothing takes it; the focus stays.
+  virtual bool Focus(int control) = 0;
+  // The same for the first such control in the order of Tab.
+  virtual bool FocusFirst() = 0;
+
   // Picture buttons: bitmaps by resource name, released and pressed, stretched to the button.
   virtual void SetPictures(int control, std::string_view up, std::string_view down) = 0;
 

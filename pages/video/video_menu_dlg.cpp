@@ -131,6 +131,7 @@ void CVideoMenuDlg::OnCommand(int control, ui::Notification what) {
       {kImageAdjust, &CVideoMenuDlg::OnImageAdjust},
       {kRoi, &CVideoMenuDlg::OnRoi},
   };
+  lastButton = control;
   DispatchCommand(*this, kCommands, control, what);
 }
 

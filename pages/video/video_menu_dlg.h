@@ -18,6 +18,9 @@ class CVideoMenuDlg final : public Page {
   // buttons of the box type. Box types 13 and 15 are asked for their multi-view block.
   void Init(ui::SerialHandle serial);
 
+  // The operator is back from a page: the keyboard goes to the button that led there.
+  void FocusLastButton() { Window().Focus(lastButton); }
+
   void OnCommand(int control, ui::Notification what) override;
 
  private:
@@ -32,6 +35,7 @@ class CVideoMenuDlg final : public Page {
   void LayOut();
 
   VideoPages& pages;
+  int lastButton = 0;  // pressed last
 };
 
 }  // namespace panelora

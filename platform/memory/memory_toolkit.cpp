@@ -44,6 +44,7 @@ void MemoryDialog::Close() {
 void MemoryDialog::Show(bool nowShown) {
   if (nowShown && !shown) Uncover();
   shown = nowShown;
+  if (source.framed) KeepFocusUsable();
 }
 
 void MemoryDialog::Place(const ui::Rect& place, int behindParentControl) {
@@ -118,6 +119,19 @@ void MemoryDialog::SetFont(int control, const ui::Font& font) {
   }
 }
 
+bool MemoryDialog::Focus(int control) {
+  if (!TakesFocus(Find(control)) || !IsUsable(control)) return false;
+  Frame().focus = {Number(), control};
+  return true;
+}
+
+bool MemoryDialog::FocusFirst() {
+  for (const TabStop& stop : TabStops()) {
+    if (stop.dialog->IsUsable(stop.control)) return Focus(stop.control);
+  }
+  return false;
+}
+
 void MemoryDialog::SetPictures(int control, std::string_view up, std::string_view down) {
   if (MemoryControl* found = FindForChange(control)) {
     found->upPicture = up;
@@ -190,12 +204,78 @@ bool MemoryDialog::IsVisible() const {
   return open && shown && (parent == nullptr || source.framed || parent->IsVisible());
 }
 
+// Whether Tab stops at the control, when it can be seen and used.
+bool MemoryDialog::TakesFocus(const MemoryControl* control) const {
+  if (control == nullptr) return false;
+  switch (control->kind) {
+    case ui::ControlKind::kButton:
+    case ui::ControlKind::kDefaultButton:
+    case ui::ControlKind::kPictureButton:
+    case ui::ControlKind::kEdit:
+    case ui::ControlKind::kSlider:
+    case ui::ControlKind::kCombo:
+      return true;
+    default:
+      return false;
+  }
+}
+
 bool MemoryDialog::TakesInput(const MemoryControl* control) const {
   return control != nullptr && open && control->enabled;
 }
 
+bool MemoryDialog::IsUsable(int control) const {
+  const MemoryControl* found = Find(control);
+  return TakesInput(found) && found->shown && IsVisible();
+}
+
+// Every control that Tab visits while it is usable, in that order. Pages stand directly behind a
+// control of their window, the one placed last in front.
+std::vector<MemoryDialog::TabStop> MemoryDialog::TabStops() const {
+  std::vector<TabStop> stops;
+  for (const ui::ControlTemplate& row : source.controls) {
+    if (TakesFocus(Find(row.id))) stops.push_back({this, row.id});
+    for (auto page = toolkit.dialogs.rbegin(); page != toolkit.dialogs.rend(); ++page) {
+      if ((*page)->parent != this || (*page)->source.framed || (*page)->behind != row.id) continue;
+      const std::vector<TabStop> own = (*page)->TabStops();
+      stops.insert(stops.end(), own.begin(), own.end());
+    }
+  }
+  return stops;
+}
+
+// Where the focus goes from a control that can't keep it: see tab_order.h of the real windows.
+void MemoryDialog::KeepFocusUsable() {
+  MemoryDialog& frame = Frame();
+  if (!frame.IsVisible()) return;
+  const MemoryDialog* owner = toolkit.Find(frame.focus.first);
+  if (owner != nullptr && owner->IsUsable(frame.focus.second)) return;
+  std::vector<TabStop> stops = frame.TabStops();
+  const auto from = std::find_if(stops.begin(), stops.end(), [&](const TabStop& stop) {
+    return std::pair(stop.dialog->Number(), stop.control) == frame.focus;
+  });
+  const std::vector<TabStop> inOrder = stops;
+  if (from != stops.end()) std::rotate(stops.begin(), from, stops.end());
+  const auto giveTo = [&](const std::vector<TabStop>& among, const auto& wanted) {
+    for (const TabStop& stop : among) {
+      if (!stop.dialog->IsUsable(stop.control) || !wanted(stop)) continue;
+      frame.focus = {stop.dialog->Number(), stop.control};
+      return true;
+    }
+    return false;
+  };
+  const int page = frame.focus.first;
+  if (giveTo(stops, [&](const TabStop& stop) { return stop.dialog->Number() == page; })) return;
+  if (giveTo(stops, [&](const TabStop& stop) { return stop.dialog != &frame; })) return;
+  if (giveTo(inOrder, [](const TabStop&) { return true; })) return;
+  frame.focus = {frame.Number(), 0};
+}
+
 void MemoryDialog::Press(int control) {
-  if (TakesInput(Find(control))) events.OnCommand(control, ui::Notification::kClicked);
+  if (!TakesInput(Find(control))) return;
+  Focus(control);
+  events.OnCommand(control, ui::Notification::kClicked);
+  KeepFocusUsable();
 }
 
 void MemoryDialog::Type(int control, std::string_view text) {
@@ -212,23 +292,34 @@ void MemoryDialog::Drag(int control, int position) {
 
 void MemoryDialog::Release(int control) {
   if (TakesInput(Find(control))) events.OnSliderReleased(control);
+  KeepFocusUsable();
 }
 
 void MemoryDialog::Choose(int control, int index) {
   if (!TakesInput(Find(control))) return;
   SelectItem(control, index);
   events.OnCommand(control, ui::Notification::kSelectionChanged);
+  KeepFocusUsable();
 }
 
-bool MemoryDialog::PressKey(ui::Key key) { return events.OnKey(key); }
+bool MemoryDialog::PressKey(int control, ui::Key key) {
+  Focus(control);
+  const bool consumed = events.OnKey(key);
+  KeepFocusUsable();
+  return consumed;
+}
 
 void MemoryDialog::PressMouse(int control) {
   const MemoryControl* found = Find(control);
-  if (TakesInput(found) && found->shown) events.OnMousePress(control);
+  if (!TakesInput(found) || !found->shown) return;
+  events.OnMousePress(control);
+  Focus(control);
+  KeepFocusUsable();
 }
 
 void MemoryDialog::Tick(int timer) {
   if (open) events.OnTimer(timer);
+  KeepFocusUsable();
 }
 
 void MemoryDialog::ChooseSystemMenu(int command) { events.OnSystemCommand(command & ~0xF); }

@@ -1,7 +1,8 @@
 // The toolkit in memory: dialogs without a screen, for tests, fuzzers and anything that only needs
 // the program's behaviour. It keeps the rules of real windows that the pages can notice: typed
-// texts obey their limits, positions their ranges, disabled controls take no input, and
-// sliders report a repaint after they changed or were uncovered.
+// texts obey their limits, positions their ranges, disabled controls take no input, sliders report
+// a repaint after they changed or were uncovered, and the focus never stays on a control that can't
+// be seen.
 #pragma once
 
 #include <functional>
@@ -61,6 +62,8 @@ class MemoryDialog final : public ui::Dialog {
   void EnableControl(int control, bool enabled) override;
   void PlaceControl(int control, const ui::Rect& place) override;
   void SetFont(int control, const ui::Font& font) override;
+  bool Focus(int control) override;
+  bool FocusFirst() override;
   void SetPictures(int control, std::string_view up, std::string_view down) override;
   void SetTextLimit(int control, int characters) override;
   void SetSliderRange(int control, int minimum, int maximum) override;
@@ -81,7 +84,7 @@ class MemoryDialog final : public ui::Dialog {
   void Drag(int control, int position);
   void Release(int control);
   void Choose(int control, int index);
-  bool PressKey(ui::Key key);
+  bool PressKey(int control, ui::Key key);  // with the focus on the control
   void PressMouse(int control);
   void Tick(int timer);
   void ChooseSystemMenu(int command);
@@ -101,11 +104,25 @@ class MemoryDialog final : public ui::Dialog {
   int BehindParentControl() const { return behind; }
   ui::DialogEvents& Events() { return events; }
   ui::Point ScreenPosition() const;
+  // The captioned window that the dialog is or lies in.
+  MemoryDialog& Frame() { return source.framed ? *this : parent->Frame(); }
+  // The control of the window that has the focus: its dialog's number and its id, 0 = the window.
+  std::pair<int, int> FocusedControl() const { return focus; }
 
  private:
+  // A control of the window or of one of its pages.
+  struct TabStop {
+    const MemoryDialog* dialog;
+    int control;
+  };
+
   MemoryControl* FindForChange(int control);
   bool IsVisible() const;
+  bool IsUsable(int control) const;
+  std::vector<TabStop> TabStops() const;
+  void KeepFocusUsable();
   bool TakesInput(const MemoryControl* control) const;
+  bool TakesFocus(const MemoryControl* control) const;
 
   MemoryToolkit& toolkit;
   const ui::DialogTemplate& source;
@@ -120,6 +137,7 @@ class MemoryDialog final : public ui::Dialog {
   std::map<int, MemoryControl> controls;
   std::map<int, int> timers;  // period in ms by number
   std::vector<std::pair<int, std::string>> systemMenu;
+  std::pair<int, int> focus;  // of a window: dialog number and control
 };
 
 class MemoryToolkit final : public ui::Toolkit {

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "platform/win32/dpi.h"
+#include "platform/win32/tab_order.h"
 #include "platform/win32/win32_toolkit.h"
 
 namespace panelora::win32 {
@@ -200,10 +201,33 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return PaintMinimised() ? TRUE : FALSE;
     case WM_QUERYDRAGICON:
       return reinterpret_cast<INT_PTR>(bigIcon);  // one of the messages answered directly
+    case WM_ACTIVATE:
+      if (!source.framed) return FALSE;
+      if (LOWORD(wParam) != WA_INACTIVE) {
+        toolkit.KeepFocusUsable();
+      } else if (IsChild(window, GetFocus())) {
+        focus = GetFocus();
+      }
+      return TRUE;  // the system would remember a control that can be hidden meanwhile
+    case WM_SETFOCUS:
+      if (toolkit.depth == 0) toolkit.KeepFocusUsable();
+      return TRUE;  // the system would choose among hidden controls too
+    case WM_COMMAND:
+    case WM_NOTIFY:
+    case WM_HSCROLL:
+    case WM_VSCROLL:
+    case WM_TIMER:
+    case WM_SYSCOMMAND:
+    case WM_CLOSE:
+    case kDpiChanged:
+      return live ? OnEvent(message, wParam, lParam) : FALSE;
     default:
-      break;
+      return FALSE;
   }
-  if (!live) return FALSE;
+}
+
+INT_PTR Win32Dialog::OnEvent(UINT message, WPARAM wParam, LPARAM lParam) {
+  const Win32Toolkit::Handling handling(toolkit);
   switch (message) {
     case WM_COMMAND:
       OnCommandMessage(LOWORD(wParam), HIWORD(wParam));
@@ -421,6 +445,16 @@ void Win32Dialog::SetFont(int control, const ui::Font& font) {
   found->second.font = font;
   found->second.fontSet = true;
   UseFont(found->second);
+}
+
+bool Win32Dialog::Focus(int control) {
+  const HWND found = ControlWindow(control);
+  return found != nullptr && toolkit.GiveFocus(found);
+}
+
+bool Win32Dialog::FocusFirst() {
+  const HWND first = FirstUsable(window);
+  return first != nullptr && toolkit.GiveFocus(first);
 }
 
 void Win32Dialog::SetPictures(int control, std::string_view up, std::string_view down) {

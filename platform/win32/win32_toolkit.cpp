@@ -1,8 +1,8 @@
 #include "platform/win32/win32_toolkit.h"
 
-#include <algorithm>
 #include <cstdlib>
 
+#include "platform/win32/tab_order.h"
 #include "res/dialog_templates.h"
 
 namespace panelora::win32 {
@@ -97,16 +97,25 @@ void Win32Toolkit::HandleWaiting() {
 }
 
 void Win32Toolkit::Handle(MSG& message) {
+  const Handling handling(*this);
   KeepFocusUsable();  // a message that was sent may have hidden what has the focus
   if (!PreTranslate(message)) {
-    Win32Dialog* dialog = DialogOf(message.hwnd);
-    const HWND root = dialog != nullptr ? GetAncestor(dialog->Handle(), GA_ROOT) : nullptr;
-    if (root == nullptr || !IsDialogMessageA(root, &message)) {
+    KeepFocusUsable();
+    if (!GoesToDialog(message) || !IsDialogMessageA(GetAncestor(message.hwnd, GA_ROOT), &message)) {
       TranslateMessage(&message);
       DispatchMessageA(&message);
     }
   }
-  KeepFocusUsable();
+}
+
+// Whether the dialog's own keyboard handling sees the message. It looks for the next control from
+// the one that has the focus until it comes back to it: from a control that can't be seen it would
+// search for ever.
+bool Win32Toolkit::GoesToDialog(const MSG& message) const {
+  if (DialogOf(message.hwnd) == nullptr) return false;
+  if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return true;
+  const HWND focus = GetFocus();
+  return IsWindowVisible(message.hwnd) && (focus == nullptr || IsWindowVisible(focus));
 }
 
 // Offers keys and mouse presses to the dialog before the control sees them. True = consumed.
@@ -126,45 +135,59 @@ bool Win32Toolkit::PreTranslate(const MSG& message) {
   // An open drop-down list keeps both keys for itself.
   if (SendMessageA(message.hwnd, CB_GETDROPPEDSTATE, 0, 0) != 0) return false;
   const bool enter = message.wParam == VK_RETURN;
+  // A key that is held repeats itself; what Enter writes goes to the box once.
+  if (enter && (HIWORD(message.lParam) & KF_REPEAT) != 0) return true;
   const bool consumed = dialog->Events().OnKey(enter ? ui::Key::kEnter : ui::Key::kEscape);
   if (enter && !consumed) PressFocusedButton(message.hwnd);
   return true;  // neither key ever closes the main window or a page
 }
 
-void Win32Toolkit::PressFocusedButton(HWND focus) {
-  const Win32Dialog* dialog = DialogOf(focus);
+void Win32Toolkit::PressFocusedButton(HWND button) {
+  const Win32Dialog* dialog = DialogOf(button);
   if (dialog == nullptr) return;  // the key closed it
-  const Win32Control* control = dialog->Find(GetDlgCtrlID(focus));
-  if (control == nullptr || !IsWindowVisible(focus) || !IsWindowEnabled(focus)) return;
+  const Win32Control* control = dialog->Find(GetDlgCtrlID(button));
+  if (control == nullptr || !IsUsable(button)) return;
   switch (control->kind) {
     case ui::ControlKind::kButton:
     case ui::ControlKind::kDefaultButton:
     case ui::ControlKind::kPictureButton:
-      SendMessageA(focus, BM_CLICK, 0, 0);
+      SendMessageA(button, BM_CLICK, 0, 0);
       break;
     default:
       break;
   }
 }
 
-// A control that has the focus can be hidden or disabled by what it did. The focus then goes to the
-// next control that takes it, so that the keyboard always has somewhere to go on from.
+// False when the control takes no focus. A window that is not active keeps it for when it is.
+bool Win32Toolkit::GiveFocus(HWND control) {
+  Win32Dialog* dialog = DialogOf(control);
+  const bool takesIt = (GetWindowLongPtrA(control, GWL_STYLE) & WS_TABSTOP) != 0;
+  if (dialog == nullptr || !takesIt || !IsUsable(control)) return false;
+  Win32Dialog& frame = dialog->Frame();
+  frame.focus = control;
+  if (GetActiveWindow() == frame.Handle()) SetFocus(control);
+  return true;
+}
+
+// Holds after every message: the focus is on a control that is seen and enabled, or, where there is
+// none, on the window itself. A control that has the focus can be hidden or disabled by what it
+// did, by a tick, or by a message from outside.
 void Win32Toolkit::KeepFocusUsable() {
   const HWND focus = GetFocus();
-  const Win32Dialog* dialog = DialogOf(focus != nullptr ? focus : GetActiveWindow());
+  Win32Dialog* dialog = DialogOf(focus != nullptr ? focus : GetActiveWindow());
   if (dialog == nullptr) return;
-  if (focus != nullptr && focus != dialog->Handle() && IsWindowVisible(focus) &&
-      IsWindowEnabled(focus)) {
-    lastFocus = focus;
+  Win32Dialog& frame = dialog->Frame();
+  if (focus != nullptr && focus != dialog->Handle() && IsUsable(focus)) {
+    frame.focus = focus;
     return;
   }
-  const HWND root = GetAncestor(dialog->Handle(), GA_ROOT);
-  if (!IsWindowVisible(root) || !IsWindowEnabled(root) || IsIconic(root)) return;
-  const HWND from = IsChild(root, lastFocus) ? lastFocus : nullptr;
-  const HWND next = GetNextDlgTabItem(root, from, FALSE);
-  if (next != nullptr && next != focus && IsWindowVisible(next) && IsWindowEnabled(next)) {
-    SetFocus(next);
-  }
+  const HWND window = frame.Handle();
+  if (!IsUsable(window) || IsIconic(window)) return;
+  const bool known = frame.focus != nullptr && IsChild(window, frame.focus);
+  HWND next = known && IsUsable(frame.focus) ? frame.focus
+                                             : NextUsable(window, known ? frame.focus : nullptr);
+  if (next == nullptr) next = window;
+  if (next != focus) SetFocus(next);
 }
 
 }  // namespace panelora::win32

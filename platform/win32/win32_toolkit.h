@@ -55,6 +55,8 @@ class Win32Dialog final : public ui::Dialog {
   void EnableControl(int control, bool enabled) override;
   void PlaceControl(int control, const ui::Rect& place) override;
   void SetFont(int control, const ui::Font& font) override;
+  bool Focus(int control) override;
+  bool FocusFirst() override;
   void SetPictures(int control, std::string_view up, std::string_view down) override;
   void SetTextLimit(int control, int characters) override;
   void SetSliderRange(int control, int minimum, int maximum) override;
@@ -74,6 +76,10 @@ class Win32Dialog final : public ui::Dialog {
   const Win32Control* Find(int control) const;
   HWND ControlWindow(int control) const;
   const std::map<int, int>& Timers() const { return timers; }  // period in ms by number
+  // The captioned window that the dialog is or lies in.
+  Win32Dialog& Frame() { return source.framed ? *this : parent->Frame(); }
+  // Framed dialogs: the control that has the focus, or gets it when the window is active again.
+  HWND focus = nullptr;
 
   // Lays the dialog and its controls out for another dpi.
   void Rescale(int newDpi);
@@ -81,6 +87,7 @@ class Win32Dialog final : public ui::Dialog {
  private:
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  INT_PTR OnEvent(UINT message, WPARAM wParam, LPARAM lParam);
   INT_PTR Answer(LRESULT result);
   void OnCommandMessage(int control, UINT code);
   INT_PTR OnNotify(const NMHDR& header);
@@ -152,15 +159,31 @@ class Win32Toolkit final : public ui::Toolkit {
  private:
   friend class Win32Dialog;
 
+  // Counts the handlers that run inside each other: the outermost one looks after the focus.
+  class Handling {
+   public:
+    explicit Handling(Win32Toolkit& theToolkit) : toolkit(theToolkit) { ++toolkit.depth; }
+    ~Handling() {
+      if (--toolkit.depth == 0) toolkit.KeepFocusUsable();
+    }
+    Handling(const Handling&) = delete;
+    Handling& operator=(const Handling&) = delete;
+
+   private:
+    Win32Toolkit& toolkit;
+  };
+
   bool PreTranslate(const MSG& message);
-  void PressFocusedButton(HWND focus);
+  bool GoesToDialog(const MSG& message) const;
+  void PressFocusedButton(HWND button);
+  bool GiveFocus(HWND control);
   void KeepFocusUsable();
 
   HINSTANCE instance;
   GdiCache gdi;
   std::vector<Win32Dialog*> dialogs;
   bool marksFocus = false;
-  HWND lastFocus = nullptr;  // the control that had the focus last
+  int depth = 0;  // of handlers that run
 };
 
 }  // namespace panelora::win32

@@ -56,6 +56,9 @@ class Desk {
   std::string Picture(int dialog, int control);  // released
   std::string PressedPicture(int dialog, int control);
   ui::Font FontOf(int dialog, int control);
+  // The control that has the focus in the window of a dialog: its own dialog and id; 0 = the
+  // window.
+  std::pair<int, int> Focus(int dialog);
   int SliderPosition(int dialog, int control);
   std::pair<int, int> SliderRange(int dialog, int control);
   int ProgressPosition(int dialog, int control);

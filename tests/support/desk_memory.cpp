@@ -59,7 +59,7 @@ void Desk::PressKey(int dialog, int control, ui::Key key) {
   const bool isButton = kind == ui::ControlKind::kButton ||
                         kind == ui::ControlKind::kDefaultButton ||
                         kind == ui::ControlKind::kPictureButton;
-  const bool consumed = inside->At(dialog).PressKey(key);
+  const bool consumed = inside->At(dialog).PressKey(control, key);
   if (!consumed && isButton && key == ui::Key::kEnter) Press(dialog, control);
   Settle();
 }
@@ -116,6 +116,8 @@ ui::Font Desk::FontOf(int dialog, int control) {
   const MemoryControl& found = inside->At(dialog, control);
   return found.fontSet ? found.font : ui::Font{"", 0};
 }
+
+std::pair<int, int> Desk::Focus(int dialog) { return inside->At(dialog).Frame().FocusedControl(); }
 
 int Desk::SliderPosition(int dialog, int control) { return inside->At(dialog, control).position; }
 

@@ -87,6 +87,7 @@ void Desk::Choose(int dialog, int control, int index) {
 }
 
 void Desk::PressKey(int dialog, int control, ui::Key key) {
+  inside->At(dialog).Focus(control);
   MSG message{};
   message.hwnd = inside->Window(dialog, control);
   message.message = WM_KEYDOWN;
@@ -215,6 +216,14 @@ ui::Font Desk::FontOf(int dialog, int control) {
   const bool same = font.lfHeight == -MulDiv(found.font.tenths, 96, 720) &&
                     std::string(font.lfFaceName) == found.font.face;
   return same ? found.font : ui::Font{"", 0};
+}
+
+std::pair<int, int> Desk::Focus(int dialog) {
+  Win32Dialog& frame = inside->At(dialog).Frame();
+  const HWND focus = GetActiveWindow() == frame.Handle() ? GetFocus() : frame.focus;
+  const Win32Dialog* owner = inside->toolkit.DialogOf(focus);
+  if (owner == nullptr || owner->Handle() == focus) return {frame.Number(), 0};
+  return {owner->Number(), GetDlgCtrlID(focus)};
 }
 
 int Desk::SliderPosition(int dialog, int control) {
