@@ -6,10 +6,6 @@
 #include "device/properties.h"
 #include "res/dialog_templates.h"
 
-#ifndef PANELORA_ADMITTED_BOX_TYPES_LIST
-#define PANELORA_ADMITTED_BOX_TYPES_LIST 26
-#endif
-
 namespace panelora {
 
 namespace {
@@ -28,11 +24,7 @@ constexpr ui::Rect kPictureStrip = {0, 0, 600, 65};
 constexpr ui::Rect kWholeClient = {0, 0, kClientWidth, kClientHeight};
 constexpr ui::Rect kPageArea = {110, 65, 540, 335};
 
-constexpr std::uint8_t kAdmitted[] = {PANELORA_ADMITTED_BOX_TYPES_LIST};
-
 }  // namespace
-
-std::span<const std::uint8_t> AdmittedBoxTypes() { return kAdmitted; }
 
 CMainDlg::CMainDlg(DeviceLink& theDevice, ui::Toolkit& theToolkit,
                    std::span<const std::uint8_t> theAdmittedTypes)

@@ -30,6 +30,10 @@ std::vector<HWND> TabStops(HWND window) {
 
 bool IsUsable(HWND window) { return IsWindowVisible(window) && IsWindowEnabled(window); }
 
+bool TakesFocus(HWND window) {
+  return IsUsable(window) && (GetWindowLongPtrA(window, GWL_STYLE) & WS_TABSTOP) != 0;
+}
+
 HWND FirstUsable(HWND dialog) {
   for (const HWND stop : TabStops(dialog)) {
     if (IsUsable(stop)) return stop;

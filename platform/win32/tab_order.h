@@ -8,6 +8,9 @@ namespace panelora::win32 {
 // Seen, with everything that it lies in, and not disabled.
 bool IsUsable(HWND window);
 
+// Usable, and one at which Tab stops: no label and no frame, to which arrow keys would lead.
+bool TakesFocus(HWND window);
+
 // The first usable control of a dialog in the order of Tab, null when there is none.
 HWND FirstUsable(HWND dialog);
 

@@ -99,23 +99,19 @@ void Win32Toolkit::HandleWaiting() {
 void Win32Toolkit::Handle(MSG& message) {
   const Handling handling(*this);
   KeepFocusUsable();  // a message that was sent may have hidden what has the focus
-  if (!PreTranslate(message)) {
-    KeepFocusUsable();
-    if (!GoesToDialog(message) || !IsDialogMessageA(GetAncestor(message.hwnd, GA_ROOT), &message)) {
-      TranslateMessage(&message);
-      DispatchMessageA(&message);
-    }
-  }
-}
-
-// Whether the dialog's own keyboard handling sees the message. It looks for the next control from
-// the one that has the focus until it comes back to it: from a control that can't be seen it would
-// search for ever.
-bool Win32Toolkit::GoesToDialog(const MSG& message) const {
-  if (DialogOf(message.hwnd) == nullptr) return false;
-  if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return true;
+  const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+  const bool isOurs = DialogOf(message.hwnd) != nullptr;
+  if (isKey && isOurs && !IsUsable(message.hwnd)) return;  // was hidden while the key was underway
+  if (PreTranslate(message)) return;
+  KeepFocusUsable();
+  // The dialog's own keyboard handling looks for the next control from the one that has the focus
+  // until it comes back to it: from a control that can't be seen it would search for ever.
   const HWND focus = GetFocus();
-  return IsWindowVisible(message.hwnd) && (focus == nullptr || IsWindowVisible(focus));
+  const bool canSearch = focus == nullptr || IsWindowVisible(focus);
+  const HWND root = GetAncestor(message.hwnd, GA_ROOT);
+  if (isOurs && (!isKey || canSearch) && IsDialogMessageA(root, &message)) return;
+  TranslateMessage(&message);
+  DispatchMessageA(&message);
 }
 
 // Offers keys and mouse presses to the dialog before the control sees them. True = consumed.
@@ -161,8 +157,7 @@ void Win32Toolkit::PressFocusedButton(HWND button) {
 // False when the control takes no focus. A window that is not active keeps it for when it is.
 bool Win32Toolkit::GiveFocus(HWND control) {
   Win32Dialog* dialog = DialogOf(control);
-  const bool takesIt = (GetWindowLongPtrA(control, GWL_STYLE) & WS_TABSTOP) != 0;
-  if (dialog == nullptr || !takesIt || !IsUsable(control)) return false;
+  if (dialog == nullptr || !TakesFocus(control)) return false;
   Win32Dialog& frame = dialog->Frame();
   frame.focus = control;
   if (GetActiveWindow() == frame.Handle()) SetFocus(control);
@@ -177,15 +172,15 @@ void Win32Toolkit::KeepFocusUsable() {
   Win32Dialog* dialog = DialogOf(focus != nullptr ? focus : GetActiveWindow());
   if (dialog == nullptr) return;
   Win32Dialog& frame = dialog->Frame();
-  if (focus != nullptr && focus != dialog->Handle() && IsUsable(focus)) {
+  if (focus != nullptr && TakesFocus(focus)) {
     frame.focus = focus;
     return;
   }
   const HWND window = frame.Handle();
   if (!IsUsable(window) || IsIconic(window)) return;
   const bool known = frame.focus != nullptr && IsChild(window, frame.focus);
-  HWND next = known && IsUsable(frame.focus) ? frame.focus
-                                             : NextUsable(window, known ? frame.focus : nullptr);
+  HWND next = known && TakesFocus(frame.focus) ? frame.focus
+                                               : NextUsable(window, known ? frame.focus : nullptr);
   if (next == nullptr) next = window;
   if (next != focus) SetFocus(next);
 }

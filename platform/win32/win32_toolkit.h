@@ -174,7 +174,6 @@ class Win32Toolkit final : public ui::Toolkit {
   };
 
   bool PreTranslate(const MSG& message);
-  bool GoesToDialog(const MSG& message) const;
   void PressFocusedButton(HWND button);
   bool GiveFocus(HWND control);
   void KeepFocusUsable();

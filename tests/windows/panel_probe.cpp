@@ -46,6 +46,20 @@ void Describe(HWND window) {
   CloseHandle(mapping);
 }
 
+void CountRelease() {
+  static ProbeInput* const input = [] {
+    const std::string name = kProbeInputName + std::to_string(GetCurrentProcessId());
+    const HANDLE mapping = OpenFileMappingA(FILE_MAP_ALL_ACCESS, FALSE, name.c_str());
+    return static_cast<ProbeInput*>(
+        mapping != nullptr ? MapViewOfFile(mapping, FILE_MAP_ALL_ACCESS, 0, 0, 0) : nullptr);
+  }();
+  if (input != nullptr) InterlockedIncrement(&input->releases);
+}
+
+bool IsRelease(UINT message) {
+  return message == WM_KEYUP || message == WM_SYSKEYUP || message == WM_LBUTTONUP;
+}
+
 }  // namespace
 
 }  // namespace panelora::end_to_end
@@ -57,6 +71,7 @@ extern "C" LRESULT CALLBACK HoldClock(int code, WPARAM wParam, LPARAM lParam) {
     MSG& message = *reinterpret_cast<MSG*>(lParam);
     if (message.message == WM_TIMER) message.message = WM_NULL;
     if (message.message == describe && wParam == PM_REMOVE) Describe(message.hwnd);
+    if (IsRelease(message.message) && wParam == PM_REMOVE) CountRelease();
   }
   return CallNextHookEx(nullptr, code, wParam, lParam);
 }

@@ -9,6 +9,13 @@ constexpr char kDescribeWindow[] = "Panelora.DescribeWindow";
 // The name of the memory that takes the description: this and the process id, in decimal.
 constexpr char kProbeMemoryName[] = "Local\\PaneloraProbe.";
 
+// The same for what the program took from its queue since the test set the probe.
+constexpr char kProbeInputName[] = "Local\\PaneloraInput.";
+
+struct ProbeInput {
+  long releases;  // of keys, and of the left mouse button
+};
+
 struct ProbeMemory {
   long described;  // 1 = the rest is complete
   bool bigIcon;    // the window has them

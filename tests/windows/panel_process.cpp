@@ -122,7 +122,8 @@ void PanelProcess::CleanUp() {
     WaitForSingleObject(process.hProcess, kPatience);
   }
   if (bench != nullptr) UnmapViewOfFile(bench);
-  for (const HANDLE handle : {benchMemory, process.hThread, process.hProcess, job}) {
+  if (input != nullptr) UnmapViewOfFile(input);
+  for (const HANDLE handle : {benchMemory, inputMemory, process.hThread, process.hProcess, job}) {
     if (handle != nullptr) CloseHandle(handle);
   }
   std::error_code ignored;
@@ -139,8 +140,8 @@ void PanelProcess::MakeFolder(const Setup& setup) {
   std::filesystem::create_directories(folder);
   const std::filesystem::path program = folder / kProgramName;
   std::error_code error;
-  std::filesystem::create_hard_link(TheParts().program, program, error);
-  if (error) std::filesystem::copy_file(TheParts().program, program);
+  std::filesystem::create_hard_link(setup.program, program, error);
+  if (error) std::filesystem::copy_file(setup.program, program);
   if (!setup.library.empty()) std::filesystem::copy_file(setup.library, folder / "DEVLNK.dll");
 }
 
@@ -198,6 +199,11 @@ void PanelProcess::FindMain() {
 
 // The program's own timer goes on but reaches nobody.
 void PanelProcess::HoldTheClock() {
+  const std::string name = kProbeInputName + std::to_string(process.dwProcessId);
+  inputMemory = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
+                                   sizeof(ProbeInput), name.c_str());
+  input = static_cast<ProbeInput*>(MapViewOfFile(inputMemory, FILE_MAP_ALL_ACCESS, 0, 0, 0));
+  if (input == nullptr) throw std::runtime_error("no memory for the probe");
   static const HMODULE probe = LoadLibraryW((TheParts().tests / "panel_probe.dll").c_str());
   const FARPROC procedure = probe != nullptr ? GetProcAddress(probe, "HoldClock") : nullptr;
   if (procedure != nullptr) {
@@ -285,6 +291,40 @@ void PanelProcess::Command(int dialog, int control) {
 void PanelProcess::PostKey(HWND window, WPARAM key) {
   Post(window, WM_KEYDOWN, key, 1);
   Post(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+}
+
+// Wine starts the display's own tool like a program of its own, but tells nothing of it afterwards:
+// that the releases arrived is how its end is known.
+void PanelProcess::UseDisplay(const std::string& commands, long releases) {
+  const long wanted = InterlockedCompareExchange(&input->releases, 0, 0) + releases;
+  STARTUPINFOA start{};
+  start.cb = sizeof start;
+  PROCESS_INFORMATION tool{};
+  std::string line = "xdotool " + commands;
+  if (!CreateProcessA("Z:\\usr\\bin\\xdotool", line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                      nullptr, &start, &tool)) {
+    throw std::runtime_error("xdotool can't be started: install the package xdotool");
+  }
+  for (const HANDLE handle : {tool.hThread, tool.hProcess}) {
+    if (handle != nullptr) CloseHandle(handle);
+  }
+  Await("the input", [&] { return InterlockedCompareExchange(&input->releases, 0, 0) >= wanted; });
+  Send(main, WM_NULL);
+}
+
+void PanelProcess::Click(HWND window) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  std::ostringstream commands;
+  commands << "mousemove " << (place.left + place.right) / 2 << " "
+           << (place.top + place.bottom) / 2 << " click 1";
+  UseDisplay(commands.str(), 1);
+}
+
+void PanelProcess::TypeKeys(const std::vector<std::string>& keys) {
+  std::string commands = "key --delay 0";
+  for (const std::string& key : keys) commands += " " + key;
+  UseDisplay(commands, static_cast<long>(keys.size()));
 }
 
 void PanelProcess::Tick() { Send(main, WM_TIMER, kMonitorTimer); }

@@ -32,9 +32,10 @@ namespace panelora::end_to_end {
 
 // Where the parts under test are.
 struct Parts {
-  std::filesystem::path program;  // Panelora.exe
-  std::filesystem::path box;      // the simulated DEVLNK.dll
-  std::filesystem::path tests;    // the folder of the test program and its libraries
+  std::filesystem::path program;     // Panelora.exe
+  std::filesystem::path box;         // the simulated DEVLNK.dll
+  std::filesystem::path everyModel;  // Panelora.exe with every box type admitted
+  std::filesystem::path tests;       // the folder of the test program and its libraries
 };
 Parts& TheParts();
 
@@ -101,6 +102,7 @@ using IdentityBytes = std::array<std::uint8_t, 5>;
 class PanelProcess {
  public:
   struct Setup {
+    std::filesystem::path program = TheParts().program;
     std::filesystem::path library = TheParts().box;  // becomes DEVLNK.dll; empty = none
     IdentityBytes identity = {26, 0, 0, 0, 0};
     std::uint32_t firmware = 0x0126;
@@ -128,6 +130,11 @@ class PanelProcess {
   // As a press, but also on what is hidden.
   void Command(int dialog, int control);
   void PostKey(HWND window, WPARAM key);
+  // The same with the mouse and the keyboard of the display, which only it can tell from an
+  // operator's. They return when the program has taken the press from its queue; a key by its name
+  // in X.
+  void Click(HWND window);
+  void TypeKeys(const std::vector<std::string>& keys);
   // What the system does.
   void Tick();
   LRESULT Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
@@ -169,6 +176,7 @@ class PanelProcess {
   void PrepareBox(const Setup& setup);
   void FindMain();
   void HoldTheClock();
+  void UseDisplay(const std::string& commands, long releases);
   void PumpDebugger();
   std::vector<HWND> TopWindows() const;
 
@@ -177,6 +185,8 @@ class PanelProcess {
   HANDLE job = nullptr;
   HANDLE benchMemory = nullptr;
   simulator::BenchPort* bench = nullptr;
+  HANDLE inputMemory = nullptr;
+  ProbeInput* input = nullptr;
   bool debugging = false;
   std::vector<std::string> debuggerLines;
   HWND main = nullptr;
