@@ -52,7 +52,7 @@ void CMainDlg::Init() {
   panel.deviceHandle = device.Open(kOpenMode);
   connected = panel.deviceHandle != kNoBox;
   ReadIdentity();
-  if (!connected || !IsAdmitted(panel.identity.boxType)) {
+  if (!IsAdmitted(panel.identity.boxType)) {
     connected = false;
     panel.identity.boxType = kNoBoxType;
   }
@@ -191,11 +191,10 @@ void CMainDlg::OnTimer(int /*timer*/) {
     return;
   }
   panel.deviceHandle = device.Open(kOpenMode);
-  const bool present = panel.deviceHandle != kNoBox && !panel.forceDisconnect;
-  if (present == connected) {
-    panel.forceDisconnect = false;  // set in the disconnected look: done with this tick
-    return;
-  }
+  const bool found = panel.deviceHandle != kNoBox;
+  // A disconnection that was forced while there was no box waits for the tick that finds one.
+  const bool changes = connected ? !found || panel.forceDisconnect : found;
+  if (!changes) return;
 
   bool nowConnected = true;
   if (panel.forceDisconnect) {
@@ -235,12 +234,12 @@ void CMainDlg::ChangeConnection() {
   }
 }
 
-// The picture of "no box" covers the whole client area.
+// The picture of "no box" covers the whole client area, also at a start whose open failed although
+// the box told its identity.
 void CMainDlg::ShowDisconnectedLook() {
   information.Show(false);
-  for (const NavigationButton& button : kNavigationButtons) {
-    if (button.shownAtStart) ShowButton(button.control, false);
-  }
+  HideAllButtons();
+  window->SetPictures(kPictureButton, kNullBoxPicture, kNullBoxPicture);
   window->PlaceControl(kPictureButton, kWholeClient);
 }
 

@@ -21,13 +21,14 @@ constexpr ProcAmpCache kProcAmpStart = {128, 128, 128, 128, 128, 128, 128, 128, 
 struct PanelState {
   DeviceHandle deviceHandle = kNoBox;  // the live handle; pages copy it when they are initialised
   Identity identity;
-  // Copy of boxType and brandCode that the Video settings page gets.
+  // Copy of boxType and brandCode as last read; unlike them it survives the loss of the box.
   std::array<std::uint8_t, 2> identityPair = {255, 255};
   // (major × 256) + minor: 0x0112 is shown as 0.1.1.2. 0 until the Information page has read it.
   std::uint32_t firmwareVersion = 0;
   // How many coming ticks of the connection monitor to ignore (3 s each).
   std::uint16_t tickSkip = 0;
-  // Set by a hardware reset: the next tick shows the box as absent.
+  // Set by a hardware reset: the next tick shows the box as absent. Set while it is absent, it keeps
+  // the first tick that finds a box from connecting.
   bool forceDisconnect = false;
   // TV wall: screens along each side (1 to 4; 0 = not known) and this box's tile, by rows from 0.
   std::uint32_t wallSize = 0;

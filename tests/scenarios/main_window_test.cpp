@@ -164,10 +164,32 @@ TEST_F(MainWindow, OnlyOneHandleMeansAbsent) {
   EXPECT_FALSE(panel->IsConnected());
 }
 
-TEST_F(MainWindow, StartWithoutAnOpenBoxIsDisconnectedWhateverTheIdentitySays) {
+TEST_F(MainWindow, StartWhoseOpenFailsKeepsTheIdentityThatAnswers) {
+  box.Become({26, 1, 2, 1, 1}, 0x0126);
+  device.AnswerHandle(kNoBox);
+  Start();
+  EXPECT_FALSE(panel->IsConnected());
+  EXPECT_EQ(panel->Panel().identity, (Identity{26, 1, 2, 1, 1}));
+  EXPECT_EQ(TakeCalls(), kStartCalls);
+  ExpectEmptyLook();
+  Tick();
+  EXPECT_EQ(TakeCalls(), kOpenCall);
+  EXPECT_EQ(panel->Panel().identity.boxType, 26);
+  // The same model: the stored bytes stay as they are.
+  box.Block(254) = {26, 3, 0, 0, 0};
+  device.AnswerHandle(simulator::BoxModel::kHandle);
+  Tick();
+  ExpectConnectedLook();
+  EXPECT_EQ(TakeCalls(), kConnectCalls);
+  EXPECT_EQ(panel->Panel().identity, (Identity{26, 1, 2, 1, 1}));
+}
+
+TEST_F(MainWindow, StartWhoseOpenFailsForgetsAnIdentityThatIsNotAdmitted) {
+  box.Become({20, 1, 2, 1, 1}, 0x0126);
   device.AnswerHandle(kNoBox);
   Start();
   ExpectDisconnectedLook();
+  EXPECT_EQ(TakeCalls(), kNoBoxCalls);
 }
 
 TEST_F(MainWindow, FailedIdentityReadIsAnAbsentBox) {
@@ -318,18 +340,23 @@ TEST_F(MainWindow, AfterAHardwareResetASilentBoxStaysDisconnected) {
   ExpectConnectedLook();
 }
 
-TEST_F(MainWindow, ForceDisconnectSetInTheDisconnectedLookTakesOneTick) {
+TEST_F(MainWindow, ForceDisconnectSetInTheDisconnectedLookWaitsForTheTickThatFindsABox) {
   box.SetPresent(false);
   Start();
-  desk.Press(res::kSetting, 1041);
-  box.SetPresent(true);
   TakeCalls();
+  desk.Press(res::kSetting, 1041);
+  EXPECT_EQ(TakeCalls(), Calls{});  // no box, no command
+  for (int i = 0; i < 3; ++i) Tick();
+  EXPECT_EQ(TakeCalls(), Join({kOpenCall, kOpenCall, kOpenCall}));
+  EXPECT_TRUE(panel->Panel().forceDisconnect);
+  box.SetPresent(true);
   Tick();  // clears the flag and does nothing else
   ExpectDisconnectedLook();
   EXPECT_EQ(TakeCalls(), kOpenCall);
   EXPECT_FALSE(panel->Panel().forceDisconnect);
   Tick();
   ExpectConnectedLook();
+  EXPECT_EQ(TakeCalls(), kConnectCalls);
 }
 
 TEST_F(MainWindow, EveryIdentityByteIsTaken) {
@@ -351,9 +378,10 @@ TEST_F(MainWindow, AdmitsTheTypesOfTheBuild) {
   EXPECT_EQ(Picture(), "PANEL_BMP_13");
 }
 
-TEST_F(MainWindow, ShippedBuildAdmitsItsList) {
+// The tests are built like the program that is shipped.
+TEST_F(MainWindow, ShippedBuildAdmitsType26Alone) {
   const auto types = AdmittedBoxTypes();
-  EXPECT_NE(std::find(types.begin(), types.end(), 26), types.end());
+  EXPECT_EQ(std::vector<std::uint8_t>(types.begin(), types.end()), std::vector<std::uint8_t>{26});
 }
 
 }  // namespace

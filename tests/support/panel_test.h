@@ -111,11 +111,16 @@ class PanelTest : public ::testing::Test {
   Rect PictureRect() { return desk.PlaceOf(res::kMain, kPictureButton); }
   std::string Picture() { return desk.Picture(res::kMain, kPictureButton); }
 
-  void ExpectDisconnectedLook() {
+  // No page, no button, and the picture of no box over the whole window.
+  void ExpectEmptyLook() {
     EXPECT_EQ(ShownPages(), std::vector<int>{});
     EXPECT_EQ(Buttons(), std::vector<std::string>{});
     EXPECT_EQ(PictureRect(), (Rect{0, 0, 600, 375}));
     EXPECT_EQ(Picture(), "NULL_BOX");
+  }
+
+  void ExpectDisconnectedLook() {
+    ExpectEmptyLook();
     EXPECT_EQ(panel->Panel().identity.boxType, kNoBoxType);
     EXPECT_FALSE(panel->IsConnected());
   }
