@@ -52,15 +52,25 @@ bool HasNoPictureValues(std::uint8_t boxType) {
 }
 
 // How other models select the channel whose values are read back: the value 0 on the property by
-// which they take their commands.
+// which they take their commands. Types without a row take word::kBoxMenu4.
 struct ChannelRow {
   std::uint8_t boxType;
-  std::uint32_t item;  // 0 = block::kBoxMenu instead
+  std::uint32_t item;  // kByBlock = block::kBoxMenu instead
 };
+constexpr std::uint32_t kByBlock = 0;
 constexpr ChannelRow kChannels[] = {
-    {20, 4}, {33, 4}, {30, 4}, {43, 4}, {25, 4}, {29, 4}, {24, 5}, {34, 5}, {23, 7}, {42, 7},
-    {37, 0}, {38, 0}, {39, 0}, {40, 0}, {46, 0}, {47, 0}, {48, 0}, {49, 0}, {50, 0}, {51, 0},
+    {24, word::kBoxMenu5}, {34, word::kBoxMenu5}, {23, word::kBoxMenu7}, {42, word::kBoxMenu7},
+    {37, kByBlock},        {38, kByBlock},        {39, kByBlock},        {40, kByBlock},
+    {46, kByBlock},        {47, kByBlock},        {48, kByBlock},        {49, kByBlock},
+    {50, kByBlock},        {51, kByBlock},
 };
+
+std::uint32_t ChannelItem(std::uint8_t boxType) {
+  for (const ChannelRow& row : kChannels) {
+    if (row.boxType == boxType) return row.item;
+  }
+  return word::kBoxMenu4;
+}
 
 // Models that store what Apply sent only when they are told to, and from which firmware.
 struct CommitRow {
@@ -226,13 +236,13 @@ void CProcAmpDlg::ReadDefaults26() {
   values[kGain] = 128;
   values[kOffset] = 128;
   WriteWord(word::kCommand, viewMode == 0 ? command::kProcAmpDefaults : command::kRgbDefaults);
-  ProcAmpBytes picture;
-  if (device.GetKiraboxProcAmp(deviceHandle, picture) == kSuccess) {
-    values[0] = picture.brightness;
-    values[1] = picture.contrast;
-    values[2] = picture.hue;
-    values[3] = picture.saturation;
-  }
+  // The result of this call is not tested: what it does not fill keeps its value.
+  ProcAmpBytes picture{values[0], values[1], values[2], values[3]};
+  device.GetKiraboxProcAmp(deviceHandle, picture);
+  values[0] = picture.brightness;
+  values[1] = picture.contrast;
+  values[2] = picture.hue;
+  values[3] = picture.saturation;
   BlockBuffer rgb{};
   if (ReadBlock(block::kRgb, 3, rgb)) {
     values[kGain] = rgb[0];
@@ -241,13 +251,11 @@ void CProcAmpDlg::ReadDefaults26() {
 }
 
 void CProcAmpDlg::ReadDefaultsOneByOne() {
-  for (const ChannelRow& row : kChannels) {
-    if (row.boxType != panel.identity.boxType) continue;
-    if (row.item != 0) {
-      WriteWord(row.item, 0);
-    } else {
-      WriteBlock(block::kBoxMenu, {0});
-    }
+  const std::uint32_t item = ChannelItem(panel.identity.boxType);
+  if (item == kByBlock) {
+    WriteBlock(block::kBoxMenu, {0});
+  } else {
+    WriteWord(item, 0);
   }
   for (std::size_t i = 0; i < kPictureValues; ++i) {
     WordBuffer words{};

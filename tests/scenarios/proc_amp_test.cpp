@@ -260,6 +260,27 @@ TEST_F(ProcAmp, DefaultWithFailedReads) {
   EXPECT_EQ(desk.SliderPosition(kPage, 1044), 128);
 }
 
+// The four values are taken whatever the call answers, and those that it does not fill stay.
+TEST_F(ProcAmp, ResultOfTheFourByteCallDoesNotCount) {
+  Start();
+  device.FillAndAnswer("get proc amp", 0);
+  box.Picture() = {10, 20, 30, 40};
+  Press(kProcAmpButton);
+  EXPECT_EQ(desk.Text(kPage, 1036), "10");
+  box.Picture() = {50, 60, 70, 80};
+  device.FillAndAnswer("get proc amp", 2);
+  device.Fail("set word 0,3 = 0");
+  Press(kDefaultButton);
+  EXPECT_EQ(desk.Text(kPage, 1036), "50");
+  EXPECT_EQ(desk.Text(kPage, 1039), "80");
+  device.FillNothing("get proc amp");
+  Press(kDefaultButton);
+  EXPECT_EQ(desk.Text(kPage, 1036), "50");
+  EXPECT_EQ(desk.Text(kPage, 1039), "80");
+  Press(kProcAmpButton);  // here every value starts in the middle
+  EXPECT_EQ(desk.Text(kPage, 1036), "128");
+}
+
 TEST_F(ProcAmp, DefaultOnPagesWithoutDefaultsActsHere) {
   Start();
   Press(kVideoButton);
@@ -310,11 +331,11 @@ TEST_F(ProcAmp, OtherModelsCommitWithControl255) {
 }
 
 TEST_F(ProcAmp, OtherModelsReadTheirDefaultsOneByOne) {
-  const std::pair<std::uint8_t, Calls> rows[] = {{std::uint8_t{20}, {"set word 0,4 = 0"}},
-                                                 {std::uint8_t{24}, {"set word 0,5 = 0"}},
-                                                 {std::uint8_t{23}, {"set word 0,7 = 0"}},
-                                                 {std::uint8_t{46}, {"set block 1,0,1: 00"}},
-                                                 {std::uint8_t{21}, {}}};
+  const std::pair<std::uint8_t, Calls> rows[] = {
+      {std::uint8_t{20}, {"set word 0,4 = 0"}}, {std::uint8_t{24}, {"set word 0,5 = 0"}},
+      {std::uint8_t{23}, {"set word 0,7 = 0"}}, {std::uint8_t{46}, {"set block 1,0,1: 00"}},
+      {std::uint8_t{21}, {"set word 0,4 = 0"}}, {std::uint8_t{13}, {"set word 0,4 = 0"}},
+      {std::uint8_t{5}, {"set word 0,4 = 0"}}};
   const Calls reads = {"get proc amp 0,2", "get proc amp 0,3", "get proc amp 0,4",
                        "get proc amp 0,5"};
   for (const auto& [type, select] : rows) {
@@ -322,7 +343,7 @@ TEST_F(ProcAmp, OtherModelsReadTheirDefaultsOneByOne) {
     box.Picture() = {1, 2, 3, 4};
     Press(kDefaultButton);
     EXPECT_EQ(TakeCalls(), Join({select, reads})) << int{type};
-    EXPECT_EQ(desk.SliderPosition(kPage, 1033), 4);
+    EXPECT_EQ(desk.SliderPosition(kPage, 1033), type == 5 ? 128 : 4);  // 5 has no picture values
     EXPECT_FALSE(desk.Shows(kPage, 1041));
     panel.reset();
   }

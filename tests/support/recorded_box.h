@@ -1,6 +1,7 @@
 // The simulated box with every call written down, and with calls that fail when a test says so.
 #pragma once
 
+#include <map>
 #include <set>
 #include <string>
 #include <utility>
@@ -20,13 +21,19 @@ class RecordedBox final : public DeviceLink {
   // The calls since the last time, in order, as simulator/call_text.h writes them.
   Calls TakeCalls() { return std::exchange(calls, {}); }
 
-  // From now on the call of this text fails.
+  // From now on the call of this text fails: it answers 0 and fills nothing.
   void Fail(const std::string& call) { failing.insert(call); }
   void FailEverything() { failsAll = true; }
   void FailNothing() {
     failing.clear();
     failsAll = false;
+    results.clear();
   }
+  // From now on a read of this text fills what it is given, and answers something else than
+  // success.
+  void FillAndAnswer(const std::string& call, int result) { results[call] = result; }
+  // Or it answers success and fills nothing.
+  void FillNothing(const std::string& call) { empty.insert(call); }
   // Open answers this handle instead of the box's own while the box is there.
   void AnswerHandle(DeviceHandle value) { handle = value; }
 
@@ -38,8 +45,8 @@ class RecordedBox final : public DeviceLink {
   }
   int GetKiraboxProperty(DeviceHandle used, std::uint8_t property, std::uint8_t sub,
                          std::uint8_t length, BlockBuffer& out) override {
-    if (Fails(simulator::GetBlockText(property, sub, length))) return 0;
-    return box.GetKiraboxProperty(Known(used), property, sub, length, out);
+    return Read(simulator::GetBlockText(property, sub, length),
+                [&] { return box.GetKiraboxProperty(Known(used), property, sub, length, out); });
   }
   int SetKiraboxProperty(DeviceHandle used, std::uint8_t property, std::uint8_t sub,
                          std::uint8_t length, const BlockBuffer& bytes) override {
@@ -48,8 +55,8 @@ class RecordedBox final : public DeviceLink {
   }
   int GetBoxProperty(DeviceHandle used, std::uint32_t group, std::uint32_t item,
                      WordBuffer& out) override {
-    if (Fails(simulator::GetWordText(group, item))) return 0;
-    return box.GetBoxProperty(Known(used), group, item, out);
+    return Read(simulator::GetWordText(group, item),
+                [&] { return box.GetBoxProperty(Known(used), group, item, out); });
   }
   int SetBoxProperty(DeviceHandle used, std::uint32_t group, std::uint32_t item,
                      std::uint32_t value) override {
@@ -57,13 +64,13 @@ class RecordedBox final : public DeviceLink {
     return box.SetBoxProperty(Known(used), group, item, value);
   }
   int GetKiraboxProcAmp(DeviceHandle used, ProcAmpBytes& out) override {
-    if (Fails(simulator::GetProcAmpText())) return 0;
-    return box.GetKiraboxProcAmp(Known(used), out);
+    return Read(simulator::GetProcAmpText(),
+                [&] { return box.GetKiraboxProcAmp(Known(used), out); });
   }
   int GetVideoProcAmp(DeviceHandle used, std::uint32_t group, std::uint32_t control,
                       WordBuffer& out) override {
-    if (Fails(simulator::GetProcAmpText(group, control))) return 0;
-    return box.GetVideoProcAmp(Known(used), group, control, out);
+    return Read(simulator::GetProcAmpText(group, control),
+                [&] { return box.GetVideoProcAmp(Known(used), group, control, out); });
   }
   int SetVideoProcAmp(DeviceHandle used, std::uint32_t group, std::uint32_t control,
                       std::uint32_t value) override {
@@ -77,6 +84,14 @@ class RecordedBox final : public DeviceLink {
     return calls.back();
   }
   bool Fails(const std::string& call) { return failing.contains(Note(call)) || failsAll; }
+  template <class Action>
+  int Read(const std::string& call, Action read) {
+    if (Fails(call)) return 0;
+    if (empty.contains(call)) return kSuccess;
+    const int result = read();
+    const auto other = results.find(call);
+    return other == results.end() ? result : other->second;
+  }
   DeviceHandle Known(DeviceHandle used) const {
     return used == handle ? simulator::BoxModel::kHandle : kNoBox;
   }
@@ -84,6 +99,8 @@ class RecordedBox final : public DeviceLink {
   simulator::BoxModel& box;
   Calls calls;
   std::set<std::string> failing;
+  std::set<std::string> empty;
+  std::map<std::string, int> results;
   bool failsAll = false;
   DeviceHandle handle = simulator::BoxModel::kHandle;
 };
