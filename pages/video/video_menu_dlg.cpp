@@ -47,7 +47,9 @@ struct LayoutRow {
   ButtonPlace places[4];
 };
 
-// First match by box type and brand. A model has the buttons of the pages that know it.
+// First match by box type and brand. A model has the buttons of the pages that know it; but 20 and
+// 33 never have TV Wall and Genlock at once, 33 has no ROI, and that the layout without ROI is that
+// of 40 is a choice.
 constexpr LayoutRow kLayouts[] = {
     {26, kAnyBrand, {{kVideoSettings, 85}, {kImageAdjust, 170}}},
     {50, kAnyBrand, {{kVideoSettings, 60}, {kGenlock, 130}, {kImageAdjust, 200}}},
@@ -69,7 +71,7 @@ constexpr LayoutRow kLayouts[] = {
     {30, kAnyBrand, {{kVideoSettings, 45}, {kTvWall, 105}, {kGenlock, 165}, {kRoi, 225}}},
     {43, kAnyBrand, {{kVideoSettings, 45}, {kTvWall, 105}, {kGenlock, 165}, {kRoi, 225}}},
     {39, kAnyBrand, {{kVideoSettings, 45}, {kTvWall, 105}, {kGenlock, 165}, {kRoi, 225}}},
-    {40, kAnyBrand, {{kVideoSettings, 45}, {kTvWall, 105}, {kGenlock, 165}, {kRoi, 225}}},
+    {40, kAnyBrand, {{kVideoSettings, 60}, {kTvWall, 130}, {kGenlock, 200}}},
     {46, kAnyBrand, {{kVideoSettings, 45}, {kTvWall, 105}, {kGenlock, 165}, {kRoi, 225}}},
     {47, kAnyBrand, {{kVideoSettings, 45}, {kTvWall, 105}, {kGenlock, 165}, {kRoi, 225}}},
     {48, kAnyBrand, {{kVideoSettings, 45}, {kTvWall, 105}, {kGenlock, 165}, {kRoi, 225}}},

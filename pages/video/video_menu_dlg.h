@@ -2,7 +2,8 @@
 // writes nothing; a press opens the page.
 //
 // Models: the buttons of box type 26 are the box's own; those of the other models follow from the
-// pages that know them, stacked in one column (kLayouts of video_menu_dlg.cpp).
+// pages that know them, stacked in one column (kLayouts of video_menu_dlg.cpp, which names what is
+// an exception).
 #pragma once
 
 #include "pages/page.h"

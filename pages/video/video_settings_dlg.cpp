@@ -110,7 +110,7 @@ CVideoSettingsDlg::CVideoSettingsDlg(PanelContext context) : Page(res::kVideoSet
 void CVideoSettingsDlg::Init() {
   deviceHandle = panel.deviceHandle;
   selection[kOutputLevel] = 0;
-  passThrough = 0;
+  passThrough.reset();
   for (const ControlRow& row : kControls) {
     SetUpGroup(Window(), row.group, row.caption, row.firstText);
     Window().SetFont(row.group.value, ui::kValueFont);
@@ -416,6 +416,7 @@ void CVideoSettingsDlg::RefreshOtherTypes() {
       ReadBlock(block::kVideoPassThrough, 2, bytes)) {
     passThrough = bytes[0];
   }
+  ShowAutoPhase();
 }
 
 void CVideoSettingsDlg::ApplyOtherTypes() {
@@ -425,27 +426,30 @@ void CVideoSettingsDlg::ApplyOtherTypes() {
   ApplyBlock(kOutputSource, block::kVideoOutputSource);
   ApplyBlock(kAspectRatio, block::kVideoAspectRatio);
   if (FindPassThrough(panel.identity.boxType) == nullptr) return;
-  WriteBlock(block::kVideoPassThrough, {passThrough});
+  if (!passThrough) return;  // was never read: nobody knows what to write
+  WriteBlock(block::kVideoPassThrough, {*passThrough});
   timerRuns = Window().StartTimer(kRefreshTimer, kRefreshDelay);
 }
 
 // What the box puts out now: its input's format passed through, or a format of its own. A failed
-// read changes nothing, nor does a format without a row.
+// read changes nothing, and a format without a row is not named.
 void CVideoSettingsDlg::ShowFormatReport() {
   std::uint8_t reported = 0;
+  std::uint8_t code = 0;
   const bool told = ReadWord(word::kPassThroughReport, reported);
-  std::uint8_t code = lastFormatCode;
-  if (ReadWord(word::kOutputFormatReport, code)) lastFormatCode = code;
-  const OptionRow* format = FindOptionValue(kOutputFormats, panel.identity.boxType, lastFormatCode);
-  if (!told || format == nullptr) return;
+  if (!ReadWord(word::kOutputFormatReport, code) || !told) return;
+  const OptionRow* format = FindOptionValue(kOutputFormats, panel.identity.boxType, code);
   const CyclingGroup& group = GroupOf(kOutputFormat);
   if (reported == 1) {
-    Window().SetText(group.label, ui::Format("Output Format ( %s)", format->caption));
+    if (format != nullptr) {
+      Window().SetText(group.label, ui::Format("Output Format ( %s)", format->caption));
+    }
     Window().SetText(group.value, "Pass Through");
     return;
   }
+  lastFormatCode = code;
   Window().SetText(group.label, "Output Format ");
-  SelectIndex(kOutputFormat, format->index);
+  if (format != nullptr) SelectIndex(kOutputFormat, format->index);
 }
 
 // Some seconds after Apply: what the box made of it.

@@ -10,6 +10,8 @@
 // pass their input through (kPassThroughTypes) is a choice of this page.
 #pragma once
 
+#include <optional>
+
 #include "pages/page.h"
 #include "pages/video/video_options.h"
 
@@ -106,7 +108,8 @@ class CVideoSettingsDlg final : public Page {
   int subPage = 0;
   std::uint8_t selection[kOptionCount] = {};  // row indices; 255 = a value without a row
   std::uint8_t lastFormatCode = 0;            // output format code last read
-  std::uint8_t passThrough = 0;               // the request that the box holds; goes back to it
+  // The request that the box holds, which goes back to it; none until it was read.
+  std::optional<std::uint8_t> passThrough;
   bool timerRuns = false;
 };
 

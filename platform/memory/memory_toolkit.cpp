@@ -33,6 +33,7 @@ void MemoryDialog::Close() {
   if (!open) return;
   events.OnDestroy();
   open = false;
+  toolkit.timersLeftRunning += static_cast<int>(timers.size());
   timers.clear();
   shown = false;
   // Its pages and the windows that it owns go with it.

@@ -162,6 +162,7 @@ class MemoryToolkit final : public ui::Toolkit {
   std::vector<std::string> debugOutput;
   std::vector<std::string> openedPorts;
   std::vector<ui::SerialHandle> closedPorts;
+  int timersLeftRunning = 0;  // that no dialog stopped before it went
 
  private:
   friend class MemoryDialog;

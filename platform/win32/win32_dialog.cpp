@@ -185,6 +185,7 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       SetWindowLongPtrA(window, DWLP_USER, 0);
       window = nullptr;
       controls.clear();
+      toolkit.timersLeftRunning += static_cast<int>(timers.size());
       timers.clear();
       // Wakes a loop that waits for this dialog: the message that closed it may have been sent.
       if (source.framed) PostThreadMessageA(GetCurrentThreadId(), WM_NULL, 0, 0);

@@ -155,6 +155,7 @@ class Win32Toolkit final : public ui::Toolkit {
   std::function<void()> onIdle;
   std::function<void(std::string_view)> onDebugOutput;
   std::function<int()> onRandom;
+  int timersLeftRunning = 0;  // that no dialog stopped before it went
 
  private:
   friend class Win32Dialog;

@@ -17,13 +17,8 @@ TEST_F(VideoSettingsModels, ControlsOfOtherModelsStepThroughTheirRows) {
   EXPECT_EQ(Cycle(1109, 1108, 4), (Texts{"Hor.", "Ver.", "Hor. + Ver.", "Disable"}));
   EXPECT_EQ(Cycle(1113, 1112, 2), (Texts{"Enable", "Disable"}));
   // No rows for this model: the first text stays.
-  for (const auto& [button, text] : std::map<int, int>{{1053, 1052},
-                                                       {1057, 1056},
-                                                       {1065, 1064},
-                                                       {1070, 1069},
-                                                       {1082, 1080},
-                                                       {1041, 1040},
-                                                       {1045, 1044}}) {
+  for (const auto& [button, text] : std::map<int, int>{
+           {1053, 1052}, {1057, 1056}, {1065, 1064}, {1070, 1069}, {1082, 1080}, {1041, 1040}}) {
     const std::string before = desk.Text(kPage, text);
     EXPECT_EQ(Cycle(button, text, 1), Texts{before}) << button;
   }
@@ -215,13 +210,64 @@ TEST_F(VideoSettingsModels, FailedFormatReportChangesNothing) {
     Open(0x0126, {20, 0, 0, 0, 0});
     CallsOf(kApplyButton);
     box.Word(word::kPassThroughReport) = {1, 0};
+    box.Word(word::kOutputFormatReport) = {7, 0};
     device.Fail(failing);
     desk.Tick(kPage, 1);
-    const bool told = failing == std::string("get word 0,1");  // with the code last read
-    EXPECT_EQ(desk.Text(kPage, 1032), told ? "Output Format ( 1920x1080 60.00p)" : "Output Format");
+    EXPECT_EQ(desk.Text(kPage, 1032), "Output Format");
+    EXPECT_EQ(TextOf(kFormat), "1920x1080 60.00p");
+    EXPECT_EQ(CallsOf(kApplyButton)[0], "set block 4,0,1: 0F");
     device.FailNothing();
     panel.reset();
   }
+}
+
+// The caption says whether the input is passed through, also with a format that has no name.
+TEST_F(VideoSettingsModels, FormatReportWithoutNameChangesTheCaptionAlone) {
+  Open(0x0126, {20, 0, 0, 0, 0});
+  CallsOf(kApplyButton);
+  box.Word(word::kPassThroughReport) = {1, 0};
+  box.Word(word::kOutputFormatReport) = {7, 0};
+  desk.Tick(kPage, 1);
+  ASSERT_EQ(desk.Text(kPage, 1032), "Output Format ( 1280x720 59.94p)");
+  box.Word(word::kPassThroughReport) = {0, 0};
+  box.Word(word::kOutputFormatReport) = {200, 0};
+  desk.Tick(kPage, 1);
+  EXPECT_EQ(desk.Text(kPage, 1032), "Output Format ");
+  EXPECT_EQ(TextOf(kFormat), "Pass Through");
+  box.Word(word::kOutputFormatReport) = {8, 0};
+  desk.Tick(kPage, 1);
+  EXPECT_EQ(TextOf(kFormat), "1280x720 50.00p");
+  box.Word(word::kPassThroughReport) = {1, 0};
+  box.Word(word::kOutputFormatReport) = {200, 0};
+  desk.Tick(kPage, 1);
+  EXPECT_EQ(desk.Text(kPage, 1032), "Output Format ");
+  EXPECT_EQ(TextOf(kFormat), "Pass Through");
+}
+
+TEST_F(VideoSettingsModels, PassThroughThatWasNeverReadIsNeverWritten) {
+  admitted = {20};
+  StartWith(0x0126, Identity{20, 0, 0, 0, 0});
+  device.Fail("get block 8,0,2");
+  panel->ShowVideoSettings();
+  const Calls others = {"set block 4,0,1: 0F", "set block 5,0,1: 00", "set block 15,0,1: 01"};
+  EXPECT_EQ(CallsOf(kApplyButton), others);
+  EXPECT_EQ(desk.TimerPeriod(kPage, 1), 0);  // nothing that the box would have to settle
+  device.FailNothing();
+  box.Block(8) = {1, 0};
+  Press(kPictureButton);
+  const Calls all = Join({others, {"set block 8,0,1: 01"}});
+  EXPECT_EQ(CallsOf(kApplyButton), all);
+  EXPECT_EQ(desk.TimerPeriod(kPage, 1), 5000);
+  device.Fail("get block 8,0,2");
+  Press(kPictureButton);
+  EXPECT_EQ(CallsOf(kApplyButton), all);  // a failed read keeps what was read before
+  // Another connection: the box may be another one.
+  box.SetPresent(false);
+  for (int i = 0; i < 6; ++i) Tick();
+  box.SetPresent(true);
+  Tick();
+  panel->ShowVideoSettings();
+  EXPECT_EQ(CallsOf(kApplyButton), others);
 }
 
 TEST_F(VideoSettingsModels, SimulatedBoxReportsWhatWasApplied) {
@@ -253,8 +299,47 @@ TEST_F(VideoSettingsModels, ReturnAndTheEndStopTheTimer) {
   panel->ShowVideoSettings();
   CallsOf(kApplyButton);
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 5000);
+  ASSERT_EQ(desk.TimerPeriod(res::kMain, 1), 3000);
   desk.RequestClose(res::kMain);
-  EXPECT_FALSE(panel->IsOpen());
+  EXPECT_EQ(desk.TimersLeftRunning(), 0);
+}
+
+TEST_F(VideoSettingsModels, OutputSourceIsStepped) {
+  Open(0x0126, {17, 0, 0, 0, 0});
+  box.Block(5) = {9, 0};  // a value without a row is not sent back
+  Press(kPictureButton);
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 4,0,1: 0F", "set block 15,0,1: 01"}));
+  desk.Press(kPage, 1045);
+  EXPECT_EQ(desk.Text(kPage, 1044), "VGA + HDMI");
+  EXPECT_EQ(CallsOf(kApplyButton),
+            (Calls{"set block 4,0,1: 0F", "set block 5,0,1: 00", "set block 15,0,1: 01"}));
+}
+
+// The phase is that of the analogue input, which an operator may choose on the box itself.
+TEST_F(VideoSettingsModels, AutoPhaseFollowsTheInputThatARefreshReads) {
+  for (const std::uint8_t type : Bytes{23, 42, 25, 29}) {
+    SCOPED_TRACE(int{type});
+    Open(0x0126, {type, 0, 0, 0, 0});
+    const auto shownFor = [&](std::uint8_t input) {
+      box.Block(3) = {input, 0};
+      Press(kPictureButton);
+      return desk.Shows(kPage, 1066);
+    };
+    EXPECT_TRUE(shownFor(2));
+    EXPECT_FALSE(shownFor(1));
+    EXPECT_TRUE(shownFor(2));
+    EXPECT_FALSE(shownFor(99));  // none that is known
+    box.Block(3) = {2, 0};
+    Press(kReturnButton);
+    panel->ShowVideoSettings();
+    EXPECT_TRUE(desk.Shows(kPage, 1066));
+    Press(kPageUpButton);
+    EXPECT_FALSE(desk.Shows(kPage, 1066));
+    box.Block(3) = {1, 0};
+    Press(kPageUpButton);
+    EXPECT_FALSE(desk.Shows(kPage, 1066));
+    panel.reset();
+  }
 }
 
 }  // namespace

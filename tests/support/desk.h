@@ -66,6 +66,7 @@ class Desk {
   std::vector<std::string> Items(int dialog, int control);
   std::vector<std::pair<int, std::string>> SystemMenu(int dialog);  // what the program added
   int TimerPeriod(int dialog, int timer);                           // ms; 0 = does not run
+  int TimersLeftRunning();  // how many the windows that went did not stop
 
   // What the program told or asked the system.
   std::vector<std::string> DebugOutput();

@@ -146,6 +146,8 @@ int Desk::TimerPeriod(int dialog, int timer) {
   return found == timers.end() ? 0 : found->second;
 }
 
+int Desk::TimersLeftRunning() { return inside->toolkit.timersLeftRunning; }
+
 std::vector<std::string> Desk::DebugOutput() { return inside->toolkit.debugOutput; }
 
 void Desk::DrawNext(std::vector<int> numbers) {

@@ -273,6 +273,8 @@ int Desk::TimerPeriod(int dialog, int timer) {
   return found == timers.end() ? 0 : found->second;
 }
 
+int Desk::TimersLeftRunning() { return inside->toolkit.timersLeftRunning; }
+
 std::vector<std::string> Desk::DebugOutput() { return inside->debugOutput; }
 
 void Desk::DrawNext(std::vector<int> numbers) {
