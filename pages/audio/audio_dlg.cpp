@@ -75,7 +75,7 @@ const ModelRow& ModelOf(std::uint8_t boxType) {
 std::uint8_t SourceProperty(std::uint8_t boxType) {
   return boxType == 14 || boxType == 36 ? block::kAudioOption9 : block::kAudioOption10;
 }
-bool HasMute(std::uint8_t boxType) { return boxType != 51; }
+bool CanMute(std::uint8_t boxType) { return boxType != 51 && boxType != kNoBoxType; }
 
 bool HasStandard(std::uint8_t boxType) { return boxType == 26 || boxType == 50; }
 
@@ -101,10 +101,10 @@ constexpr char kInputScale[] = "   -28         -20           -10             0  
 constexpr char kInputRuler[] = "|______|_______|_______|_______|";
 constexpr char kInputLevelRuler[] = "  |______|_______|_______|_______|";
 
-// One step up or down that stops at the end; a reported value beyond it stays until it is stepped
-// back.
+// One step up or down that stops at the end. From a reported value beyond it a step up comes back
+// to it, and a step down goes on from where the box is.
 std::uint8_t Step(std::uint8_t value, int step, int maximum) {
-  if (step > 0) return static_cast<std::uint8_t>(value >= maximum ? value : value + 1);
+  if (step > 0) return static_cast<std::uint8_t>(value >= maximum ? maximum : value + 1);
   return static_cast<std::uint8_t>(value == 0 ? 0 : value - 1);
 }
 
@@ -138,6 +138,15 @@ bool CAudioDlg::HasLevelCombo() const {
          (volumeKind == Volume::kOutputLevel || volumeKind == Volume::kInput);
 }
 
+bool CAudioDlg::ShowsMute() const {
+  const std::uint8_t boxType = panel.identity.boxType;
+  if (!CanMute(boxType)) return false;
+  const ModelRow& model = ModelOf(boxType);
+  if (HasStandard(boxType)) return true;
+  if (model.volume == Volume::kNone) return !model.impedance;
+  return model.volume != Volume::kAttenuation && !HasLevelCombo();
+}
+
 void CAudioDlg::LayOut() {
   const Identity& id = panel.identity;
   if (id.boxType == kNoBoxType) return;
@@ -164,11 +173,8 @@ void CAudioDlg::LayOut() {
   }
   if (model.impedance) place(kXlrImpedance);
   place(kSource);
-  if (model.volume == Volume::kNone) {
-    if (!model.impedance && HasMute(id.boxType)) place(kMute);
-    return;
-  }
-  if (!HasLevelCombo() && model.volume != Volume::kAttenuation) place(kMute);
+  if (ShowsMute()) place(kMute);
+  if (model.volume == Volume::kNone) return;
   PlaceVolume(*tops++, HasLevelCombo());
   if (model.volume == Volume::kAttenuation) PlaceHdmiVolume(*tops++);
 }
@@ -267,7 +273,7 @@ void CAudioDlg::RefreshOtherTypes() {
     const AudioOptionRow* row = FindAudioOption(table, panel.identity.boxType, value);
     if (row != nullptr) Window().SetText(group.value, row->text);
   };
-  if (HasMute(panel.identity.boxType)) refresh(kMute, block::kAudioMute, mute, kAudioMutes);
+  if (CanMute(panel.identity.boxType)) refresh(kMute, block::kAudioMute, mute, kAudioMutes);
   ReadByte(block::kAudioInput, input);
   if (ReadByte(SourceProperty(panel.identity.boxType), source)) ShowSource();
   if (model.xlrLevel) refresh(kXlrLevel, block::kAudioOption7, xlrLevel, kXlrLevels);
@@ -275,27 +281,31 @@ void CAudioDlg::RefreshOtherTypes() {
     refresh(kXlrImpedance, block::kAudioOption32, xlrImpedance, kXlrImpedances);
   }
   if (model.channel) refresh(kChannel, block::kAudioOption32, channel, kOutputChannels);
+  if (ReadVolumes()) ShowVolumes();
+}
+
+// False when the box did not answer, or has no volume.
+bool CAudioDlg::ReadVolumes() {
   BlockBuffer bytes{};
-  switch (model.volume) {
+  switch (ModelOf(panel.identity.boxType).volume) {
     case Volume::kAttenuation:
-      if (ReadBlock(block::kAudioVolumes, 2, bytes)) {
-        volume = bytes[0];
-        volume2 = bytes[1];
-      }
-      break;
+      if (!ReadBlock(block::kAudioVolumes, 2, bytes)) return false;
+      volume = bytes[0];
+      volume2 = bytes[1];
+      return true;
     case Volume::kInput:
-      if (ReadBlock(block::kAudioInputVolumes, 3, bytes)) {
-        volume = bytes[0];
-        volume2 = bytes[1];
-      }
-      break;
+      if (!ReadBlock(block::kAudioInputVolumes, 3, bytes)) return false;
+      volume = bytes[0];
+      volume2 = bytes[1];
+      return true;
     case Volume::kOutputLevel:
-      if (ReadBlock(block::kAudioOutputLevel, 2, bytes)) outputLevel = bytes[0];
-      break;
+      if (!ReadBlock(block::kAudioOutputLevel, 2, bytes)) return false;
+      outputLevel = bytes[0];
+      return true;
     case Volume::kNone:
       break;
   }
-  ShowVolumes();
+  return false;
 }
 
 void CAudioDlg::ShowVolumes() {
@@ -506,7 +516,7 @@ void CAudioDlg::ApplyOtherTypes() {
   if (row != nullptr) {
     WriteBlock(SourceProperty(panel.identity.boxType), {row->deviceCode});
   }
-  if (HasMute(panel.identity.boxType)) WriteBlock(block::kAudioMute, {mute});
+  if (ShowsMute()) WriteBlock(block::kAudioMute, {mute});
   if (model.xlrLevel) WriteBlock(block::kAudioOption7, {xlrLevel});
   if (model.impedance) WriteBlock(block::kAudioOption32, {xlrImpedance});
   if (model.channel) WriteBlock(block::kAudioOption32, {channel});

@@ -23,7 +23,7 @@ class CAudioDlg final : public Page {
   // Reads the box. A failed read keeps field and text; a value without a row keeps the text.
   void Refresh(ui::SerialHandle serial) override;
 
-  // Writes source, mute and standard, or what the model has instead.
+  // Writes source, mute and standard, or what the model has instead; mute only where it is shown.
   void Apply() override;
 
   // There are no defaults to restore: the page is read again.
@@ -64,10 +64,12 @@ class CAudioDlg final : public Page {
   void FillLevels();
   void RefreshModel26();
   void RefreshOtherTypes();
+  bool ReadVolumes();
   bool ReadByte(std::uint8_t property, std::uint8_t& value);
   void ApplyOtherTypes();
   int LastSource() const;
   bool HasLevelCombo() const;
+  bool ShowsMute() const;
 
   std::uint8_t mute = 0;           // 1 = on
   std::uint8_t standard = 0;       // 0 SMPTE, 1 EBU
@@ -79,7 +81,7 @@ class CAudioDlg final : public Page {
   std::uint8_t outputLevel = 62;   // raw 0 to 112, half decibels around 62
   std::uint8_t xlrLevel = 0;
   std::uint8_t xlrImpedance = 0;
-  std::uint8_t channel = 0;  // row of the type's output channels
+  std::uint8_t channel = 0;  // value of the type's output channel
 };
 
 }  // namespace panelora

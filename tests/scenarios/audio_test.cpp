@@ -1,5 +1,7 @@
 // The Audio page.
+#include <algorithm>
 #include <map>
+#include <tuple>
 
 #include "tests/support/panel_test.h"
 
@@ -100,8 +102,11 @@ TEST_F(Audio, MuteTogglesFromAnyValue) {
   Open();
   EXPECT_EQ(Cycle(1024, 1025, 3), (Texts{"ON", "OFF", "ON"}));
   for (const std::uint32_t reported : {5U, 255U, 2U}) {
+    box.Word(11) = {1, 0};
+    Press(kPictureButton);
     box.Word(11) = {reported, 0};
     Press(kPictureButton);
+    EXPECT_EQ(TextOf(1025), "ON");  // a value without a row keeps the text
     EXPECT_EQ(Cycle(1024, 1025, 1), Texts{"OFF"}) << reported;
   }
 }
@@ -238,10 +243,20 @@ TEST_F(Audio, InputLevelOfBrand2IsAnAttenuation) {
   EXPECT_EQ(CallsOfPress(1046), Calls{"set block 19,0,2: 4C 05"});
 }
 
-TEST_F(Audio, InputLevelBeyondTheButtonsEndStepsBackByOne) {
+// A reported value beyond the end is stepped back from where it is, and never away from the end.
+TEST_F(Audio, ValuesBeyondTheButtonsEndComeBackToIt) {
   OpenWith({25, 2, 0, 0, 0}, {{10, {1, 0}}, {19, {80, 0}}});
-  EXPECT_EQ(CallsOfPress(1045), Calls{"set block 19,0,2: 50 00"});  // no louder, no jump
   EXPECT_EQ(CallsOfPress(1046), Calls{"set block 19,0,2: 4F 00"});
+  EXPECT_EQ(CallsOfPress(1045), Calls{"set block 19,0,2: 4D 00"});
+  panel.reset();
+  OpenWith({46, 0, 0, 0, 0}, {{11, {150, 200}}});
+  desk.Press(kPage, 1045);
+  desk.Press(kPage, 1053);
+  EXPECT_EQ(CallsOf(kApplyButton).back(), "set block 11,0,2: 64 64");
+  panel.reset();
+  OpenWith({24, 0, 0, 0, 0}, {{44, {200, 0}}});
+  desk.Press(kPage, 1046);
+  EXPECT_EQ(CallsOf(kApplyButton).back(), "set block 44,0,2: 70 00");
 }
 
 TEST_F(Audio, ModelsWithVolumesShowTheirSource) {
@@ -263,6 +278,60 @@ TEST_F(Audio, FailedReadsOfOtherModelsKeepTheTexts) {
   EXPECT_EQ(TextOf(1025), "ON");
   EXPECT_EQ(TextOf(1028), "Internal");
   EXPECT_EQ(TextOf(1040), "0 dBu");
+}
+
+TEST_F(Audio, FailedReadsKeepTheVolumesThatAreShown) {
+  struct Row {
+    Identity identity;
+    int property;
+    const char* read;
+    Bytes bytes;
+  };
+  const Row rows[] = {{{46, 0, 0, 0, 0}, 11, "get block 11,0,2", {40, 30}},
+                      {{25, 0, 0, 0, 0}, 19, "get block 19,0,3", {40, 30, 0}},
+                      {{29, 2, 0, 0, 0}, 19, "get block 19,0,3", {40, 30, 0}},
+                      {{24, 0, 0, 0, 0}, 44, "get block 44,0,2", {40, 0}}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.read);
+    admitted = {row.identity.boxType};
+    StartWith(0x0126, row.identity);
+    const auto seen = [&] {
+      return std::make_tuple(TextOf(1058), TextOf(1052), TextOf(1059), TextOf(1051),
+                             desk.ProgressRange(kPage, 1103), desk.ProgressPosition(kPage, 1103));
+    };
+    const auto first = seen();
+    device.Fail(row.read);
+    Press(kAudioButton);
+    EXPECT_EQ(seen(), first);  // never read: nothing is made up
+    device.FailNothing();
+    box.Block(static_cast<std::uint8_t>(row.property)) = row.bytes;
+    Press(kPictureButton);
+    const auto told = seen();
+    EXPECT_NE(told, first);
+    device.Fail(row.read);
+    Press(kPictureButton);
+    EXPECT_EQ(seen(), told);
+    device.FailNothing();
+    panel.reset();
+  }
+}
+
+TEST_F(Audio, MuteIsWrittenOnlyWhereItIsShown) {
+  int shown = 0;
+  for (const std::uint8_t type : Bytes{26, 50, 13, 14, 18, 24, 25, 36, 46, 51, 52}) {
+    for (const std::uint8_t brand : Bytes{0, 2}) {
+      SCOPED_TRACE("type " + std::to_string(type) + " brand " + std::to_string(int{brand}));
+      Open({type, brand, 0, 0, 0});
+      const Calls sent = CallsOf(kApplyButton);
+      const bool writes = std::any_of(sent.begin(), sent.end(), [](const std::string& call) {
+        return call.rfind("set block 6,0,1", 0) == 0 || call.rfind("set word 0,11 =", 0) == 0;
+      });
+      EXPECT_EQ(writes, desk.Shows(kPage, 1024));
+      if (writes) ++shown;
+      panel.reset();
+    }
+  }
+  EXPECT_EQ(shown, 12);
 }
 
 TEST_F(Audio, OutputLevelIsSentAtApply) {
@@ -361,8 +430,9 @@ TEST_F(Audio, ApplyLeavesBlocksOfOtherPagesAlone) {
     Open({type, 0, 0, 0, 0});
     desk.Press(kPage, 1029);
     const std::string call = "set block " + std::to_string(property) + ",";
-    for (const std::string& sent : CallsOf(kApplyButton))
-      EXPECT_NE(sent.rfind(call, 0), 0U) << sent;
+    const Calls writes = CallsOf(kApplyButton);
+    EXPECT_FALSE(writes.empty());
+    for (const std::string& sent : writes) EXPECT_NE(sent.rfind(call, 0), 0U) << sent;
     panel.reset();
   }
 }
