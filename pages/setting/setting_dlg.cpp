@@ -86,29 +86,29 @@ constexpr std::uint32_t kDip8Firmware = 294;
 constexpr std::uint32_t kNoSignalFirmware = 293;
 constexpr std::uint32_t kOsdFirmware = 281;
 
-// How a type takes its commands; the value 1 resets it.
-enum class By { kWord, kBlock, kWordZero, kNothing };
+// How a type takes its commands; the value 1 resets it, but for kWordZero, which is reset by 0.
+enum class By { kWord, kBlock, kWordZero };
 struct ResetRow {
   std::uint8_t boxType;
   By by;
   std::uint8_t number;
 };
+// The last row serves every other type.
 constexpr ResetRow kResets[] = {
-    {26, By::kWord, 3},  {5, By::kWord, 3},      {27, By::kWord, 3},     {20, By::kWord, 4},
-    {33, By::kWord, 4},  {30, By::kWord, 4},     {43, By::kWord, 4},     {25, By::kWord, 4},
-    {29, By::kWord, 4},  {24, By::kWord, 5},     {34, By::kWord, 5},     {18, By::kWord, 6},
-    {32, By::kWord, 6},  {23, By::kWord, 7},     {42, By::kWord, 7},     {13, By::kWord, 10},
-    {15, By::kWord, 10}, {17, By::kWordZero, 8}, {35, By::kWordZero, 8}, {37, By::kBlock, 1},
-    {38, By::kBlock, 1}, {39, By::kBlock, 1},    {40, By::kBlock, 1},    {46, By::kBlock, 1},
-    {47, By::kBlock, 1}, {48, By::kBlock, 1},    {49, By::kBlock, 1},    {50, By::kBlock, 1},
-    {51, By::kBlock, 1}, {14, By::kBlock, 10},   {36, By::kBlock, 10},
+    {20, By::kWord, 4},     {21, By::kWord, 4},         {33, By::kWord, 4},  {30, By::kWord, 4},
+    {43, By::kWord, 4},     {25, By::kWord, 4},         {29, By::kWord, 4},  {24, By::kWord, 5},
+    {34, By::kWord, 5},     {18, By::kWord, 6},         {32, By::kWord, 6},  {23, By::kWord, 7},
+    {42, By::kWord, 7},     {13, By::kWord, 10},        {15, By::kWord, 10}, {17, By::kWordZero, 8},
+    {35, By::kWordZero, 8}, {37, By::kBlock, 1},        {38, By::kBlock, 1}, {39, By::kBlock, 1},
+    {40, By::kBlock, 1},    {46, By::kBlock, 1},        {47, By::kBlock, 1}, {48, By::kBlock, 1},
+    {49, By::kBlock, 1},    {50, By::kBlock, 1},        {51, By::kBlock, 1}, {14, By::kBlock, 10},
+    {36, By::kBlock, 10},   {kNoBoxType, By::kWord, 3},
 };
 
-By CommandWay(std::uint8_t boxType) {
-  for (const ResetRow& row : kResets) {
-    if (row.boxType == boxType) return row.by;
-  }
-  return By::kNothing;
+const ResetRow& ResetOf(std::uint8_t boxType) {
+  const ResetRow* row = kResets;
+  while (row->boxType != boxType && row->boxType != kNoBoxType) ++row;
+  return *row;
 }
 
 std::uint8_t Next(std::uint8_t value, int last) {
@@ -149,7 +149,7 @@ void CSettingDlg::LayOut() {
   if (IsModel26()) {
     while (panel.firmwareVersion < row->firmware) ++row;
   } else {
-    row = CommandWay(panel.identity.boxType) == By::kBlock ? &kByBlock : &kByWord;
+    row = TakesBlocks() ? &kByBlock : &kByWord;
   }
   for (const TextRow& text : kTexts) ShowGroup(Window(), text.group, false);
   for (const OptionPlace& place : row->places) {
@@ -167,7 +167,6 @@ void CSettingDlg::ShowDip8() {
 
 void CSettingDlg::Refresh(ui::SerialHandle serial) {
   serialHandle = serial;
-  lock = 0;
   if (IsModel26()) {
     RefreshModel26();
   } else if (panel.identity.boxType != kNoBoxType) {
@@ -177,6 +176,7 @@ void CSettingDlg::Refresh(ui::SerialHandle serial) {
 }
 
 void CSettingDlg::RefreshModel26() {
+  lock = 0;
   BlockBuffer bytes{};
   if (panel.firmwareVersion >= kDip8Firmware && ReadBlock(block::kDip8Mode, 2, bytes)) {
     dip8 = bytes[0];
@@ -193,8 +193,10 @@ void CSettingDlg::RefreshModel26() {
   }
 }
 
+bool CSettingDlg::TakesBlocks() const { return ResetOf(panel.identity.boxType).by == By::kBlock; }
+
 void CSettingDlg::RefreshOtherTypes() {
-  if (CommandWay(panel.identity.boxType) == By::kBlock) {
+  if (TakesBlocks()) {
     BlockBuffer bytes{};
     if (ReadBlock(block::kSetting15, 2, bytes)) {
       dip8 = bytes[0];
@@ -233,7 +235,7 @@ void CSettingDlg::Apply() {
 }
 
 void CSettingDlg::ApplyOtherTypes() {
-  if (CommandWay(panel.identity.boxType) == By::kBlock) {
+  if (TakesBlocks()) {
     WriteBlock(block::kSetting21, {osd});
     WriteBlock(block::kNoSignal, {noSignal});
     WriteBlock(block::kSetting15, {dip8});
@@ -296,21 +298,18 @@ void CSettingDlg::OnNextDip8() {
 void CSettingDlg::OnHardwareReset() {
   panel.tickSkip = 0;
   panel.forceDisconnect = true;
-  for (const ResetRow& row : kResets) {
-    if (row.boxType != panel.identity.boxType) continue;
-    switch (row.by) {
-      case By::kWord:
-        WriteWord(row.number, command::kHardwareReset);
-        break;
-      case By::kWordZero:
-        WriteWord(row.number, 0);
-        break;
-      case By::kBlock:
-        WriteBlock(row.number, {1});
-        break;
-      case By::kNothing:
-        break;
-    }
+  if (panel.identity.boxType == kNoBoxType) return;
+  const ResetRow& row = ResetOf(panel.identity.boxType);
+  switch (row.by) {
+    case By::kWord:
+      WriteWord(row.number, command::kHardwareReset);
+      break;
+    case By::kWordZero:
+      WriteWord(row.number, 0);
+      break;
+    case By::kBlock:
+      WriteBlock(row.number, {1});
+      break;
   }
 }
 

@@ -5,7 +5,8 @@
 // use between them; which type uses which (kResets of setting_dlg.cpp) is a choice of
 // this page: types that take their commands by block keep OSD in block 21, no-signal in 22 and DIP
 // 8 in 15; the others keep lock, pattern and no-signal in word items 12, 13 and 17. A reset is the
-// value 1 on the property by which the type takes its commands.
+// value 1 on the property by which the type takes its commands, or 0 on 17 and 35; a type without a
+// row takes them by word item 3.
 #pragma once
 
 #include "pages/page.h"
@@ -44,6 +45,7 @@ class CSettingDlg final : public Page {
   void LayOut();
   void ShowDip8();
   void RefreshModel26();
+  bool TakesBlocks() const;
   void RefreshOtherTypes();
   void ApplyOtherTypes();
   void WarnOfChangedDip8();

@@ -270,6 +270,8 @@ TEST_F(Setting, RefreshUnlocks) {
 
 TEST_F(Setting, HardwareResetWorksWithoutOptionsAndBringsThePageBackAnew) {
   Open(280);
+  desk.Press(kPage, 1056);
+  ASSERT_EQ(desk.Text(kPage, 1055), "Pan Scan 16 : 9");
   desk.Press(kPage, 1041);
   EXPECT_EQ(TakeCalls(), Calls{"set word 0,3 = 1"});
   Tick();
@@ -317,11 +319,16 @@ TEST_F(Setting, HardwareResetIsSentAsTheModelWantsIt) {
     Calls calls;
   };
   const Row rows[] = {
-      {{26, 5, 27}, {"set word 0,3 = 1"}},  {{20, 33, 30, 43, 25, 29}, {"set word 0,4 = 1"}},
-      {{24, 34}, {"set word 0,5 = 1"}},     {{18, 32}, {"set word 0,6 = 1"}},
-      {{23, 42}, {"set word 0,7 = 1"}},     {{13, 15}, {"set word 0,10 = 1"}},
-      {{17, 35}, {"set word 0,8 = 0"}},     {{37, 46, 50, 51}, {"set block 1,0,1: 01"}},
-      {{14, 36}, {"set block 10,0,1: 01"}}, {{21}, {}}};
+      {{20, 21, 33, 30, 43, 25, 29}, {"set word 0,4 = 1"}},
+      {{24, 34}, {"set word 0,5 = 1"}},
+      {{18, 32}, {"set word 0,6 = 1"}},
+      {{23, 42}, {"set word 0,7 = 1"}},
+      {{13, 15}, {"set word 0,10 = 1"}},
+      {{17, 35}, {"set word 0,8 = 0"}},
+      {{37, 38, 39, 40, 46, 47, 48, 49, 50, 51}, {"set block 1,0,1: 01"}},
+      {{14, 36}, {"set block 10,0,1: 01"}},
+      // Every other type, from the first to the last code that there is.
+      {{0, 1, 5, 6, 7, 19, 26, 27, 44, 45, 52, 53, 54, 55, 254}, {"set word 0,3 = 1"}}};
   for (const Row& row : rows) {
     for (const std::uint8_t type : row.types) {
       Open(0x0126, {type, 0, 0, 0, 0});
@@ -343,6 +350,18 @@ TEST_F(Setting, FailedReadsOfOtherModelsKeepTheTexts) {
   EXPECT_EQ(desk.Text(kPage, 1048), "Blue Screen");
   EXPECT_EQ(desk.Text(kPage, 1044), "Hide");
   EXPECT_EQ(desk.Text(kPage, 1055), "FULL SCREEN");
+}
+
+// A front panel that is locked is not unlocked because a read failed.
+TEST_F(Setting, FailedReadOfTheLockKeepsIt) {
+  Open(0x0126, {20, 0, 0, 0, 0});
+  box.Word(12) = {1, 0};
+  Press(kPictureButton);
+  EXPECT_EQ(desk.Text(kPage, 1038), "Locked");
+  device.Fail("get word 0,12");
+  Press(kPictureButton);
+  EXPECT_EQ(desk.Text(kPage, 1038), "Locked");
+  EXPECT_EQ(CallsOf(kApplyButton)[0], "set word 0,12 = 1");
 }
 
 TEST_F(Setting, OtherModelsReadAndWriteTheirOptions) {
