@@ -49,9 +49,6 @@ int CTVWallDlg::Tiles() const {
 void CTVWallDlg::Init() {
   deviceHandle = panel.deviceHandle;
   Layout();
-  if (panel.tilePosition < static_cast<std::uint32_t>(Tiles())) {
-    ShowChosen(static_cast<int>(panel.tilePosition));
-  }
 }
 
 void CTVWallDlg::Layout() {

@@ -16,7 +16,7 @@ class CTVWallDlg final : public Page {
  public:
   explicit CTVWallDlg(PanelContext context) : Page(res::kTvWall, context) {}
 
-  // Copies the device handle, lays out the grid of the panel state and shows its tile as chosen.
+  // Copies the device handle and lays out the grid of the panel state.
   void Init();
 
   // Places the tiles of the grid, none of them chosen, and hides the others. A wall size outside 1
