@@ -10,8 +10,6 @@ namespace panelora {
 
 namespace {
 
-constexpr int kEditCharacters = 4;
-
 // A value: its slider, its edit, and the label that the page keeps hidden.
 struct Row {
   int caption;
@@ -133,7 +131,6 @@ int CPIPDlg::ScaleOf(const Side& side) const { return side.horizontal && display
 void CPIPDlg::Init(ui::SerialHandle serial) {
   deviceHandle = panel.deviceHandle;
   serialHandle = serial;
-  displayMode = 0;  // another box may have another
   for (const Channel& channel : kChannels) {
     Window().SetFont(channel.frame, ui::kCaptionFont);
     Window().SetText(channel.frame, channel.title);
@@ -142,7 +139,6 @@ void CPIPDlg::Init(ui::SerialHandle serial) {
         Window().SetFont(control, ui::kCaptionFont);
       }
       Window().SetText(row->caption, row->text);
-      Window().SetTextLimit(row->edit, kEditCharacters);
     }
   }
 }
@@ -332,21 +328,20 @@ bool CPIPDlg::TakeEdits(const Channel& channel, PipWindow& inset) {
   return true;
 }
 
-// The size first, then the position to what the size leaves. An edit whose number was limited shows
-// the value from before, not the one that is stored: deliberate.
+// The size to the frame, the position to what the size leaves, and both to 0; a small size is never
+// raised. An edit whose number was limited shows the value from before, not the one that is stored:
+// deliberate.
 void CPIPDlg::LimitAndStore(const Side& side, PipWindow& inset, int position, int size) {
   const int scale = ScaleOf(side);
-  const auto store = [&](std::uint16_t& value, int typed, int least, int greatest, int edit,
-                         int shown) {
-    const int limited = std::clamp(typed, least, greatest);
+  const auto store = [&](std::uint16_t& value, int typed, int greatest, int edit, int shown) {
+    const int limited = std::clamp(typed, 0, greatest);
     if (limited != typed) Window().SetText(edit, ui::Format("%04d", shown));
     value = static_cast<std::uint16_t>(limited);
   };
   std::uint16_t& storedSize = inset.*side.sizeField;
   std::uint16_t& storedPosition = inset.*side.positionField;
-  store(storedSize, size / scale, MinimumOf(side), FrameOf(side) / scale, side.size.edit,
-        scale * storedSize);
-  store(storedPosition, position, 0, FrameOf(side) - scale * storedSize, side.position.edit,
+  store(storedSize, size / scale, FrameOf(side) / scale, side.size.edit, scale * storedSize);
+  store(storedPosition, position, FrameOf(side) - scale * storedSize, side.position.edit,
         storedPosition);
   ShowSliders(side, inset);
 }

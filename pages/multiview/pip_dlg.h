@@ -22,7 +22,8 @@ class CPIPDlg final : public Page {
  public:
   explicit CPIPDlg(PanelContext context) : Page(res::kPip, context) {}
 
-  // Copies the device handle and keeps the serial handle, sets fonts and captions.
+  // Copies the device handle and keeps the serial handle, sets fonts and captions. The display mode
+  // of the last refresh stays.
   void Init(ui::SerialHandle serial);
 
   // Opens the function on the box, which puts the insets back in their first place, by the display
@@ -33,8 +34,8 @@ class CPIPDlg final : public Page {
   // output format without a frame keeps the earlier frame.
   void Refresh(ui::SerialHandle serial) override;
 
-  // Reads the edits, limits sizes and positions to the frame and writes the insets. An edit without
-  // a number ends it there, with the channel before it written.
+  // Reads the edits, limits sizes and positions to the frame and to 0 and writes the insets. An
+  // edit without a number ends it there, with the channel before it written.
   void Apply() override;
 
   void RestoreDefaults() override { OnShowFromMenu(); }
@@ -46,8 +47,11 @@ class CPIPDlg final : public Page {
   struct Channel;
 
   bool HasPip() const { return IsType51() || IsType13Or15(); }
-  bool HasInset() const { return displayMode == 4 || displayMode == 6 || displayMode == 7; }
-  bool HasSecondInset() const { return displayMode == 6; }
+  // The mode may be that of another box before.
+  bool HasInset() const {
+    return HasPip() && (displayMode == 4 || displayMode == 6 || displayMode == 7);
+  }
+  bool HasSecondInset() const { return HasPip() && displayMode == 6; }
   bool IsType51() const { return panel.identity.boxType == 51; }
   bool IsType13Or15() const;
 

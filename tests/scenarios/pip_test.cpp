@@ -121,7 +121,7 @@ TEST_F(Pip, CaptionsAndFonts) {
       EXPECT_EQ(desk.FontOf(kPage, channel.captions[i]), ui::kCaptionFont);
       EXPECT_EQ(desk.FontOf(kPage, channel.edits[i]), ui::kCaptionFont);
       desk.Type(kPage, channel.edits[i], "12345");
-      EXPECT_EQ(desk.Text(kPage, channel.edits[i]), "1234");
+      EXPECT_EQ(desk.Text(kPage, channel.edits[i]), "12345");
     }
   }
 }
@@ -469,11 +469,19 @@ TEST_F(Pip, ApplyLimitsToTheFrameAndRewritesTheEdit) {
   EXPECT_EQ(Edits(kCh1), (Texts{"1716", "0050", "204", "200"}));
 }
 
-TEST_F(Pip, ApplyLimitsSizesToMinimumAndFrame) {
+// To the frame and to 0: a size is never raised.
+TEST_F(Pip, ApplyLimitsToTheFrameAndToZero) {
   Open({15, 0, 0, 0, 0});
   TypeAll(kCh1, {"0", "0", "203", "159"});
+  EXPECT_EQ(CallsOf(kApplyButton), Calls{"set block 13,0,8: 00 00 00 00 00 CB 00 9F"});
+  EXPECT_EQ(Edits(kCh1), (Texts{"0", "0", "203", "159"}));
+  TypeAll(kCh1, {"1920", "1080", "0", "0"});
+  EXPECT_EQ(CallsOf(kApplyButton), Calls{"set block 13,0,8: 07 80 04 38 00 00 00 00"});
+  TypeAll(kCh1, {"0", "0", "-1", "-200"});
+  EXPECT_EQ(CallsOf(kApplyButton), Calls{"set block 13,0,8: 00 00 00 00 00 00 00 00"});
+  EXPECT_EQ(Edits(kCh1), (Texts{"0", "0", "0000", "0000"}));
+  TypeAll(kCh1, {"0", "0", "204", "160"});
   EXPECT_EQ(CallsOf(kApplyButton), Calls{"set block 13,0,8: 00 00 00 00 00 CC 00 A0"});
-  EXPECT_EQ(Edits(kCh1), (Texts{"0", "0", "0640", "0360"}));
   TypeAll(kCh1, {"0", "0", "1921", "1081"});
   EXPECT_EQ(CallsOf(kApplyButton), Calls{"set block 13,0,8: 00 00 00 00 07 80 04 38"});
   EXPECT_EQ(Edits(kCh1), (Texts{"0", "0", "0204", "0160"}));
@@ -557,7 +565,7 @@ TEST_F(Pip, FirstOpeningKnowsNoModeYet) {
   EXPECT_EQ(Edits(kCh2), (Texts{"1100", "0100", "0640", "0360"}));
 }
 
-TEST_F(Pip, ModeOfTheBoxBeforeIsForgotten) {
+TEST_F(Pip, ModeSurvivesTheLossOfTheBox) {
   Open({15, 0, 0, 0, 0}, 6);
   box.SetPresent(false);
   for (int i = 0; i < 3; ++i) Tick();
@@ -565,7 +573,37 @@ TEST_F(Pip, ModeOfTheBoxBeforeIsForgotten) {
   Tick();
   TakeCalls();
   panel->ShowPip();
-  EXPECT_EQ(TakeCalls(), Join({{"set block 13,0,8" + kOnes, "set word 0,10 = 2"}, Reads(15, 6)}));
+  EXPECT_EQ(TakeCalls(),
+            Join({{"set block 13,0,8" + kOnes, "set word 0,10 = 2", "set block 14,0,8" + kOnes},
+                  Reads(15, 6)}));
+}
+
+TEST_F(Pip, ModeOfAnotherTypeAsksATypeWithoutInsetsNothing) {
+  Open({15, 0, 0, 0, 0}, 6);
+  admitted = {26};  // the list that the panel looks at
+  box.SetPresent(false);
+  for (int i = 0; i < 3; ++i) Tick();
+  box.Become({26, 0, 0, 0, 0}, 0x0126);
+  box.SetPresent(true);
+  Tick();
+  ASSERT_EQ(panel->Panel().identity.boxType, 26);
+  TakeCalls();
+  panel->ShowPip();
+  for (const int button : {kPictureButton, kApplyButton, kDefaultButton}) Press(button);
+  EXPECT_EQ(TakeCalls(), Calls{});
+}
+
+TEST_F(Pip, EditsTakeWhatIsTyped) {
+  Open({15, 0, 0, 0, 0}, 6);
+  for (const Controls& channel : {kCh1, kCh2}) {
+    TypeAll(channel, {"000000100", "123456789012345678901", "0000000000300", "0x"});
+    EXPECT_EQ(Edits(channel), (Texts{"000000100", "123456789012345678901", "0000000000300", "0x"}));
+  }
+  // Numbers are limited, however long they are.
+  TypeAll(kCh1, {"99999", "-99999", "000000400", "4294967596"});
+  TypeAll(kCh2, {"0000000011", "70000", "65836", "12345678901234567890"});
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 13,0,8: 05 F0 00 00 01 90 04 38",
+                                          "set block 14,0,8: 00 00 00 00 07 80 04 38"}));
 }
 
 TEST_F(Pip, ModesComeAndGo) {
@@ -606,15 +644,16 @@ TEST_F(Pip, SecondInsetIsLimitedLikeTheFirst) {
   TypeAll(kCh2, {"1900", "1079", "203", "200"});
   const Calls written = CallsOf(kApplyButton);
   ASSERT_EQ(written.size(), 2U);
-  EXPECT_EQ(written[1], "set block 14,0,8: 06 B4 03 70 00 CC 00 C8");
-  EXPECT_EQ(Edits(kCh2), (Texts{"0100", "0050", "0640", "200"}));
-  EXPECT_EQ(Sliders(kCh2), (std::vector<int>{1716, 880, 204, 200}));
+  EXPECT_EQ(written[1], "set block 14,0,8: 06 B5 03 70 00 CB 00 C8");
+  EXPECT_EQ(Edits(kCh2), (Texts{"0100", "0050", "203", "200"}));
+  EXPECT_EQ(Sliders(kCh2), (std::vector<int>{1717, 880, 204, 200}));
 }
 
-// Whatever the mode: what the edits hold, in the limits of an inset.
-TEST_F(Pip, ApplyWithoutInsetWritesTheSmallestOne) {
-  Open({15, 0, 0, 0, 0}, 3);
-  EXPECT_EQ(CallsOf(kApplyButton), Calls{"set block 13,0,8: 00 00 00 00 00 CC 00 A0"});
+TEST_F(Pip, ApplyWithoutInsetWritesEightZeroBytes) {
+  for (const std::uint8_t mode : Bytes{1, 3, 5, 8}) {
+    Open({15, 0, 0, 0, 0}, mode);
+    EXPECT_EQ(CallsOf(kApplyButton), Calls{"set block 13,0,8: 00 00 00 00 00 00 00 00"});
+  }
 }
 
 TEST_F(Pip, ApplyAndDefaultSilenceTheMonitor) {
