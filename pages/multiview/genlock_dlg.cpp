@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "device/byte_order.h"
 #include "pages/cycling_group.h"
@@ -30,7 +31,6 @@ constexpr CyclingGroup kSyncMode = {1092, 1093, 1094, 1095};
 constexpr int kInfoFrame = 1081;
 constexpr int kFormatCaption = 1082;
 constexpr int kFormat = 1083;
-constexpr int kEditCharacters = 4;
 
 struct NameRow {
   std::uint8_t boxType;
@@ -169,7 +169,6 @@ void CGenlockDlg::Init() {
     set(delay.edit, "0");
     set(delay.label, "0");
     set(delay.unit, delay.unitText);
-    Window().SetTextLimit(delay.edit, kEditCharacters);
   }
   ShowGroup(Window(), kSyncMode, FindName(kSyncNames, panel.identity.boxType, 0) != nullptr);
   Window().EnableControl(kGenlockMode.next, true);
@@ -180,11 +179,16 @@ void CGenlockDlg::Init() {
   vDelay = vDelayApplied = 0;
   hDelay = hDelayApplied = 0;
   previewed = false;
-  referenceFormat = {};
   ReadBox();
 }
 
+// What the box has now is what leaving the page goes back to.
 void CGenlockDlg::OnShowFromMenu() {
+  previewed = false;
+  OpenOnBox();
+}
+
+void CGenlockDlg::OpenOnBox() {
   if (const ModelRow* model = FindModel(panel.identity.boxType)) {
     if (model->menuBlock != kNone) WriteBlock(block::kBoxMenu, {model->menuBlock});
     if (model->menuWord != kNone) WriteWord(word::kBoxMenu4, model->menuWord);
@@ -201,15 +205,15 @@ void CGenlockDlg::ReadBox() {
   const ModelRow* model = FindModel(panel.identity.boxType);
   if (model == nullptr) return;
   const GenlockGroup& group = *model->group;
-  BlockBuffer bytes{};
-  if (ReadBlock(group.reference, 30, bytes)) referenceFormat = bytes;
+  BlockBuffer format{};  // a format that can't be read is none
+  ReadBlock(group.reference, 30, format);
   ReadMode(group);
   if (group.tellsLockAndInput) ReadLockAndInput();
   ChooseRanges();
   ReadDelays(group);
   if (hDelayAllowed == 0) hDelay = 0;
-  if (group.syncMode != kNone && ReadBlock(group.syncMode, 2, bytes)) syncMode = bytes[0];
-  const BlockBuffer& format = referenceFormat;
+  BlockBuffer sync{};
+  if (group.syncMode != kNone && ReadBlock(group.syncMode, 2, sync)) syncMode = sync[0];
   Window().SetText(
       kFormat, FormatText(LittleEndian(format[0], format[1]), LittleEndian(format[2], format[3]),
                           format[4], format[5], format[6] == 1 ? "p" : "i"));
@@ -391,7 +395,8 @@ void CGenlockDlg::SendDelays(bool final) {
 }
 
 void CGenlockDlg::RestoreDelays() {
-  if (!previewed || (vDelay == vDelayApplied && hDelay == hDelayApplied)) return;
+  const bool changed = vDelay != vDelayApplied || hDelay != hDelayApplied;
+  if (!std::exchange(previewed, false) || !changed) return;
   vDelay = vDelayApplied;
   hDelay = hDelayApplied;
   SendDelays(false);

@@ -31,12 +31,13 @@ class CGenlockDlg final : public Page {
   // between the two.
   void Apply() override;
 
-  void RestoreDefaults() override { OnShowFromMenu(); }
+  // Opens the function on the box anew; a preview that is out stays one.
+  void RestoreDefaults() override { OpenOnBox(); }
 
   // Writes the delays as they are and shows them; `final` = not a preview.
   void SendDelays(bool final);
 
-  // The operator leaves the page: what was sent as a preview alone is taken back.
+  // The operator leaves the page: what previews changed is taken back, and nothing else is written.
   void RestoreDelays();
 
   void OnCommand(int control, ui::Notification what) override;
@@ -53,6 +54,7 @@ class CGenlockDlg final : public Page {
   void OnHorizontalUp() { StepUp(hDelay, hDelayMax); }
   void OnHorizontalDown() { StepDown(hDelay); }
 
+  void OpenOnBox();
   void ReadBox();
   void ReadMode(const GenlockGroup& group);
   void ReadLockAndInput();
@@ -80,12 +82,12 @@ class CGenlockDlg final : public Page {
   std::uint16_t clocks = 0;           // a line of the output
   std::uint16_t vDelay = 0;           // lines
   std::uint16_t hDelay = 0;           // clocks
-  std::uint16_t vDelayApplied = 0;    // what the box has as final
-  std::uint16_t hDelayApplied = 0;    // the same
-  std::uint16_t vDelayMax = 0;        // lines, 0 in free-run
-  std::uint16_t hDelayMax = 0;        // clocks, 0 in free-run and where it is not allowed
-  bool previewed = false;             // the box has delays that were not applied
-  BlockBuffer referenceFormat{};      // the last answer
+  // What leaving the page goes back to: what was applied last, or read while no preview was out.
+  std::uint16_t vDelayApplied = 0;
+  std::uint16_t hDelayApplied = 0;
+  std::uint16_t vDelayMax = 0;  // lines, 0 in free-run
+  std::uint16_t hDelayMax = 0;  // clocks, 0 in free-run and where it is not allowed
+  bool previewed = false;       // a preview was sent since the page was opened, applied or left
 };
 
 }  // namespace panelora

@@ -140,15 +140,16 @@ void CROIDlg::Refresh(ui::SerialHandle serial) {
   if (RegionProperty() != kNone) ReadRegion();
 }
 
-// A format without a row keeps the frame.
+// A failed read and a format without a row keep the frame.
 void CROIDlg::ReadInputCode() {
   const ModelRow& model = *FindModel(panel.identity.boxType);
   const InputSource source = IsOtherKind(panel.identity) ? model.otherInput : model.input;
   if (source.block != kNone) {
     BlockBuffer bytes{};
-    if (ReadBlock(source.block, 2, bytes)) inputCode = bytes[0];
-  } else {
-    ReadWord(source.item, inputCode);
+    if (!ReadBlock(source.block, 2, bytes)) return;
+    inputCode = bytes[0];
+  } else if (!ReadWord(source.item, inputCode)) {
+    return;
   }
   for (const FrameRow& row : kFrames) {
     if (inputCode < row.first || inputCode > row.last) continue;

@@ -326,11 +326,52 @@ TEST_F(Genlock, EnterOnAButtonSendsWhatWasTyped) {
   }
 }
 
-TEST_F(Genlock, EditsTakeFourDigits) {
+// Numbers are limited to the range, however long they are.
+TEST_F(Genlock, EditsTakeWhatIsTyped) {
   Open(46);
-  for (const int edit : {kVEdit, kHEdit}) {
-    desk.Type(kPage, edit, "12345");
-    EXPECT_EQ(desk.Text(kPage, edit), "1234");
+  for (const char* typed : {"12345", "000300", "65537", "4294967297", "99999999999999999999"}) {
+    const bool small = typed == std::string("000300");
+    for (const int edit : {kVEdit, kHEdit}) {
+      desk.Type(kPage, edit, typed);
+      EXPECT_EQ(desk.Text(kPage, edit), typed);
+    }
+    TakeCalls();
+    desk.PressKey(kPage, kVEdit, ui::Key::kEnter);
+    EXPECT_EQ(TakeCalls(), Delays(small ? 300 : 1125, small ? 300 : 2200, false)) << typed;
+  }
+}
+
+TEST_F(Genlock, WhatNoPreviewChangedIsNotTakenBack) {
+  for (const std::uint8_t type : Bytes{46, 20, 30}) {
+    Open(type, type == 20 ? 2 : 1);
+    // A step forth and back.
+    desk.Press(kPage, kVUp);
+    desk.Press(kPage, kVDown);
+    EXPECT_EQ(CallsOf(kReturnButton), Calls{});
+    // The box has other delays by now: they are what counts.
+    const auto reopenWith = [&](int vertical, int horizontal) {
+      SetBox(type == 20 ? 2 : 1, 10, 15, vertical, horizontal);
+      panel->ShowGenlock();
+      ExpectShown(vertical, horizontal);
+    };
+    reopenWith(300, 250);
+    EXPECT_EQ(CallsOf(kReturnButton), Calls{});
+    reopenWith(300, 250);
+    EXPECT_EQ(CallsOnPage(kPage, kVUp), Delays(301, 250, false));
+    EXPECT_EQ(CallsOf(kReturnButton), Delays(300, 250, false));
+    // Enter without a change.
+    reopenWith(310, 260);
+    TakeCalls();
+    desk.PressKey(kPage, kVEdit, ui::Key::kEnter);
+    EXPECT_EQ(TakeCalls(), Delays(310, 260, false));
+    EXPECT_EQ(CallsOf(kReturnButton), Calls{});
+    reopenWith(320, 270);
+    EXPECT_EQ(CallsOf(kReturnButton), Calls{});
+    // A refresh reads other delays while no preview is out.
+    reopenWith(330, 280);
+    SetBox(type == 20 ? 2 : 1, 10, 15, 340, 290);
+    Press(kPictureButton);
+    EXPECT_EQ(CallsOf(kReturnButton), Calls{});
   }
 }
 

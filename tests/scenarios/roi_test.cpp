@@ -246,6 +246,21 @@ TEST_F(Roi, FailedReadsKeepWhatWasShown) {
   }
 }
 
+// The frame is the box's from the first input that could be read, and 1920 by 1080 before.
+TEST_F(Roi, InputThatWasNeverReadKeepsTheFrame) {
+  for (const ModelRow& model : kModels) {
+    admitted = {model.identity.boxType};
+    StartWith(0x0126, model.identity);
+    SetRegion({0, 0, 0, 0, 1, 0});
+    device.Fail(model.input);
+    panel->ShowRoi();
+    EXPECT_EQ(Values(), (Ints{0, 0, 960, 540})) << int{model.identity.boxType};
+    EXPECT_EQ(desk.SliderRange(kPage, 1057).second, 960);
+    device.FailNothing();
+    panel.reset();
+  }
+}
+
 TEST_F(Roi, BrandsOtherThan2HaveTwoModes) {
   for (const std::uint8_t brand : Bytes{0, 1, 3, 12}) {
     Open({100, 50, 640, 360, 1, 0}, brand);
