@@ -13,7 +13,6 @@ const BlockDefault kBlockDefaults[] = {
      block::kInputFormatLittle,
      {0x80, 0x07, 0x38, 0x04, 50, 0, 1}},  // 1920x1080 50.00p
     {{13, 15, 51}, block::kMultiView, {1, 1, 1}},
-    {{50}, block::kInputFormat, {0x07, 0x80, 0x04, 0x38, 50, 0, 0}},
     // Video settings: the second input, 1080p60, the first output source, full screen, no
     // pass-through
     {{17, 18, 19, 20, 21, 23, 24, 25, 27, 29, 30, 32, 33,

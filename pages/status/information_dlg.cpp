@@ -91,7 +91,6 @@ struct ModelRow {
 // Models that differ from the last row, which serves all the others.
 constexpr ModelRow kModels[] = {
     {26, FormatSource::kBlockBig, word::kFirmware},
-    {50, FormatSource::kBlockBig, word::kFirmwareOther},
     {14, FormatSource::kBlockLittle, word::kFirmwareOther},
     {36, FormatSource::kBlockLittle, word::kFirmwareOther},
     {51, FormatSource::kBlockLittle, word::kFirmwareOther},
@@ -223,27 +222,29 @@ void CInformationDlg::Refresh(ui::SerialHandle serial) {
 void CInformationDlg::RefreshInputFormat() {
   switch (ModelOf(panel.identity.boxType).source) {
     case FormatSource::kBlockBig:
-      Window().SetText(kFormatValue, FormatFromBlock(block::kInputFormat, true));
+      Window().SetText(kFormatValue, FormatFromBigBlock());
       break;
     case FormatSource::kBlockLittle:
-      Window().SetText(kFormatValue, FormatFromBlock(block::kInputFormatLittle, false));
+      if (const auto format = FormatFromLittleBlock()) Window().SetText(kFormatValue, *format);
       break;
-    case FormatSource::kCode: {
-      const std::optional<std::string> name = FormatFromCode();
-      if (name) Window().SetText(kFormatValue, *name);
+    case FormatSource::kCode:
+      if (const auto name = FormatFromCode()) Window().SetText(kFormatValue, *name);
       break;
-    }
   }
 }
 
-// The result of the read is not tested: after a failure the buffer's earlier contents are shown.
-std::string CInformationDlg::FormatFromBlock(std::uint8_t property, bool bigEndian) {
-  ReadBlock(property, 30, inputFormat);
+// The result of this read is not tested: after a failure the buffer's earlier contents are shown.
+std::string CInformationDlg::FormatFromBigBlock() {
+  ReadBlock(block::kInputFormat, 30, inputFormat);
   const BlockBuffer& b = inputFormat;
-  if (bigEndian) {
-    return FormatText(BigEndian(b[0], b[1]), BigEndian(b[2], b[3]), b[4], b[5],
-                      b[6] != 0 ? "i" : "p");
-  }
+  return FormatText(BigEndian(b[0], b[1]), BigEndian(b[2], b[3]), b[4], b[5],
+                    b[6] != 0 ? "i" : "p");
+}
+
+// None when the box did not answer.
+std::optional<std::string> CInformationDlg::FormatFromLittleBlock() {
+  BlockBuffer b{};
+  if (!ReadBlock(block::kInputFormatLittle, 30, b)) return std::nullopt;
   const char* scan = b[6] == 1 ? "p" : b[6] == 2 ? "s" : "i";
   return FormatText(LittleEndian(b[0], b[1]), LittleEndian(b[2], b[3]), b[4], b[5], scan);
 }

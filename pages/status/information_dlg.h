@@ -32,7 +32,8 @@ class CInformationDlg final : public Page {
   void LayOut();
   void ShowWebAddress();
   void RefreshInputFormat();
-  std::string FormatFromBlock(std::uint8_t property, bool bigEndian);
+  std::string FormatFromBigBlock();
+  std::optional<std::string> FormatFromLittleBlock();
   std::optional<std::string> FormatFromCode();
   void ReadFirmware();
 
