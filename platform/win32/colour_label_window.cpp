@@ -136,12 +136,11 @@ void CColourLabel::DrawCaption(HDC context, const std::string& text, const ui::R
   const int length = static_cast<int>(text.size());
   if (IsWindowEnabled(window)) {
     RECT rect{place.x, place.y, place.x + place.width, place.y + place.height};
-    DrawTextA(context, text.c_str(), length, &rect,
-              DT_SINGLELINE | DT_VCENTER | DT_NOCLIP | DT_NOPREFIX);
+    DrawTextA(context, text.c_str(), length, &rect, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP);
   } else {
     DrawStateA(context, nullptr, nullptr, reinterpret_cast<LPARAM>(text.c_str()),
                static_cast<WPARAM>(length), place.x, place.y, place.width, place.height,
-               DST_TEXT | DSS_DISABLED);
+               DST_PREFIXTEXT | DSS_DISABLED);
   }
 }
 

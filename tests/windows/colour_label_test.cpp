@@ -297,6 +297,45 @@ TEST_F(ColourLabelWindow, ChangesOfStateAndLookArePaintedAnew) {
 }
 
 // What the parent asks of its control comes back to it as a request to paint itself.
+// Captions are drawn like those of every control: "&&" is one ampersand, in both states.
+TEST_F(ColourLabelWindow, CaptionsHaveTheirPrefixesHandled) {
+  for (const bool enabled : {true, false}) {
+    const ColourLabelLook look = Look(kCaptionLeft, kFrameFlat, "A && B");
+    const CColourLabel& label = Add(look, enabled);
+    Paint();
+    const ui::Rect place = Expected(label).caption;
+    const HDC dc = GetDC(label.Handle());
+    const HDC copy = CreateCompatibleDC(dc);
+    const HBITMAP bitmap = CreateCompatibleBitmap(dc, kWidth, kHeight);
+    const HGDIOBJ before = SelectObject(copy, bitmap);
+    RECT all{0, 0, kWidth, kHeight};
+    FillRect(copy, &all, reinterpret_cast<HBRUSH>(GetClassLongPtrA(parent, GCLP_HBRBACKGROUND)));
+    SelectObject(copy, gdi.FontFor(look.font, 96));
+    SetBkMode(copy, TRANSPARENT);
+    SetTextColor(copy, ColourOf(look.text));
+    RECT rect{place.x, place.y, place.x + place.width, place.y + place.height};
+    if (enabled) {
+      DrawTextA(copy, " A & B ", -1, &rect, DT_SINGLELINE | DT_VCENTER | DT_NOCLIP | DT_NOPREFIX);
+    } else {
+      DrawStateA(copy, nullptr, nullptr, reinterpret_cast<LPARAM>(" A & B "), 7, place.x, place.y,
+                 place.width, place.height, DST_TEXT | DSS_DISABLED);
+    }
+    int drawn = 0;
+    // Where the frame leaves the gap open.
+    for (int y = place.y; y < place.y + place.height; ++y) {
+      for (int x = place.x + 2; x < place.x + place.width - 2; ++x) {
+        ASSERT_EQ(GetPixel(dc, x, y), GetPixel(copy, x, y)) << x << ", " << y << " " << enabled;
+        drawn += GetPixel(copy, x, y) != GetPixel(copy, kWidth - 1, kHeight - 1) ? 1 : 0;
+      }
+    }
+    EXPECT_GT(drawn, 20);
+    SelectObject(copy, before);
+    DeleteObject(bitmap);
+    DeleteDC(copy);
+    ReleaseDC(label.Handle(), dc);
+  }
+}
+
 TEST_F(ColourLabelWindow, ReflectedColourRequestsRepaintTheParent) {
   CColourLabel& label = Add(Look(kCaptionLeft, kFrameFlat, "Caption"));
   for (UINT message = OCM__BASE + WM_CTLCOLORMSGBOX; message <= OCM__BASE + WM_CTLCOLORSTATIC;
@@ -350,7 +389,7 @@ TEST_F(ColourLabelWindow, PaintingForAYearLeavesNothingBehind) {
   ExpectDrawn(label);
 }
 
-TEST_F(ColourLabelWindow, LabelOutlivesNeitherItsWindowNorItsParent) {
+TEST_F(ColourLabelWindow, LabelKnowsThatItsWindowIsGone) {
   CColourLabel& label = Add(Look(kCaptionLeft, kFrameEtched, "Caption"));
   DestroyWindow(label.Handle());
   EXPECT_EQ(label.Handle(), nullptr);
