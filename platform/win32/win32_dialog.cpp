@@ -191,7 +191,7 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (source.framed) PostThreadMessageA(GetCurrentThreadId(), WM_NULL, 0, 0);
       return FALSE;
     case WM_DRAWITEM:
-      DrawPicture(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+      DrawControl(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
       return TRUE;
     case WM_CTLCOLORDLG:
       if (const auto colour = events.BackgroundColour()) {
@@ -292,11 +292,36 @@ INT_PTR Win32Dialog::OnNotify(const NMHDR& header) {
   return FALSE;
 }
 
-void Win32Dialog::DrawPicture(const DRAWITEMSTRUCT& item) {
+void Win32Dialog::DrawControl(const DRAWITEMSTRUCT& item) {
   const Win32Control* control = Find(static_cast<int>(item.CtlID));
   if (control == nullptr) return;
+  const int saved = SaveDC(item.hDC);
+  if (control->kind == ui::ControlKind::kLabel) {
+    DrawLabel(item);
+  } else {
+    DrawPicture(*control, item);
+  }
+  RestoreDC(item.hDC, saved);
+}
+
+// The first line of the text, in the middle of the label's height.
+void Win32Dialog::DrawLabel(const DRAWITEMSTRUCT& item) {
+  const LRESULT background =
+      SendMessageA(window, WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(item.hDC),
+                   reinterpret_cast<LPARAM>(item.hwndItem));
+  FillRect(item.hDC, &item.rcItem, reinterpret_cast<HBRUSH>(background));
+  SelectObject(item.hDC, reinterpret_cast<HGDIOBJ>(SendMessageA(item.hwndItem, WM_GETFONT, 0, 0)));
+  SetBkMode(item.hDC, TRANSPARENT);
+  if ((item.itemState & ODS_DISABLED) != 0) SetTextColor(item.hDC, GetSysColor(COLOR_GRAYTEXT));
+  const std::string text = WindowText(item.hwndItem);
+  RECT place = item.rcItem;
+  DrawTextA(item.hDC, text.c_str(), static_cast<int>(std::min(text.find('\n'), text.size())),
+            &place, DT_LEFT | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_EXPANDTABS);
+}
+
+void Win32Dialog::DrawPicture(const Win32Control& control, const DRAWITEMSTRUCT& item) {
   const bool pressed = (item.itemState & ODS_SELECTED) != 0;
-  const std::string& name = pressed ? control->downPicture : control->upPicture;
+  const std::string& name = pressed ? control.downPicture : control.upPicture;
   RECT place = item.rcItem;
   if (name.empty() || !toolkit.Gdi().Draw(item.hDC, place, name, dpi)) {
     // No picture yet: an ordinary button with its text.
@@ -418,6 +443,7 @@ void Win32Dialog::SetText(int control, std::string_view text) {
   Win32Control& changed = found->second;
   if (WindowText(changed.window) == text) return;  // an equal text would only flicker
   SetWindowTextA(changed.window, std::string(text).c_str());
+  if (changed.kind == ui::ControlKind::kLabel) InvalidateRect(changed.window, nullptr, FALSE);
   if (changed.kind == ui::ControlKind::kLabel && changed.fontSet) UseFont(changed);
 }
 

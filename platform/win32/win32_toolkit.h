@@ -92,7 +92,9 @@ class Win32Dialog final : public ui::Dialog {
   void OnCommandMessage(int control, UINT code);
   INT_PTR OnNotify(const NMHDR& header);
   void OnDpiChanged(int newDpi, const RECT& suggested);
-  void DrawPicture(const DRAWITEMSTRUCT& item);
+  void DrawControl(const DRAWITEMSTRUCT& item);
+  void DrawLabel(const DRAWITEMSTRUCT& item);
+  void DrawPicture(const Win32Control& control, const DRAWITEMSTRUCT& item);
   bool PaintMinimised();
   void AdoptControls();
   void LayOutControl(Win32Control& control);

@@ -108,6 +108,85 @@ TEST_F(MultiViewWindows, PressedTileIsPressedAsAButtonToo) {
   EXPECT_EQ(GetCapture(), nullptr);
 }
 
+// What a slider puts behind its value is in the text and not on the screen.
+TEST_F(MultiViewWindows, LineFeedBehindAValueIsNotSeen) {
+  StartWith({46, 0, 0, 0, 0});
+  panel->ShowRoi();
+  desk.Drag(res::kRoi, 1057, 300);
+  desk.Release(res::kRoi, 1057);
+  ASSERT_EQ(desk.Text(res::kRoi, 1061), "600\n");
+  win32::Win32Dialog& page = Page(res::kRoi);
+  const auto pixels = [&] {
+    desk.Repaint(res::kRoi);
+    const HDC dc = GetDC(page.ControlWindow(1061));
+    std::vector<COLORREF> found;
+    for (int y = 0; y < 20; ++y) {
+      for (int x = 0; x < 60; ++x) found.push_back(GetPixel(dc, x, y));
+    }
+    ReleaseDC(page.ControlWindow(1061), dc);
+    return found;
+  };
+  const std::vector<COLORREF> withFeed = pixels();
+  page.SetText(1061, "600");
+  EXPECT_EQ(pixels(), withFeed);
+  page.SetText(1061, "600x");
+  EXPECT_NE(pixels(), withFeed);
+  page.SetText(1061, "600\nx");  // one line is drawn
+  EXPECT_EQ(pixels(), withFeed);
+  page.SetText(1061, "");
+  EXPECT_NE(pixels(), withFeed);
+}
+
+// Drawing takes a device context as it is and leaves it so.
+TEST_F(MultiViewWindows, DrawingLeavesTheDeviceContextAsItWas) {
+  StartWith({14, 0, 0, 0, 0});
+  panel->ShowTvWall();
+  desk.PressKey(res::kTvWall, 1021, ui::Key::kEscape);  // from now on the focus is marked
+  struct Drawn {
+    int dialog;
+    int control;
+    UINT type;
+  };
+  for (const Drawn& drawn :
+       {Drawn{res::kTvWall, 1021, ODT_BUTTON}, Drawn{res::kMain, kPictureButton, ODT_BUTTON},
+        Drawn{res::kMain, kPageUpButton, ODT_BUTTON}, Drawn{res::kRoi, 1061, ODT_STATIC}}) {
+    SCOPED_TRACE(drawn.control);
+    win32::Win32Dialog& dialog = Page(drawn.dialog);
+    const HWND window = dialog.ControlWindow(drawn.control);
+    const HDC screen = GetDC(nullptr);
+    const HDC dc = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, 600, 400);
+    ReleaseDC(nullptr, screen);
+    const HGDIOBJ before = SelectObject(dc, bitmap);
+    SetTextColor(dc, RGB(1, 2, 3));
+    SetBkColor(dc, RGB(4, 5, 6));
+    SetBkMode(dc, OPAQUE);
+    SetStretchBltMode(dc, BLACKONWHITE);
+    SetBrushOrgEx(dc, 3, 4, nullptr);
+    const auto state = [&] {
+      POINT origin;
+      GetBrushOrgEx(dc, &origin);
+      return std::make_tuple(GetTextColor(dc), GetBkColor(dc), GetBkMode(dc), GetStretchBltMode(dc),
+                             origin.x, origin.y, GetCurrentObject(dc, OBJ_FONT),
+                             GetCurrentObject(dc, OBJ_BRUSH), GetCurrentObject(dc, OBJ_BITMAP));
+    };
+    const auto untouched = state();
+    DRAWITEMSTRUCT item{};
+    item.CtlType = drawn.type;
+    item.CtlID = static_cast<UINT>(drawn.control);
+    item.itemAction = ODA_DRAWENTIRE;
+    item.itemState = ODS_FOCUS;
+    item.hwndItem = window;
+    item.hDC = dc;
+    item.rcItem = {0, 0, 333, 77};  // another size than the picture's, so that it is stretched
+    SendMessageA(dialog.Handle(), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+    EXPECT_EQ(state(), untouched);
+    SelectObject(dc, before);
+    DeleteObject(bitmap);
+    DeleteDC(dc);
+  }
+}
+
 // The arrow keys count when they are let go.
 TEST_F(MultiViewWindows, SlidersAreTakenFromTheKeyboardToo) {
   StartWith({46, 0, 0, 0, 0});
