@@ -42,8 +42,9 @@ bool CMainDlg::IsAdmitted(std::uint8_t boxType) const {
   return std::find(admittedTypes.begin(), admittedTypes.end(), boxType) != admittedTypes.end();
 }
 
-void CMainDlg::Init() {
+bool CMainDlg::Init() {
   window = toolkit.CreateDialogFrom(res::kMain, *this, nullptr);
+  if (!window->IsOpen()) return false;
   const std::string aboutText = toolkit.String(res::kAboutMenuText);
   if (!aboutText.empty()) window->AddSystemMenuItem(kAboutCommand, aboutText);
   window->SetIcon(res::kIcon);
@@ -59,7 +60,7 @@ void CMainDlg::Init() {
 
   window->ResizeClient(kClientWidth, kClientHeight);
   window->SetTitle(kTitle);
-  CreatePages();
+  if (!CreatePages()) return false;
   SetFirstTexts();
   PlaceButtonsAtHome();
   for (const NavigationButton& button : kNavigationButtons) {
@@ -70,6 +71,7 @@ void CMainDlg::Init() {
   pageCode = PageCode::kInformation;
   if (!connected) ShowDisconnectedLook();
   timerRuns = window->StartTimer(kMonitorTimer, kMonitorPeriod);
+  return true;
 }
 
 // True when the box answered. The bytes are stored only when the box type changed: the same model
@@ -87,13 +89,13 @@ bool CMainDlg::ReadIdentity() {
   return true;
 }
 
-void CMainDlg::CreatePages() {
+bool CMainDlg::CreatePages() {
   // In the order of their templates, all in the same place; only the first stays shown.
   Page* const pages[] = {&information,   &videoMenu,   &audio,     &procAmp, &setting,
                          &videoSettings, &displayMode, &tvWall,    &pip,     &genlock,
                          &imageAdjust,   &roi,         &textLabels};
   for (Page* page : pages) {
-    page->Create(*window);
+    if (!page->Create(*window)) return false;
     page->Place(kPageArea, kPictureButton);
   }
   InitPages();
@@ -101,6 +103,7 @@ void CMainDlg::CreatePages() {
   roi.Init();
   textLabels.Init();
   for (Page* page : pages) page->Show(page == &information);
+  return true;
 }
 
 // The initialisations that the start and every connection change have in common.
@@ -254,7 +257,7 @@ void CMainDlg::OnCloseRequest() { window->Close(); }
 void CMainDlg::OnDestroy() {
   if (timerRuns) window->StopTimer(kMonitorTimer);
   timerRuns = false;
-  videoSettings.StopTimer();
+  if (videoSettings.IsOpen()) videoSettings.StopTimer();  // the start may have ended before it
 }
 
 }  // namespace panelora

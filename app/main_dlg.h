@@ -37,8 +37,8 @@ class CMainDlg final : public ui::DialogEvents, public VideoPages {
   ~CMainDlg() override;
 
   // Opens the device, identifies the box, builds the window and its pages and starts the monitor.
-  // The window is hidden until Show.
-  void Init();
+  // The window is hidden until Show. False when the system can't make one of the windows.
+  bool Init();
   void Show() { window->Show(true); }
   bool IsOpen() const { return window != nullptr && window->IsOpen(); }
   ui::Dialog& Window() { return *window; }
@@ -67,7 +67,7 @@ class CMainDlg final : public ui::DialogEvents, public VideoPages {
 
  private:
   // main_dlg.cpp: start, monitor and looks
-  void CreatePages();
+  bool CreatePages();
   void InitPages();
   void SetFirstTexts();
   bool ReadIdentity();

@@ -8,8 +8,8 @@ constexpr int kFailure = 0;
 
 // Stores the export under its plain or its decorated name; false when the library has neither.
 template <class Function>
-bool Bind(const DevlnkLibrary::Resolver& resolve, const char* name, int argumentBytes,
-          Function& function) {
+bool BindExport(const DevlnkLibrary::Resolver& resolve, const char* name, int argumentBytes,
+                Function& function) {
   void* address = resolve(name);
   if (address == nullptr) {
     const std::string decorated = std::string(name) + "@" + std::to_string(argumentBytes);
@@ -22,9 +22,10 @@ bool Bind(const DevlnkLibrary::Resolver& resolve, const char* name, int argument
 
 }  // namespace
 
-DevlnkLibrary::DevlnkLibrary(const Resolver& resolve) {
+void DevlnkLibrary::Bind(const Resolver& resolve) {
+  missing.clear();
   const auto bind = [&](const char* name, int argumentBytes, auto& function) {
-    if (!Bind(resolve, name, argumentBytes, function) && missing.empty()) missing = name;
+    if (!BindExport(resolve, name, argumentBytes, function) && missing.empty()) missing = name;
   };
   bind("DEVLNK_OPEN", 4, exports.open);
   bind("DEVLNK_GET_KIRABOX_PROPERTY", 20, exports.getKiraboxProperty);
@@ -37,6 +38,9 @@ DevlnkLibrary::DevlnkLibrary(const Resolver& resolve) {
 }
 
 DeviceHandle DevlnkLibrary::Open(std::uint32_t mode) {
+  if (!IsUsable() && find) {
+    if (const Resolver resolve = find()) Bind(resolve);
+  }
   return IsUsable() ? exports.open(mode) : kNoBox;
 }
 

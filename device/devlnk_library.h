@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "device/device_link.h"
 
@@ -34,18 +35,24 @@ struct DevlnkExports {
 };
 
 // The device link over the library. Without all eight exports it is unusable as a whole: Open
-// answers kNoBox and every other call fails.
+// answers kNoBox and every other call fails. A library that is looked for is looked for at every
+// Open until it is found, so that it may be copied in while the program runs.
 class DevlnkLibrary final : public DeviceLink {
  public:
   // Finds an export by its name; null when the library has none of that name.
   using Resolver = std::function<void*(const char* name)>;
+  // Looks for the library; an empty resolver when there is none that can be used.
+  using Finder = std::function<Resolver()>;
 
   // A library that could not be loaded: every call fails.
   DevlnkLibrary() = default;
 
   // Looks each name up once. Plain names come first; where they are missing, the decorated ones
   // that 32-bit tools make ("_DEVLNK_OPEN@4", "DEVLNK_OPEN@4") do as well.
-  explicit DevlnkLibrary(const Resolver& resolve);
+  explicit DevlnkLibrary(const Resolver& resolve) { Bind(resolve); }
+
+  // Looks at the next Open.
+  explicit DevlnkLibrary(Finder theFinder) : find(std::move(theFinder)) {}
 
   bool IsUsable() const { return missing.empty() && exports.open != nullptr; }
 
@@ -68,6 +75,9 @@ class DevlnkLibrary final : public DeviceLink {
                       std::uint32_t value) override;
 
  private:
+  void Bind(const Resolver& resolve);
+
+  Finder find;
   DevlnkExports exports;
   std::string missing;
 };

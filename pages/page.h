@@ -52,10 +52,12 @@ class Page : public ui::DialogEvents {
         toolkit(context.toolkit),
         templateNumber(number) {}
 
-  // Creates the window; to be called once, before anything else.
-  void Create(ui::Dialog& parent) {
+  // Creates the window; to be called once, before anything else. False when it can't be made.
+  bool Create(ui::Dialog& parent) {
     window = toolkit.CreateDialogFrom(templateNumber, *this, &parent);
+    return window->IsOpen();
   }
+  bool IsOpen() const { return window != nullptr && window->IsOpen(); }
   void Show(bool shown) { window->Show(shown); }
   // Gives the keyboard to the page's first control; a page without one leaves it where it is.
   void FocusFirst() { window->FocusFirst(); }

@@ -1,7 +1,5 @@
 #include "platform/win32/devlnk_loader.h"
 
-#include "platform/win32/windows_headers.h"
-
 namespace panelora::win32 {
 
 namespace {
@@ -21,12 +19,9 @@ constexpr char kWrongBitness[] =
 constexpr char kMissing[] = "Panelora: DEVLNK.dll is not beside the program.\n";
 constexpr char kUnusable[] = "Panelora: DEVLNK.dll beside the program can't be loaded.\n";
 
-// The full name of DEVLNK.dll beside the program.
-std::wstring LibraryPath() {
-  std::wstring path(32768, L'\0');
-  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-  const std::size_t slash = path.find_last_of(L"\\/");
-  return path.substr(0, slash == std::wstring::npos ? 0 : slash + 1) + L"DEVLNK.dll";
+// A function of the system that older ones lack; null there.
+void* KernelFunction(const char* name) {
+  return reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), name));
 }
 
 // The machine that an image file was built for; 0 when it is no image.
@@ -53,34 +48,69 @@ WORD MachineOf(const std::wstring& path) {
   return machine;
 }
 
+// The system's folders and that of the library, where the system can be told so.
+HMODULE Load(const std::wstring& path) {
+  const bool canTell = KernelFunction("AddDllDirectory") != nullptr;
+  const DWORD folders = canTell ? LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32
+                                : LOAD_WITH_ALTERED_SEARCH_PATH;
+  // A missing file of the library's own must not raise a box; what it makes of the mode is undone.
+  const UINT mode = GetErrorMode();
+  SetErrorMode(mode | SEM_FAILCRITICALERRORS);
+  const HMODULE module = LoadLibraryExW(path.c_str(), nullptr, folders);
+  SetErrorMode(mode);
+  return module;
+}
+
 }  // namespace
 
-std::unique_ptr<DevlnkLibrary> LoadDevlnk(ui::Toolkit& toolkit) {
-  const std::wstring path = LibraryPath();
-  if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) {
-    toolkit.DebugOutput(kMissing);
-    return std::make_unique<DevlnkLibrary>();
-  }
+void UseSafeLibraryFolders() {
+  using SetFolders = BOOL(WINAPI*)(DWORD);
+  const auto set = reinterpret_cast<SetFolders>(KernelFunction("SetDefaultDllDirectories"));
+  if (set != nullptr) set(LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
+}
+
+std::wstring DevlnkPath() {
+  std::wstring path(32768, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  const std::size_t slash = path.find_last_of(L"\\/");
+  return path.substr(0, slash == std::wstring::npos ? 0 : slash + 1) + L"DEVLNK.dll";
+}
+
+// None when there is no such file.
+std::optional<DevlnkFinder::FileStamp> DevlnkFinder::Stamp() const {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
+  const auto join = [](DWORD high, DWORD low) { return ULONGLONG{high} << 32 | low; };
+  return FileStamp{join(data.nFileSizeHigh, data.nFileSizeLow),
+                   join(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime)};
+}
+
+DevlnkLibrary::Resolver DevlnkFinder::Nothing(const std::string& reason) {
+  if (reason != lastReason) toolkit.DebugOutput(reason);
+  lastReason = reason;
+  return {};
+}
+
+DevlnkLibrary::Resolver DevlnkFinder::Find() {
+  const std::optional<FileStamp> stamp = Stamp();
+  if (!stamp) return Nothing(kMissing);
+  if (stamp == hopeless) return {};
   if (MachineOf(path) == kOtherMachine) {
-    toolkit.DebugOutput(kWrongBitness);
-    return std::make_unique<DevlnkLibrary>();
+    hopeless = stamp;
+    return Nothing(kWrongBitness);
   }
-  // The library stays loaded until the process ends. A missing file of its own must not raise a
-  // box.
-  const UINT mode = SetErrorMode(SEM_FAILCRITICALERRORS);
-  const HMODULE module = LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-  SetErrorMode(mode);
-  if (module == nullptr) {
-    toolkit.DebugOutput(kUnusable);
-    return std::make_unique<DevlnkLibrary>();
-  }
-  auto library = std::make_unique<DevlnkLibrary>(
-      [module](const char* name) { return reinterpret_cast<void*>(GetProcAddress(module, name)); });
-  if (!library->IsUsable()) {
-    toolkit.DebugOutput("Panelora: DEVLNK.dll beside the program lacks " +
-                        library->MissingExport() + ".\n");
-  }
-  return library;
+  // It may still be on its way here, or wait for a file of its own: it is tried again.
+  const HMODULE module = Load(path);
+  if (module == nullptr) return Nothing(kUnusable);
+  const DevlnkLibrary::Resolver resolve = [module](const char* name) {
+    return reinterpret_cast<void*>(GetProcAddress(module, name));
+  };
+  const DevlnkLibrary library(resolve);
+  if (library.IsUsable()) return resolve;
+  FreeLibrary(module);  // so that a whole one can take its place
+  hopeless = stamp;
+  return Nothing("Panelora: DEVLNK.dll beside the program lacks " + library.MissingExport() +
+                 ".\n");
 }
 
 }  // namespace panelora::win32

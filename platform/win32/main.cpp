@@ -8,14 +8,19 @@
 #include "platform/win32/devlnk_loader.h"
 #include "platform/win32/win32_toolkit.h"
 
-int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int) {
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
   using namespace panelora;
+  win32::UseSafeLibraryFolders();
   std::srand(static_cast<unsigned>(std::time(nullptr)));
   win32::Win32Toolkit toolkit(instance);
-  const auto library = win32::LoadDevlnk(toolkit);
-  CMainDlg mainWindow(*library, toolkit);
-  mainWindow.Init();
-  mainWindow.Show();
+  win32::DevlnkFinder finder(toolkit, win32::DevlnkPath());
+  DevlnkLibrary library([&finder] { return finder.Find(); });
+  CMainDlg mainWindow(library, toolkit);
+  if (!mainWindow.Init()) {
+    toolkit.DebugOutput("Panelora: a window can't be made.\n");
+    return 1;
+  }
+  ShowWindow(static_cast<win32::Win32Dialog&>(mainWindow.Window()).Handle(), show);
   toolkit.RunUntilClosed(mainWindow.Window());
   return 0;
 }

@@ -168,5 +168,31 @@ TEST(DevlnkLibrary, MissingLibraryFailsEveryCall) {
   ExpectEveryCallFails(library);
 }
 
+// Looked for at every open and at no other call, until it is found; then never again.
+TEST(DevlnkLibrary, IsLookedForAtEveryOpenUntilItIsFound) {
+  int looked = 0;
+  DevlnkLibrary::Resolver found;
+  DevlnkLibrary library([&] {
+    ++looked;
+    return found;
+  });
+  EXPECT_EQ(looked, 0);
+  ExpectEveryCallFails(library);  // opens once
+  EXPECT_EQ(looked, 1);
+  ExpectEveryCallFails(library);
+  EXPECT_EQ(looked, 2);
+  found = [](const char* name) {
+    return std::string(name) == "DEVLNK_OPEN" ? nullptr : Plain(name);
+  };
+  ExpectEveryCallFails(library);
+  EXPECT_EQ(library.MissingExport(), "DEVLNK_OPEN");
+  found = Plain;
+  EXPECT_EQ(library.Open(2), 77U);
+  EXPECT_EQ(looked, 4);
+  EXPECT_TRUE(library.IsUsable());
+  EXPECT_EQ(library.Open(2), 77U);
+  EXPECT_EQ(looked, 4);
+}
+
 }  // namespace
 }  // namespace panelora

@@ -55,6 +55,46 @@ TEST_F(LibraryTest, AbsentLibraryShowsTheDisconnectedLook) {
   ExpectUnusable({}, {"DEVLNK.dll", "not beside the program"});
 }
 
+// The operator copies it in while the program runs; what the empty look says of it comes true.
+TEST_F(LibraryTest, LibraryThatArrivesLaterIsFoundAtTheNextTick) {
+  PanelProcess& panel = Start({.library = {}});
+  ExpectDisconnectedForGood(panel);
+  EXPECT_EQ(panel.TakeCalls(), kNothing);
+  panel.PutLibrary(TheParts().box);
+  EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
+  panel.Tick();
+  panel.Tick();
+  panel.Tick();  // two were silenced by the press on the picture
+  EXPECT_EQ(panel.CurrentLook(), HomeLook());
+  EXPECT_EQ(panel.Text(kInformationPage, 1007), "1920x1080  59.94p");
+}
+
+TEST_F(LibraryTest, WholeLibraryTakesThePlaceOfABrokenOne) {
+  for (const std::filesystem::path& broken :
+       {FileWith("This is no library.\n"), Fake("fake_lacks_export.dll")}) {
+    PanelProcess& panel = Start({.library = broken});
+    panel.Tick();
+    EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
+    panel.PutLibrary(TheParts().box);
+    panel.Tick();
+    EXPECT_EQ(panel.CurrentLook(), HomeLook());
+    CloseAndCheck();
+  }
+}
+
+// Neither the folder that the program was started in nor the search path gives it a library.
+TEST_F(LibraryTest, NothingIsLoadedFromTheWorkingFolder) {
+  const std::filesystem::path planted =
+      std::filesystem::temp_directory_path() /
+      ("panelora_planted_" + std::to_string(GetCurrentProcessId()));
+  std::filesystem::remove_all(planted);
+  std::filesystem::create_directories(planted);
+  std::filesystem::copy_file(Fake("fake_only_opens.dll"), planted / kPlantedLibrary);
+  EXPECT_FALSE(Start({.workingFolder = planted}).Description().plantedLibraryLoads);
+  CloseAndCheck();
+  std::filesystem::remove_all(planted);
+}
+
 TEST_F(LibraryTest, LibraryInTheWorkingFolderIsNotTaken) {
   PanelProcess& panel = Start({.library = {}, .workingFolder = TheParts().box.parent_path()});
   EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());

@@ -37,6 +37,7 @@ void Describe(HWND window) {
   if (mapping == nullptr) return;
   if (void* view = MapViewOfFile(mapping, FILE_MAP_ALL_ACCESS, 0, 0, 0)) {
     ProbeMemory& memory = *static_cast<ProbeMemory*>(view);
+    memory.plantedLibraryLoads = LoadLibraryA(kPlantedLibrary) != nullptr;
     memory.bigIcon = SendMessageA(window, WM_GETICON, ICON_BIG, 0) != 0;
     memory.smallIcon = SendMessageA(window, WM_GETICON, ICON_SMALL, 0) != 0;
     lstrcpynA(memory.systemMenu, SystemMenuOf(window).c_str(), sizeof memory.systemMenu);

@@ -16,9 +16,13 @@ struct ProbeInput {
   long releases;  // of keys, and of the left mouse button
 };
 
+// A library that no part of the program asks for.
+constexpr char kPlantedLibrary[] = "panelora_planted.dll";
+
 struct ProbeMemory {
-  long described;  // 1 = the rest is complete
-  bool bigIcon;    // the window has them
+  long described;            // 1 = the rest is complete
+  bool plantedLibraryLoads;  // by its name alone
+  bool bigIcon;              // the window has them
   bool smallIcon;
   char systemMenu[1024];  // a line an item: "id text", or "-" for a separator
 };

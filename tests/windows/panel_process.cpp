@@ -51,6 +51,31 @@ BOOL CALLBACK CollectDialog(HWND window, LPARAM parameter) {
   return TRUE;
 }
 
+// Takes the next event of a process that is debugged, if there is one soon.
+void TakeDebugEvent(HANDLE process, std::vector<std::string>& lines) {
+  DEBUG_EVENT event{};
+  if (!WaitForDebugEvent(&event, kPoll)) return;
+  DWORD answer = DBG_CONTINUE;
+  if (event.dwDebugEventCode == OUTPUT_DEBUG_STRING_EVENT) {
+    const OUTPUT_DEBUG_STRING_INFO& output = event.u.DebugString;
+    std::string text(output.nDebugStringLength, '\0');
+    SIZE_T read = 0;
+    if (output.fUnicode == 0 &&
+        ReadProcessMemory(process, output.lpDebugStringData, text.data(), text.size(), &read)) {
+      text.resize(std::strlen(text.c_str()));
+      if (text.starts_with("Panelora:")) lines.push_back(text);
+    }
+  } else if (event.dwDebugEventCode == CREATE_PROCESS_DEBUG_EVENT) {
+    CloseHandle(event.u.CreateProcessInfo.hFile);
+  } else if (event.dwDebugEventCode == LOAD_DLL_DEBUG_EVENT) {
+    CloseHandle(event.u.LoadDll.hFile);
+  } else if (event.dwDebugEventCode == EXCEPTION_DEBUG_EVENT) {
+    const DWORD code = event.u.Exception.ExceptionRecord.ExceptionCode;
+    if (code != EXCEPTION_BREAKPOINT) answer = DBG_EXCEPTION_NOT_HANDLED;
+  }
+  ContinueDebugEvent(event.dwProcessId, event.dwThreadId, answer);
+}
+
 }  // namespace
 
 Parts& TheParts() {
@@ -149,6 +174,10 @@ void PanelProcess::StartSuspended(const Setup& setup) {
   const std::filesystem::path working = setup.workingFolder.empty() ? folder : setup.workingFolder;
   STARTUPINFOW start{};
   start.cb = sizeof start;
+  if (setup.show >= 0) {
+    start.dwFlags = STARTF_USESHOWWINDOW;
+    start.wShowWindow = static_cast<WORD>(setup.show);
+  }
   DWORD flags = CREATE_SUSPENDED;
   if (setup.debugged) flags |= DEBUG_ONLY_THIS_PROCESS;
   // Wine has been seen to refuse a start that it grants the next moment.
@@ -214,29 +243,26 @@ void PanelProcess::HoldTheClock() {
   if (hook == nullptr) throw std::runtime_error("the probe can't be set");
 }
 
-// Takes the next event of the process, if there is one soon.
-void PanelProcess::PumpDebugger() {
-  DEBUG_EVENT event{};
-  if (!WaitForDebugEvent(&event, kPoll)) return;
-  DWORD answer = DBG_CONTINUE;
-  if (event.dwDebugEventCode == OUTPUT_DEBUG_STRING_EVENT) {
-    const OUTPUT_DEBUG_STRING_INFO& output = event.u.DebugString;
-    std::string text(output.nDebugStringLength, '\0');
-    SIZE_T read = 0;
-    if (output.fUnicode == 0 && ReadProcessMemory(process.hProcess, output.lpDebugStringData,
-                                                  text.data(), text.size(), &read)) {
-      text.resize(std::strlen(text.c_str()));
-      if (text.starts_with("Panelora:")) debuggerLines.push_back(text);
-    }
-  } else if (event.dwDebugEventCode == CREATE_PROCESS_DEBUG_EVENT) {
-    CloseHandle(event.u.CreateProcessInfo.hFile);
-  } else if (event.dwDebugEventCode == LOAD_DLL_DEBUG_EVENT) {
-    CloseHandle(event.u.LoadDll.hFile);
-  } else if (event.dwDebugEventCode == EXCEPTION_DEBUG_EVENT) {
-    const DWORD code = event.u.Exception.ExceptionRecord.ExceptionCode;
-    if (code != EXCEPTION_BREAKPOINT) answer = DBG_EXCEPTION_NOT_HANDLED;
+// Runs it under the debugger, since it has no window to wait for.
+Ending PanelProcess::RunToItsEnd(const std::filesystem::path& program) {
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessW(program.c_str(), nullptr, nullptr, nullptr, FALSE, DEBUG_ONLY_THIS_PROCESS,
+                      nullptr, nullptr, &start, &process)) {
+    throw std::runtime_error("the program can't be started: error " +
+                             std::to_string(GetLastError()));
   }
-  ContinueDebugEvent(event.dwProcessId, event.dwThreadId, answer);
+  Ending ending{};
+  const ULONGLONG begin = GetTickCount64();
+  while (WaitForSingleObject(process.hProcess, 0) == WAIT_TIMEOUT) {
+    TakeDebugEvent(process.hProcess, ending.debuggerLines);
+    if (GetTickCount64() - begin > kPatience) TerminateProcess(process.hProcess, 99);
+  }
+  GetExitCodeProcess(process.hProcess, &ending.code);
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return ending;
 }
 
 DWORD PanelProcess::WaitForEnd() {
@@ -333,7 +359,7 @@ void PanelProcess::Await(const char* what, const std::function<bool()>& conditio
   const ULONGLONG start = GetTickCount64();
   while (!condition()) {
     if (debugging) {
-      PumpDebugger();
+      TakeDebugEvent(process.hProcess, debuggerLines);
     } else {
       Sleep(kPoll);
     }
@@ -462,6 +488,11 @@ ProbeMemory PanelProcess::Description() {
   UnmapViewOfFile(memory);
   CloseHandle(mapping);
   return description;
+}
+
+void PanelProcess::PutLibrary(const std::filesystem::path& library) {
+  std::filesystem::remove(folder / "DEVLNK.dll");
+  std::filesystem::copy_file(library, folder / "DEVLNK.dll");
 }
 
 Calls PanelProcess::TakeCalls() {

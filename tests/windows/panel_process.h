@@ -99,6 +99,12 @@ constexpr ui::Rect ButtonAt(int y) { return {0, y, 110, 40}; }
 
 using IdentityBytes = std::array<std::uint8_t, 5>;
 
+// How a program ended that shows no window.
+struct Ending {
+  DWORD code;
+  std::vector<std::string> debuggerLines;
+};
+
 class PanelProcess {
  public:
   struct Setup {
@@ -110,6 +116,7 @@ class PanelProcess {
     bool holdsClock = true;  // only the ticks that the test sends count
     bool debugged = false;   // collects what goes to the debugger up to the first look
     std::filesystem::path workingFolder = {};  // empty = the program's own
+    int show = -1;  // how the system asks for the window (SW_...); -1 = it does not
   };
 
   // Starts the program and waits for its window.
@@ -118,6 +125,9 @@ class PanelProcess {
   ~PanelProcess();
   PanelProcess(const PanelProcess&) = delete;
   PanelProcess& operator=(const PanelProcess&) = delete;
+
+  // Starts a program that ends by itself, and waits for that.
+  static Ending RunToItsEnd(const std::filesystem::path& program);
 
   // Waits for the end of the process; its exit code.
   DWORD WaitForEnd();
@@ -162,6 +172,9 @@ class PanelProcess {
   // The program's lines on the debugger's output stream.
   const std::vector<std::string>& DebuggerLines() const { return debuggerLines; }
 
+  // Copies a library beside the program, in the place of what stands there.
+  void PutLibrary(const std::filesystem::path& library);
+
   // The simulated box.
   Calls TakeCalls();  // since the last time
   void Plug(bool plugged);
@@ -177,7 +190,6 @@ class PanelProcess {
   void FindMain();
   void HoldTheClock();
   void UseDisplay(const std::string& commands, long releases);
-  void PumpDebugger();
   std::vector<HWND> TopWindows() const;
 
   std::filesystem::path folder;

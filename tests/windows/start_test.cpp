@@ -1,4 +1,6 @@
 // What the operator finds when the program has started.
+#include <fstream>
+
 #include "device_calls.h"
 #include "panel_test.h"
 
@@ -86,6 +88,88 @@ TEST_F(StartTest, WindowHasIconsAndASystemMenuWithAboutBehindASeparator) {
   ASSERT_GE(menu.size(), about.size());
   EXPECT_EQ(menu.substr(menu.size() - about.size()), about) << menu;
   EXPECT_NE(menu.find(std::to_string(SC_CLOSE) + " "), std::string::npos) << menu;
+}
+
+TEST_F(StartTest, WindowIsShownAsTheSystemAsksForIt) {
+  EXPECT_FALSE(IsIconic(Start().Main()));
+  CloseAndCheck();
+  PanelProcess& panel = Start({.show = SW_SHOWMINNOACTIVE});
+  EXPECT_TRUE(IsIconic(panel.Main()));
+  panel.Plug(false);
+  panel.Tick();
+  panel.Plug(true);
+  panel.Tick();
+  EXPECT_TRUE(IsIconic(panel.Main()));  // a box that comes does not bring the window up
+  panel.Send(panel.Main(), WM_SYSCOMMAND, SC_RESTORE);
+  EXPECT_FALSE(IsIconic(panel.Main()));
+  EXPECT_EQ(panel.CurrentLook(), HomeLook());
+}
+
+BOOL CALLBACK AddLanguage(HMODULE, LPCSTR, LPCSTR, WORD language, LONG_PTR languages) {
+  reinterpret_cast<std::vector<WORD>*>(languages)->push_back(language);
+  return TRUE;
+}
+
+// Makes a dialog of a program's resources one of a window class that there is not.
+void SpoilDialog(const std::filesystem::path& program, int number) {
+  const LPCSTR name = MAKEINTRESOURCEA(number);
+  std::vector<WORD> languages;
+  const HMODULE image = LoadLibraryExW(program.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  EnumResourceLanguagesA(image, RT_DIALOG, name, AddLanguage,
+                         reinterpret_cast<LONG_PTR>(&languages));
+  FreeLibrary(image);
+  ASSERT_FALSE(languages.empty());
+  // Style (two words), extended style, no controls, place, no menu, class, no title.
+  std::vector<WORD> dialog = {0, HIWORD(WS_POPUP), 0, 0, 0, 0, 0, 9, 9, 0};
+  for (const wchar_t letter : L"NoSuchClass") dialog.push_back(static_cast<WORD>(letter));
+  dialog.push_back(0);
+  const HANDLE update = BeginUpdateResourceW(program.c_str(), FALSE);
+  for (const WORD language : languages) {
+    ASSERT_TRUE(UpdateResourceA(update, RT_DIALOG, name, language, dialog.data(),
+                                static_cast<DWORD>(dialog.size() * sizeof(WORD))));
+  }
+  ASSERT_TRUE(EndUpdateResourceW(update, FALSE));
+}
+
+// A program that can't make one of its dialogs ends at once, with a line for whoever looks for the
+// reason.
+TEST_F(StartTest, WindowThatCantBeMadeEndsTheProgram) {
+  const std::filesystem::path broken =
+      std::filesystem::temp_directory_path() /
+      ("panelora_broken_" + std::to_string(GetCurrentProcessId()) + ".exe");
+  for (const int missing : {kMain, kVideoSettingsPage, kTextLabelsPage}) {
+    SCOPED_TRACE(missing);
+    std::filesystem::copy_file(TheParts().program, broken);
+    SpoilDialog(broken, missing);
+    const Ending ending = PanelProcess::RunToItsEnd(broken);
+    EXPECT_EQ(ending.code, 1U);
+    ASSERT_FALSE(ending.debuggerLines.empty());
+    EXPECT_EQ(ending.debuggerLines.back(), "Panelora: a window can't be made.\n");
+    std::filesystem::remove(broken);
+  }
+}
+
+// What the system's loader is asked for: another place in memory with every start, out of the whole
+// range, and no code in data.
+TEST_F(StartTest, ProgramAndLibraryAskForTheLoadersProtection) {
+  for (const std::filesystem::path& path : {TheParts().program, TheParts().box}) {
+    SCOPED_TRACE(path.string());
+    std::ifstream file(path, std::ios::binary);
+    std::string bytes(0x1000, '\0');
+    file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(bytes.data());
+    const auto* nt = reinterpret_cast<const IMAGE_NT_HEADERS*>(bytes.data() + dos->e_lfanew);
+    const WORD flags = nt->OptionalHeader.DllCharacteristics;
+    EXPECT_NE(flags & IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE, 0);
+    EXPECT_NE(flags & IMAGE_DLLCHARACTERISTICS_NX_COMPAT, 0);
+    // Without these the place could not change.
+    EXPECT_EQ(nt->FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED, 0);
+    EXPECT_GT(nt->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_BASERELOC].Size, 0U);
+    if (sizeof(void*) == 8) {
+      EXPECT_NE(flags & 0x0020, 0);  // high-entropy addresses
+      EXPECT_NE(nt->FileHeader.Characteristics & IMAGE_FILE_LARGE_ADDRESS_AWARE, 0);
+    }
+  }
 }
 
 TEST_F(StartTest, UnpluggedBoxShowsTheDisconnectedLook) {
