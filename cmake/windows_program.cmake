@@ -1,11 +1,22 @@
 # The program, its toolkit over real windows, and the simulated DEVLNK.dll.
 enable_language(RC)
 
-# One static file with nothing beside the system's own DLLs.
+# One static file with nothing beside the system's own DLLs. It asks the system's loader for another
+# place in memory with every start, out of the whole range where addresses have 64 bits, and for data
+# that is never run as code.
 if(MSVC)
   set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+  add_compile_options(/guard:cf)
+  add_link_options(/GUARD:CF /DYNAMICBASE /NXCOMPAT)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    add_link_options(/HIGHENTROPYVA)
+  endif()
 else()
-  add_link_options(-static -Wl,--gc-sections -Wl,--no-insert-timestamp $<$<CONFIG:MinSizeRel>:-s>)
+  add_link_options(-static -Wl,--gc-sections -Wl,--no-insert-timestamp $<$<CONFIG:MinSizeRel>:-s>
+                   -Wl,--dynamicbase -Wl,--nxcompat)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    add_link_options(-Wl,--high-entropy-va)
+  endif()
 endif()
 
 add_library(panelora_win32 STATIC

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
@@ -10,11 +11,22 @@
 
 namespace panelora::ui {
 
+// Compilers that can compare a format with what is given for it do so.
+#if defined(__GNUC__)
+#define PANELORA_PRINTF __attribute__((format(printf, 1, 2)))
+#else
+#define PANELORA_PRINTF
+#endif
+
+PANELORA_PRINTF inline std::string Format(const char* format, ...);
+
 // The formatted text, cut at 255 characters.
-template <class... Values>
-std::string Format(const char* format, Values... values) {
+inline std::string Format(const char* format, ...) {
   char text[256];
-  const int length = std::snprintf(text, sizeof text, format, values...);
+  std::va_list values;
+  va_start(values, format);
+  const int length = std::vsnprintf(text, sizeof text, format, values);
+  va_end(values);
   return length < 0 ? std::string() : std::string(text);
 }
 

@@ -64,7 +64,8 @@ void CColourLabel::PaintAnew() {
   InvalidateRect(window, nullptr, FALSE);
 }
 
-LRESULT CALLBACK CColourLabel::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK CColourLabel::Procedure(HWND window, UINT message, WPARAM wParam,
+                                         LPARAM lParam) noexcept {
   if (message == WM_NCCREATE) {
     auto* created =
         static_cast<CColourLabel*>(reinterpret_cast<CREATESTRUCTA*>(lParam)->lpCreateParams);

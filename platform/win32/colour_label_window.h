@@ -26,7 +26,8 @@ class CColourLabel {
   const ColourLabelLook& Look() const { return look; }
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam,
+                                    LPARAM lParam) noexcept;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
   void Paint(HDC context);
   void DrawCaption(HDC context, const std::string& text, const ui::Rect& place);

@@ -33,6 +33,7 @@ GdiCache::~GdiCache() {
   for (const auto& [key, bitmap] : bitmaps) {
     if (bitmap != nullptr) DeleteObject(bitmap);
   }
+  if (gdiplusUnhook != nullptr) gdiplusUnhook(gdiplusHook);
   if (gdiplusToken != 0) {
     const auto shutdown = Bind<void(WINAPI*)(ULONG_PTR)>(gdiplus, "GdiplusShutdown");
     if (shutdown != nullptr) shutdown(gdiplusToken);
@@ -105,16 +106,34 @@ HBITMAP GdiCache::BitmapFor(const std::string& name, bool fine) {
   return bitmap;
 }
 
+// From the system's folder alone, and without the thread of its own that it would start: the
+// program has one.
+void GdiCache::StartGdiplus() {
+  wchar_t path[MAX_PATH + 16] = L"";
+  GetSystemDirectoryW(path, MAX_PATH);
+  lstrcatW(path, L"\\gdiplus.dll");
+  gdiplus = LoadLibraryW(path);
+  if (gdiplus == nullptr) return;
+  using Startup =
+      int(WINAPI*)(ULONG_PTR*, const Gdiplus::GdiplusStartupInput*, Gdiplus::GdiplusStartupOutput*);
+  const auto startup = Bind<Startup>(gdiplus, "GdiplusStartup");
+  Gdiplus::GdiplusStartupInput input;
+  input.SuppressBackgroundThread = TRUE;
+  Gdiplus::GdiplusStartupOutput output{};
+  if (startup == nullptr || startup(&gdiplusToken, &input, &output) != 0) {
+    gdiplusToken = 0;
+    return;
+  }
+  if (output.NotificationHook != nullptr && output.NotificationHook(&gdiplusHook) == Gdiplus::Ok) {
+    gdiplusUnhook = output.NotificationUnhook;
+  }
+}
+
 // The drawing of twice the size, or null when it can't be had.
 HBITMAP GdiCache::LoadFine(const std::string& name) {
   if (!gdiplusTried) {
     gdiplusTried = true;
-    gdiplus = LoadLibraryExA("gdiplus.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    if (gdiplus == nullptr) gdiplus = LoadLibraryA("gdiplus.dll");
-    using Startup = int(WINAPI*)(ULONG_PTR*, const Gdiplus::GdiplusStartupInput*, void*);
-    const auto startup = gdiplus != nullptr ? Bind<Startup>(gdiplus, "GdiplusStartup") : nullptr;
-    const Gdiplus::GdiplusStartupInput input;
-    if (startup == nullptr || startup(&gdiplusToken, &input, nullptr) != 0) gdiplusToken = 0;
+    StartGdiplus();
   }
   if (gdiplusToken == 0) return nullptr;
 

@@ -42,6 +42,7 @@ class GdiCache {
   HDC MeasureWith(HFONT font);
   HBITMAP BitmapFor(const std::string& name, bool fine);
   HBITMAP LoadFine(const std::string& name);
+  void StartGdiplus();
 
   HINSTANCE instance;
   std::map<std::tuple<std::string, int, int, int>, HFONT> fonts;
@@ -51,6 +52,8 @@ class GdiCache {
   HDC measuring = nullptr;
   HMODULE gdiplus = nullptr;
   ULONG_PTR gdiplusToken = 0;
+  ULONG_PTR gdiplusHook = 0;
+  void(WINAPI* gdiplusUnhook)(ULONG_PTR) = nullptr;
   bool gdiplusTried = false;
 };
 

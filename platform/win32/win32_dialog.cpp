@@ -52,7 +52,9 @@ void Win32Dialog::Close() {
   DestroyWindow(window);
 }
 
-INT_PTR CALLBACK Win32Dialog::Procedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
+// Nothing may leave it: what called it is the system, which knows no exceptions.
+INT_PTR CALLBACK Win32Dialog::Procedure(HWND handle, UINT message, WPARAM wParam,
+                                        LPARAM lParam) noexcept {
   if (message == WM_INITDIALOG) {
     SetWindowLongPtrA(handle, DWLP_USER, lParam);
     Win32Dialog* dialog = reinterpret_cast<Win32Dialog*>(lParam);

@@ -85,7 +85,8 @@ class Win32Dialog final : public ui::Dialog {
   void Rescale(int newDpi);
 
  private:
-  static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam,
+                                    LPARAM lParam) noexcept;
   INT_PTR OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
   INT_PTR OnEvent(UINT message, WPARAM wParam, LPARAM lParam);
   INT_PTR Answer(LRESULT result);

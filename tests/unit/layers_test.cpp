@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <regex>
 #include <string>
 #include <vector>
@@ -75,6 +76,24 @@ TEST(Layers, NoPageIncludesAPageOfAnotherFolder) {
     const std::string other = fs::path(each.included).parent_path().generic_string();
     EXPECT_TRUE(other == own || other == "pages") << each.file << " includes " << each.included;
   }
+}
+
+// What the system calls must let no exception out: nobody there could catch it.
+TEST(Layers, CallbacksOfTheSystemLetNoExceptionOut) {
+  const fs::path root = PANELORA_SOURCE_DIR;
+  const std::regex definition("\\bCALLBACK\\s+\\w+::\\w+\\([^)]*\\)([^{;]*)\\{");
+  int found = 0;
+  for (const auto& entry : fs::directory_iterator(root / "platform/win32")) {
+    if (entry.path().extension() != ".cpp") continue;
+    std::ifstream file(entry.path());
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    for (std::sregex_iterator match(text.begin(), text.end(), definition), end; match != end;
+         ++match) {
+      ++found;
+      EXPECT_NE((*match)[1].str().find("noexcept"), std::string::npos) << (*match)[0];
+    }
+  }
+  EXPECT_EQ(found, 2);  // of the dialogs, and of the colour label
 }
 
 TEST(Layers, WindowsHeadersStayInTheirPlace) {
