@@ -111,17 +111,28 @@ TEST_F(DisplayMode, OpeningAndDefaultTellTheBoxAndRead) {
   }
 }
 
-TEST_F(DisplayMode, OtherTypesReadAndWriteNothing) {
-  Open({26, 0, 0, 0, 0});
-  panel->ShowDisplayMode();
-  EXPECT_EQ(TakeCalls(), kOpening);
-  EXPECT_EQ(CallsOf(kPictureButton), Calls{});
-  EXPECT_EQ(CallsOf(kApplyButton), Calls{});
-  for (const int button : {1046, 1049, 1052, 1055}) {
-    EXPECT_EQ(CallsOnPage(kPage, button), Calls{}) << button;
+// Every type is asked for its modes while the page is initialised, and told when it is opened; a
+// type without them is asked and told nothing else.
+TEST_F(DisplayMode, OtherTypesAreOnlyToldThatThePageIsOpen) {
+  for (const std::uint8_t type : Bytes{26, 50, 24, 17}) {
+    SCOPED_TRACE(int{type});
+    panel.reset();
+    admitted = {type};
+    box.Become({type, 0, 0, 0, 0}, 0x0126);
+    TakeCalls();
+    Start();
+    const Calls start = TakeCalls();
+    EXPECT_EQ(std::count(start.begin(), start.end(), "get block 1,0,20"), 1);
+    panel->ShowDisplayMode();
+    EXPECT_EQ(TakeCalls(), kOpening);
+    EXPECT_EQ(CallsOf(kPictureButton), Calls{});
+    EXPECT_EQ(CallsOf(kApplyButton), Calls{});
+    for (const int button : {1046, 1049, 1052, 1055}) {
+      EXPECT_EQ(CallsOnPage(kPage, button), Calls{}) << button;
+    }
+    EXPECT_EQ(Mode(), "Mode 1");
+    EXPECT_EQ(Names(), (std::vector<std::string>{"Channel 1", "Channel 1", "Channel 2"}));
   }
-  EXPECT_EQ(Mode(), "Mode 1");
-  EXPECT_EQ(Names(), (std::vector<std::string>{"Channel 1", "Channel 1", "Channel 2"}));
 }
 
 TEST_F(DisplayMode, Type51ReadsModeAndCodesInEitherView) {

@@ -85,16 +85,5 @@ TEST_F(ModelsTable, PagesAskTheTypesThatTheTableNames) {
   }
 }
 
-// Only the shipped type is complete on the pages that every type has.
-TEST_F(ModelsTable, OtherTypesAreStatedNowhereOnTheCommonPages) {
-  const std::map<std::string, Column> table = ReadTable();
-  for (const char* name : {"Information", "Video settings", "Audio", "Proc Amp", "Setting"}) {
-    ASSERT_TRUE(table.contains(name)) << name;
-    for (const auto& [boxType, cell] : table.at(name)) {
-      EXPECT_EQ(cell, boxType == 26 ? "S" : "C") << name << " on " << boxType;
-    }
-  }
-}
-
 }  // namespace
 }  // namespace panelora::testing

@@ -1,4 +1,6 @@
 // The navigation bar: pages, buttons, and what Apply, Default, Refresh and Page Up act on.
+#include <cstdlib>
+
 #include "tests/support/panel_test.h"
 
 namespace panelora::testing {
@@ -227,7 +229,7 @@ TEST_F(Navigation, ApplySilencesFiveTicksAndDefaultTwo) {
   EXPECT_EQ(panel->Panel().tickSkip, 2);
 }
 
-TEST_F(Navigation, PageUpTogglesOnVideoSettingsAndProcAmpOnly) {
+TEST_F(Navigation, PageUpTogglesOnVideoSettingsAndProcAmp) {
   Start();
   Press(kPageUpButton);
   EXPECT_EQ(panel->Panel().cycleState, 0);
@@ -249,6 +251,26 @@ TEST_F(Navigation, PageUpTogglesOnVideoSettingsAndProcAmpOnly) {
   }
   Press(kReturnButton);
   EXPECT_EQ(panel->Panel().cycleState, 0);
+}
+
+TEST_F(Navigation, PageUpDoesNothingOnPagesWithoutASecondView) {
+  admitted = {39};
+  StartWith(0x0126, {39, 0, 0, 0, 0});
+  const auto stays = [&] {
+    EXPECT_EQ(CallsOf(kPageUpButton), Calls{}) << static_cast<int>(panel->CurrentPage());
+    EXPECT_EQ(panel->Panel().cycleState, 0);
+  };
+  for (const int button : {kInformationButton, kVideoButton, kAudioButton, kSettingButton}) {
+    Press(button);
+    stays();
+    Press(kReturnButton);
+  }
+  for (const auto show :
+       {&CMainDlg::ShowTvWall, &CMainDlg::ShowPip, &CMainDlg::ShowGenlock,
+        &CMainDlg::ShowImageAdjust, &CMainDlg::ShowRoi, &CMainDlg::ShowTextLabels}) {
+    (panel.get()->*show)();
+    stays();
+  }
 }
 
 TEST_F(Navigation, PageUpTogglesOnDisplayMode) {
@@ -479,14 +501,40 @@ TEST_F(Navigation, OtherModelsHaveApplyOnAudioAndSetting) {
   EXPECT_EQ(Buttons(), (Texts{"Apply 65", "Return 105"}));
 }
 
-TEST_F(Navigation, EveryButtonTwiceLeavesTheWindowWhole) {
+// What the operator can press, in turn and without an answer of the box: one page is shown, no
+// button stands over another, and the keyboard is on something.
+TEST_F(Navigation, ButtonsPressedInTurnLeaveTheWindowWhole) {
+  constexpr int kTemplates[] = {103, 104, 105, 106, 107, 110, 109, 108, 111, 112, 113, 114, 115};
   for (const std::uint8_t brand : Bytes{0, 2}) {
     StartWith(0x0126, {26, brand, 0, 0, 0});
     device.FailEverything();
-    for (int round = 0; round < 2; ++round) {
-      for (const NavigationButton& button : kNavigationButtons) Press(button.control);
+    int pressed = 0;
+    for (int round = 0; round < 8; ++round) {
+      for (const NavigationButton& button : kNavigationButtons) {
+        if (!desk.Shows(res::kMain, button.control)) continue;
+        SCOPED_TRACE(button.control);
+        ++pressed;
+        Press(button.control);
+        const int page = kTemplates[static_cast<int>(panel->CurrentPage())];
+        EXPECT_EQ(ShownPages(), std::vector<int>{page});
+        EXPECT_EQ(desk.PlaceOf(page), (Rect{110, 65, 540, 335}));
+        EXPECT_EQ(PictureRect(), (Rect{0, 0, 600, 65}));
+        std::vector<int> tops;
+        for (const NavigationButton& shown : kNavigationButtons) {
+          if (!desk.Shows(res::kMain, shown.control)) continue;
+          const Rect place = desk.PlaceOf(res::kMain, shown.control);
+          for (const int top : tops) EXPECT_GE(std::abs(place.y - top), 40) << shown.control;
+          tops.push_back(place.y);
+        }
+        const auto [dialog, control] = desk.Focus(res::kMain);
+        EXPECT_TRUE(desk.IsShown(dialog));
+        EXPECT_TRUE(desk.Shows(dialog, control)) << control;
+        EXPECT_TRUE(desk.Enables(dialog, control)) << control;
+      }
     }
-    EXPECT_TRUE(panel->IsOpen());
+    EXPECT_GT(pressed, 20);
+    for (int i = 0; i < 2 && desk.Shows(res::kMain, kReturnButton); ++i) Press(kReturnButton);
+    ExpectConnectedLook();
     device.FailNothing();
     panel.reset();
   }

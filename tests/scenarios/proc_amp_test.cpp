@@ -124,8 +124,7 @@ TEST_F(ProcAmp, StoredByteIsWhatTheSliderCanHold) {
   box.Block(14) = {1, 2, 200};
   Press(kPictureButton);
   EXPECT_EQ(desk.SliderPosition(kPage, 1047), 64);
-  Press(kPageUpButton);
-  TakeCalls();
+  EXPECT_EQ(CallsOf(kPageUpButton), Calls{});  // the RGB sliders are painted for the first time
   desk.Repaint(kPage);
   EXPECT_EQ(TakeCalls(), Calls{});
 }

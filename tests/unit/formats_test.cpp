@@ -73,7 +73,7 @@ struct Row {
   std::uint8_t key;
   const char* text;
 };
-constexpr Row kRows[] = {{3, "three"}, {1, "one"}, {3, "again"}, {255, "end"}, {1, "beyond"}};
+constexpr Row kRows[] = {{3, "three"}, {1, "one"}, {3, "again"}, {255, "end"}, {4, "beyond"}};
 
 TEST(OptionTable, FindsTheFirstMatchAndStopsAtTheEndRow) {
   const auto find = [](std::uint8_t key) {
@@ -82,14 +82,8 @@ TEST(OptionTable, FindsTheFirstMatchAndStopsAtTheEndRow) {
   EXPECT_STREQ(find(3)->text, "three");
   EXPECT_STREQ(find(1)->text, "one");
   EXPECT_EQ(find(2), nullptr);
+  EXPECT_EQ(find(4), nullptr);
   EXPECT_STREQ(find(255)->text, "end");  // some end rows carry a text that a box can ask for
-}
-
-TEST(OptionTable, TrimsThePaddingOfCaptions) {
-  EXPECT_EQ(TrimRight("Full Screen     "), "Full Screen");
-  EXPECT_EQ(TrimRight("   "), "");
-  EXPECT_EQ(TrimRight(""), "");
-  EXPECT_EQ(TrimRight("  a b"), "  a b");
 }
 
 }  // namespace

@@ -67,6 +67,26 @@ TEST_F(KeyboardTest, EnterAndSpacePressTheFocusedButton) {
   EXPECT_EQ(panel.CurrentLook(), HomeLook());
 }
 
+// A key that is held repeats itself; what it presses goes to the box once.
+TEST_F(KeyboardTest, HeldEnterPressesOnce) {
+  PanelProcess& panel = Start();
+  panel.Press(kMain, kAudio);
+  TabTo(panel, kApply);
+  panel.TakeCalls();
+  const HWND apply = panel.Focus();
+  constexpr LPARAM kRepeated = 0x40000001;
+  panel.Post(apply, WM_KEYDOWN, VK_RETURN, 1);
+  for (int i = 0; i < 20; ++i) panel.Post(apply, WM_KEYDOWN, VK_RETURN, kRepeated);
+  panel.Post(apply, WM_KEYUP, VK_RETURN, static_cast<LPARAM>(0xC0000001));
+  Settle(panel);
+  const Calls once = {"set word 0,6 = 1", "set word 0,11 = 0", "set word 0,16 = 0"};
+  EXPECT_EQ(panel.TakeCalls(), once);
+  // Pressed again it counts again.
+  panel.PostKey(apply, VK_RETURN);
+  Settle(panel);
+  EXPECT_EQ(panel.TakeCalls(), once);
+}
+
 TEST_F(KeyboardTest, FocusLeavesAButtonThatIsHidden) {
   PanelProcess& panel = Start();
   for (const int button : {kVideo, kAudio, kProcAmp, kSetting}) {
