@@ -74,8 +74,9 @@ bool CMainDlg::Init() {
   return true;
 }
 
-// True when the box answered. The bytes are stored only when the box type changed: the same model
-// that comes back with other brand or DIP bytes keeps the old ones, on purpose.
+// True when the box answered. The bytes are stored only when byte 0 is another box type than the
+// one that is known, on purpose: while a model stays known its other bytes keep. A lost box is not:
+// its type is 255 by then.
 bool CMainDlg::ReadIdentity() {
   BlockBuffer block{};
   if (device.GetKiraboxProperty(panel.deviceHandle, block::kIdentity, kNoSub, 20, block) !=

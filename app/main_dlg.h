@@ -48,7 +48,8 @@ class CMainDlg final : public ui::DialogEvents, public VideoPages {
   PageCode CurrentPage() const { return pageCode; }
 
   // The show procedures that the Video menu calls. Each hides everything else, opens the page's
-  // function on the box, reads it and shows it with its navigation buttons.
+  // function on the box (Video settings and TV Wall have none), reads the box and shows the page
+  // with its navigation buttons.
   void ShowVideoSettings() override;
   void ShowDisplayMode() override;
   void ShowTvWall() override;

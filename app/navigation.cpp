@@ -35,7 +35,8 @@ constexpr MissingButtons kMissingButtons[] = {
 // Models that report the four picture values one by one.
 constexpr std::uint8_t kSingleProcAmpTypes[] = {13, 14, 15, 17, 18, 19, 20, 30,
                                                 32, 33, 35, 36, 43, 48, 49};
-// Models without picture values: all of them stand in the middle.
+// Models that are not asked for their picture values, which stand in the middle; 5 and 27 are asked
+// and have none either.
 constexpr std::uint8_t kNoProcAmpTypes[] = {6, 7};
 
 template <std::size_t size>
@@ -225,7 +226,8 @@ void CMainDlg::OpenProcAmp() {
   procAmp.Show(true);
 }
 
-// Values that the box does not tell are 128; the bytes behind those read keep their earlier values.
+// Values that the box does not tell are 128, the second RGB offset 0; the bytes behind those read
+// keep their earlier values.
 void CMainDlg::ReadProcAmpCache() {
   ProcAmpCache& cache = panel.procAmpCache;
   const std::uint8_t boxType = panel.identity.boxType;

@@ -20,7 +20,7 @@ constexpr std::uint32_t kOpenMode = 2;
 constexpr int kSuccess = 1;
 
 // Receives a block property. The length of a request is one byte, so a block of 256 bytes can't be
-// overrun by any answer, however long the box believes the property to be.
+// overrun by an answer of any length that can be asked for.
 using BlockBuffer = std::array<std::uint8_t, 256>;
 
 // Receives a word property: some answer with two words, whichever item was asked for.

@@ -1,7 +1,8 @@
-// Every property of the box by name. The same number means different things on different models, so
-// a number can have several names, one a use. "rN" and "wN" are the lengths, in bytes, with which a
-// block is read and written; multi-byte values say their byte order. The pages that use a property
-// stand at the end of its line; models are box type codes (byte 0 of the identity block).
+// Every property of the family by name, those that no page uses yet among them. The same number
+// means different things on different models, so a number can have several names, one a use. "rN"
+// and "wN" are the lengths, in bytes, with which a block is read and written; multi-byte values say
+// their byte order. The pages that a property belongs to stand at the end of its line; models are
+// box type codes (byte 0 of the identity block).
 #pragma once
 
 #include <cstdint>
@@ -40,7 +41,7 @@ constexpr std::uint8_t kInformation42 = 42;              // r2: Information, oth
 constexpr std::uint8_t kInformation44 = 44;              // r2: Information, other models
 
 // The box's own menu
-constexpr std::uint8_t kBoxMenu = 1;                     // w1: which function the box shows; Genlock, Image Adjust, ROI, Text Labels, Proc Amp, Audio, Setting
+constexpr std::uint8_t kBoxMenu = 1;                     // w1: which function the box shows; Genlock, Image Adjust, ROI, Text Labels, Proc Amp; 1 = reset; Setting
 
 // Multi-view
 constexpr std::uint8_t kMultiView = 1;                   // r20: display mode 1-9, nine-modes or PIP flag, input-labels flag; Device picture, Display Mode, PIP, Video menu
@@ -125,7 +126,7 @@ constexpr std::uint8_t kVideoSignalReport = 50;          // r2, r30, w1: signal 
 
 // Audio: other models; 26 uses word items instead
 constexpr std::uint8_t kAudioVolumes = 11;               // r2, w2: volume, second volume, attenuation 0-100; Audio (46-49, 52)
-constexpr std::uint8_t kAudioInputVolumes = 19;          // r2, w2: volume, second volume; Audio (25, 29)
+constexpr std::uint8_t kAudioInputVolumes = 19;          // r3, w2: volume, second volume; Audio (25, 29)
 constexpr std::uint8_t kAudioOutputLevel = 44;           // r2, w2: raw level 0-112, half decibels around 62, then 0; Audio (24, 34)
 constexpr std::uint8_t kAudioInput = 3;                  // r2, w1: input code; Audio
 constexpr std::uint8_t kAudioSource = 4;                 // w1: audio source; Audio
@@ -137,7 +138,7 @@ constexpr std::uint8_t kAudioOption32 = 32;              // r2, w1: Audio
 constexpr std::uint8_t kAudioOption38 = 38;              // r2: Audio
 
 // Unit settings
-constexpr std::uint8_t kNoSignal = 22;                   // r2, w1: 0 black, 1 blue screen, 2 output disabled; Setting (26)
+constexpr std::uint8_t kNoSignal = 22;                   // r2, w1: 0 black, 1 blue screen, 2 output disabled; Setting
 constexpr std::uint8_t kDip8Mode = 23;                   // r2, w2: DIP switch 8 mode 0-6, extra byte; Setting (26)
 constexpr std::uint8_t kSetting4 = 4;                    // w1: Setting, other models
 constexpr std::uint8_t kSetting10 = 10;                  // w1: hardware reset of some models; Setting
@@ -161,7 +162,7 @@ constexpr std::uint32_t kInformation20 = 20;             // r: Information, othe
 constexpr std::uint32_t kInformation24 = 24;             // r: Audio, Information, Video settings of other models
 
 // Commands of model 26: written values are the actions of `command`
-constexpr std::uint32_t kCommand = 3;                    // w: Proc Amp, Setting, Image Adjust (26)
+constexpr std::uint32_t kCommand = 3;                    // w: Proc Amp, Setting, Image Adjust (26); Setting, other models
 
 // Video settings (26)
 constexpr std::uint32_t kInputSource = 4;                // rw: 2 VGA, 1 HDMI, 4 SDI; also read by Audio and Image Adjust

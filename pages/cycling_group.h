@@ -13,7 +13,8 @@ struct CyclingGroup {
   int next;
 };
 
-// Gives the controls their fonts, the caption, an empty frame caption, ">>" and the first value.
+// Gives all but the value their fonts (that one's differs by page), and the caption, an empty frame
+// caption, ">>" and the first value.
 inline void SetUpGroup(ui::Dialog& dialog, const CyclingGroup& group, const char* caption,
                        const char* firstValue) {
   dialog.SetFont(group.label, ui::kCaptionFont);

@@ -2,8 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
-#include <string_view>
 
 namespace panelora {
 
@@ -32,12 +30,6 @@ inline const char* NameOf(const NamedValue* table, std::uint8_t value) {
   const NamedValue* row = FindRow(table, &NamedValue::value,
                                   [&](const NamedValue& each) { return each.value == value; });
   return row == nullptr || row->value == kTableEnd ? nullptr : row->name;
-}
-
-// Captions are stored padded with blanks on the right.
-inline std::string TrimRight(std::string_view text) {
-  const std::size_t end = text.find_last_not_of(' ');
-  return std::string(text.substr(0, end == std::string_view::npos ? 0 : end + 1));
 }
 
 }  // namespace panelora

@@ -43,7 +43,8 @@ void DispatchCommand(T& target, const CommandRow<T> (&rows)[size], int control,
 }
 
 // A child dialog of the main window. Each page has an Init with the arguments of its own, which
-// copies the device handle; until the next Init the page goes on with that copy.
+// copies the device handle; until the next Init the page goes on with that copy. Image Adjust, ROI
+// and Text Labels, which a connection change does not initialise, take it when they are opened too.
 class Page : public ui::DialogEvents {
  public:
   Page(int number, PanelContext context)
@@ -65,8 +66,8 @@ class Page : public ui::DialogEvents {
   // Closes the window, for a main window that goes.
   void Destroy() { window.reset(); }
 
-  // Reads the box into the page. A failed read keeps what was shown. The serial handle is kept and
-  // never used for input or output.
+  // Reads the box into the page. A failed read keeps what was shown, but for the formats of which
+  // the pages say otherwise. The serial handle is kept and never used for input or output.
   virtual void Refresh(ui::SerialHandle serial) { serialHandle = serial; }
   // Writes the page's selections to the box.
   virtual void Apply() {}

@@ -16,19 +16,19 @@ using ProcAmpCache = std::array<std::uint8_t, 10>;
 constexpr ProcAmpCache kProcAmpStart = {128, 128, 128, 128, 128, 128, 128, 128, 128, 128};
 
 // Owned by the main window, given to each page by reference. Pages write only `tickSkip`,
-// `forceDisconnect`, (the Information page) `firmwareVersion` and (the TV Wall page)
-// `tilePosition`.
+// `forceDisconnect`, (the Information page) `firmwareVersion`, (the TV Wall page) `tilePosition`
+// and (the Proc Amp page, on types without picture values) `procAmpCache`.
 struct PanelState {
-  DeviceHandle deviceHandle = kNoBox;  // the live handle; pages copy it when they are initialised
+  DeviceHandle deviceHandle = kNoBox;  // the live handle, of which pages keep copies
   Identity identity;
-  // Copy of boxType and brandCode as last read; unlike them it survives the loss of the box.
+  // boxType and brandCode as last stored; kept when the box is lost, and read by no page.
   std::array<std::uint8_t, 2> identityPair = {255, 255};
   // (major × 256) + minor: 0x0112 is shown as 0.1.1.2. 0 until the Information page has read it.
   std::uint32_t firmwareVersion = 0;
   // How many coming ticks of the connection monitor to ignore (3 s each).
   std::uint16_t tickSkip = 0;
-  // Set by a hardware reset: the next tick shows the box as absent. Set while it is absent, it keeps
-  // the first tick that finds a box from connecting.
+  // Set by a hardware reset: the next tick shows the box as absent. Set while it is absent, it
+  // keeps the first tick that finds a box from connecting.
   bool forceDisconnect = false;
   // TV wall: screens along each side (1 to 4; 0 = not known) and this box's tile, by rows from 0.
   std::uint32_t wallSize = 0;

@@ -1,5 +1,6 @@
-// The simulated box: answers like a box of a given model, keeps what is written, restores defaults
-// and resets when told to. Deterministic; it has no clock but the one that it is given.
+// The simulated box: answers like a box of a given model and keeps what is written. Type 26
+// restores defaults and resets when told to; what makes another type do so is kept like any other
+// value. Deterministic; it has no clock but the one that it is given.
 #pragma once
 
 #include <cstdint>

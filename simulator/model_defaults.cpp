@@ -13,8 +13,8 @@ const BlockDefault kBlockDefaults[] = {
      block::kInputFormatLittle,
      {0x80, 0x07, 0x38, 0x04, 50, 0, 1}},  // 1920x1080 50.00p
     {{13, 15, 51}, block::kMultiView, {1, 1, 1}},
-    // Video settings: the second input, 1080p60, the first output source, full screen, no
-    // pass-through
+    // Video settings: input and aspect ratio 1 as the type numbers them, 1080p60, the first output
+    // source, no pass-through
     {{17, 18, 19, 20, 21, 23, 24, 25, 27, 29, 30, 32, 33,
       34, 35, 37, 38, 39, 40, 42, 43, 46, 47, 48, 49},
      block::kVideoInputSource,
@@ -51,7 +51,7 @@ const BlockDefault kBlockDefaults[] = {
     // TV wall: 2 by 2, the first screen
     {{37, 38, 39, 40, 46, 47, 48, 49}, block::kWall, {2, 0}},
     {{14, 36}, block::kWallInput, {2, 0}},
-    // Multi-view: the first combination of every mode, labels off, 1080p in full range
+    // Multi-view: the first combination of every mode, labels off, a 1080p output
     {{13, 15, 51}, block::kChannelCodes, {1, 1, 1, 1, 1, 1, 1, 1, 1, 1}},
     {{13, 15, 51}, block::kInputLabelsState, {0, 0}},
     {{51}, block::kPipOption, {0, 0}},

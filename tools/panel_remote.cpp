@@ -1,6 +1,6 @@
 // Works a running Panelora.exe from outside with plain window messages: presses its buttons, reads
-// its texts, pulls the plug of the simulated box. For the tour and for tests on the finished
-// program.
+// its texts, pulls the plug of the simulated box. For the tour, and for whoever tries
+// something.
 #include <windows.h>
 
 #include <algorithm>

@@ -33,7 +33,8 @@ class CProcAmpDlg final : public Page {
   // another number, and the edits are forgotten.
   void Leave();
 
-  // Has the box restore the values of the view, and reads them back.
+  // Has a box of type 26 restore the values of the view and reads them back, all but the second RGB
+  // offset; selects the channel of another type and reads its picture values.
   void RestoreDefaults() override;
 
   void OnSliderRepainted(int slider) override;

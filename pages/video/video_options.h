@@ -3,7 +3,8 @@
 // The blocks of box types 26 and 50 are the boxes' own, as are the rows of the other types' blocks;
 // which of these types has which of them is a choice of this table: "SDI"/"HDMI" 24 and 34, "SDI
 // 1"/ "SDI 2" 48 and 49, "CH 1"/"CH 2" 27, five inputs 25 and 29, seven inputs 23 and 42;
-// equalisers, CRC error lamp and GPI mode 24 and 34; IRE level 23, 42, 25 and 29. Output format
+// equalisers, CRC error lamp and GPI mode 24 and 34; IRE level 23, 42, 25 and 29; genlock modes by
+// the types that the Genlock page knows; SDI output colours those of HDMI. Output format
 // codes are those of the whole family, so that one block serves every type; aspect ratios of the
 // other types are named as their DIP switch 8 names them, and those above 4 have no name. Output
 // source has the one row that is known, output mode none; the remaining types have no names for

@@ -1,8 +1,8 @@
 // The toolkit in memory: dialogs without a screen, for tests, fuzzers and anything that only needs
 // the program's behaviour. It keeps the rules of real windows that the pages can notice: typed
 // texts obey their limits, positions their ranges, disabled controls take no input, sliders report
-// a repaint after they changed or were uncovered, and the focus never stays on a control that can't
-// be seen.
+// a repaint after they changed or were uncovered, and after every event the focus is on a control
+// that can be seen.
 #pragma once
 
 #include <functional>

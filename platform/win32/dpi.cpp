@@ -12,7 +12,7 @@ Function UserFunction(const char* name) {
   return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(user, name)));
 }
 
-constexpr UINT kDisableAll = 1;  // DDC_DISABLE_ALL, DCDC_DISABLE_FONT_UPDATE
+constexpr UINT kDisableAll = 1;  // DDC_DISABLE_ALL
 
 }  // namespace
 

@@ -24,7 +24,8 @@ class GdiCache {
 
   // `widthPercent` below 100 makes the letters narrower at the same height.
   HFONT FontFor(const ui::Font& font, int dpi, int widthPercent = 100);
-  // The font in its own width, or as much narrower as `text` needs to fit `width` pixels.
+  // The font in its own width, or as much narrower as `text` needs to fit `width` pixels, down to
+  // 70 %; a text that is wider still is cut.
   HFONT FontToFit(const ui::Font& font, int dpi, const std::string& text, int width);
   // The height of a line in pixels.
   int LineHeight(HFONT font);
@@ -34,7 +35,7 @@ class GdiCache {
   // twice the size is used. False when there is no such picture.
   bool Draw(HDC context, const RECT& place, const std::string& name, int dpi);
 
-  // How many handles the cache owns at present.
+  // How many fonts, brushes and bitmaps the cache has tried to make.
   std::size_t Count() const { return fonts.size() + brushes.size() + bitmaps.size(); }
 
  private:
