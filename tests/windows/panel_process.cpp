@@ -319,8 +319,8 @@ void PanelProcess::PostKey(HWND window, WPARAM key) {
   Post(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
 }
 
-// Wine starts the display's own tool like a program of its own, but tells nothing of it afterwards:
-// that the releases arrived is how its end is known.
+// Wine starts the display's own tool like a program of its own, but tells nothing of it afterwards (the
+// handles that it gives are none): that the releases arrived is how its end is known.
 void PanelProcess::UseDisplay(const std::string& commands, long releases) {
   const long wanted = InterlockedCompareExchange(&input->releases, 0, 0) + releases;
   STARTUPINFOA start{};
@@ -330,9 +330,6 @@ void PanelProcess::UseDisplay(const std::string& commands, long releases) {
   if (!CreateProcessA("Z:\\usr\\bin\\xdotool", line.data(), nullptr, nullptr, FALSE, 0, nullptr,
                       nullptr, &start, &tool)) {
     throw std::runtime_error("xdotool can't be started: install the package xdotool");
-  }
-  for (const HANDLE handle : {tool.hThread, tool.hProcess}) {
-    if (handle != nullptr) CloseHandle(handle);
   }
   Await("the input", [&] { return InterlockedCompareExchange(&input->releases, 0, 0) >= wanted; });
   Send(main, WM_NULL);
@@ -363,7 +360,13 @@ void PanelProcess::Await(const char* what, const std::function<bool()>& conditio
     } else {
       Sleep(kPoll);
     }
-    if (!IsRunning()) throw std::runtime_error(std::string("the program ended before ") + what);
+    if (!IsRunning()) {
+      DWORD code = 0;
+      GetExitCodeProcess(process.hProcess, &code);
+      std::ostringstream text;
+      text << "the program ended with " << std::hex << code << " before " << what;
+      throw std::runtime_error(text.str());
+    }
     if (GetTickCount64() - start > kPatience) {
       throw std::runtime_error(std::string("waited in vain for ") + what);
     }
