@@ -304,6 +304,7 @@ void MemoryDialog::Choose(int control, int index) {
 }
 
 bool MemoryDialog::PressKey(int control, ui::Key key) {
+  if (!IsUsable(control)) return true;  // no key goes to what can't be seen or is disabled
   Focus(control);
   const bool consumed = events.OnKey(key);
   KeepFocusUsable();
