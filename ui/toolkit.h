@@ -19,8 +19,8 @@ class Toolkit {
  public:
   virtual ~Toolkit() = default;
 
-  // A dialog from template `number`, hidden, in front of or inside `parent`; it is not open when the
-  // system can't make it. `events` outlives it.
+  // A dialog from template `number`, hidden, in front of or inside `parent`; it is not open when
+  // the system can't make it. `events` outlives it.
   virtual std::unique_ptr<Dialog> CreateDialogFrom(int number, DialogEvents& events,
                                                    Dialog* parent) = 0;
   // Shows a dialog and returns when it is closed; `owner` takes no input meanwhile. `opened` gets

@@ -319,8 +319,8 @@ void PanelProcess::PostKey(HWND window, WPARAM key) {
   Post(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
 }
 
-// Wine starts the display's own tool like a program of its own, but tells nothing of it afterwards (the
-// handles that it gives are none): that the releases arrived is how its end is known.
+// Wine starts the display's own tool like a program of its own, but tells nothing of it afterwards
+// (the handles that it gives are none): that the releases arrived is how its end is known.
 void PanelProcess::UseDisplay(const std::string& commands, long releases) {
   const long wanted = InterlockedCompareExchange(&input->releases, 0, 0) + releases;
   STARTUPINFOA start{};
