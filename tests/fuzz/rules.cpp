@@ -1,0 +1,687 @@
+#include "tests/fuzz/rules.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+#include "app/navigation.h"
+#include "pages/audio/audio_options.h"
+#include "pages/option_table.h"
+#include "pages/video/video_options.h"
+#include "res/dialog_templates.h"
+#include "ui/text.h"
+
+namespace panelora::fuzz {
+
+namespace {
+
+using Kind = Call::Kind;
+using Writes = std::vector<AllowedWrite>;
+
+bool In(int type, std::initializer_list<int> types) {
+  return std::find(types.begin(), types.end(), type) != types.end();
+}
+
+AllowedWrite Word(std::uint32_t item, int value = AllowedWrite::kAnyValue) {
+  return {.kind = Kind::kSetWord, .number = item, .value = value};
+}
+AllowedWrite Block(std::uint32_t property, int length, int value = AllowedWrite::kAnyValue) {
+  return {.kind = Kind::kSetBlock, .number = property, .length = length, .value = value};
+}
+AllowedWrite Picture(std::uint32_t control, int value = AllowedWrite::kAnyValue) {
+  return {.kind = Kind::kSetProcAmp, .number = control, .value = value};
+}
+AllowedWrite Perhaps(AllowedWrite write) {
+  write.needed = false;
+  return write;
+}
+
+constexpr std::uint32_t kCommit = 255;
+
+Writes PicturesPerhaps() {
+  return {Perhaps(Picture(2)), Perhaps(Picture(3)), Perhaps(Picture(4)), Perhaps(Picture(5))};
+}
+
+// By which property a box is told which function to open, or to reset.
+bool TakesBlocks(int type) { return In(type, {37, 38, 39, 40, 46, 47, 48, 49, 50, 51, 14, 36}); }
+
+// Genlock: the properties of the three groups of models.
+struct Genlock {
+  Writes opening;
+  std::uint32_t mode = 0;  // 0 = the type has no genlock
+  std::uint32_t delays = 0;
+  std::uint32_t sync = 0;
+};
+Genlock GenlockOf(int type) {
+  if (type == 50) return {{Block(1, 1, 4)}, 26, 27, 0};
+  if (In(type, {46, 47, 48, 49, 39, 40})) return {{Block(1, 1, 2)}, 26, 27, 0};
+  if (In(type, {20, 33})) return {{Word(4, 3)}, 19, 20, 0};
+  if (In(type, {30, 43})) return {{Word(4, 2)}, 15, 16, 22};
+  return {};
+}
+
+// The delays with the flag whether they stay, and the sync mode of those that take it with them.
+Writes DelaysOf(int type, bool stay, bool needed) {
+  const Genlock genlock = GenlockOf(type);
+  if (genlock.mode == 0) return {};
+  AllowedWrite delays = Block(genlock.delays, 5);
+  delays.last = stay ? 1 : 0;
+  delays.needed = needed;
+  Writes writes = {delays};
+  if (genlock.sync != 0) {
+    writes.push_back(Block(genlock.sync, 1));
+    writes.back().needed = needed;
+  }
+  return writes;
+}
+
+std::uint32_t RegionOf(const Identity& id) {
+  const int type = id.boxType;
+  if (In(type, {46, 47, 48, 49, 39, 40, 32, 25, 29})) return 18;
+  if (In(type, {35, 23, 42, 14, 36})) return 14;
+  if (In(type, {30, 43})) return 19;
+  if (In(type, {24, 34})) return id.inputDipFlag == 1 || id.brandCode == 2 ? 18 : 15;
+  return 0;
+}
+
+// A region of no size is made half of the frame, and written.
+Writes RegionPerhaps(const Identity& id) {
+  if (RegionOf(id) == 0) return {};
+  return {Perhaps(Block(RegionOf(id), 10))};
+}
+
+std::uint32_t ImagePositionOf(int type) {
+  if (type == 50) return 31;
+  if (type == 26) return 17;
+  if (In(type, {23, 42})) return 13;
+  if (In(type, {25, 29})) return 18;
+  return 0;
+}
+
+std::uint32_t ImageSizeOf(const Identity& id) {
+  const int type = id.boxType;
+  if (type == 50) return 24;
+  if (type == 26) return 18;
+  if (In(type, {23, 42})) return 12;
+  if (In(type, {25, 29})) return 9;
+  if (In(type, {24, 34})) return id.brandCode == 2 ? 24 : 14;
+  return 0;
+}
+
+bool HasPip(int type) { return In(type, {13, 15, 51}); }
+
+// What the pages of the Video menu tell the box when they open; Default tells it again.
+Writes OpeningOf(PageCode page, const Identity& id) {
+  const int type = id.boxType;
+  switch (page) {
+    case PageCode::kDisplayMode:
+      return {Word(10, 3)};
+    case PageCode::kPip: {
+      if (!HasPip(type)) return {};
+      AllowedWrite second = Perhaps(Block(14, 8, 0xFF));
+      second.last = 0xFF;
+      AllowedWrite first = Block(13, 8, 0xFF);
+      first.last = 0xFF;
+      if (type == 51) return {first, second};
+      return {first, Word(10, 2), second};
+    }
+    case PageCode::kGenlock:
+      return GenlockOf(type).opening;
+    case PageCode::kImageAdjust:
+      if (In(type, {24, 34})) {
+        if (id.brandCode == 2) return {Block(1, 1, 2)};
+        return {Word(5, 2)};
+      }
+      if (type == 50) return {Block(1, 1, 3)};
+      if (type == 26) return {Word(3, 3)};
+      if (In(type, {23, 42})) return {Word(7, 2)};
+      if (In(type, {25, 29})) return {Word(4, 2)};
+      return {};
+    case PageCode::kRoi: {
+      Writes writes;
+      if (In(type, {39, 40})) writes.push_back(Block(1, 1, 4));
+      if (RegionOf(id) != 0) {
+        AllowedWrite whole = Block(RegionOf(id), 10, 0);
+        whole.last = 0;
+        writes.push_back(whole);
+        writes.push_back(Perhaps(Block(RegionOf(id), 10)));
+      }
+      return writes;
+    }
+    default:
+      return {};
+  }
+}
+
+Writes AudioApply(const Identity& id) {
+  const int type = id.boxType;
+  if (In(type, {26, 50})) return {Perhaps(Word(6)), Word(11), Word(16)};
+  Writes writes = {Perhaps(Block(In(type, {14, 36}) ? 9 : 10, 1))};
+  if (type != 51) writes.push_back(Perhaps(Block(6, 1)));
+  if (In(type, {24, 34, 14, 36})) writes.push_back(Block(7, 1));
+  if (type == 14) writes.push_back(Block(32, 1));
+  if (In(type, {29, 18, 32})) writes.push_back(Block(32, 1));
+  if (In(type, {46, 47, 48, 49, 52})) writes.push_back(Block(11, 2));
+  if (In(type, {24, 34})) writes.push_back(Block(44, 2));
+  return writes;
+}
+
+Writes VideoApply(const Situation& now) {
+  const int type = now.identity.boxType;
+  if (type == 26) {
+    if (now.cycleState == 0) {
+      return {Perhaps(Word(4)), Perhaps(Word(2)), Perhaps(Word(7)), Perhaps(Word(12))};
+    }
+    Writes writes = {Perhaps(Word(10)), Perhaps(Word(15))};
+    if (now.firmware >= 278) writes.push_back(Perhaps(Word(19)));
+    return writes;
+  }
+  if (now.cycleState != 0) return {};
+  Writes writes = {Perhaps(Block(3, 1)), Perhaps(Block(4, 1)), Perhaps(Block(5, 1)),
+                   Perhaps(Block(15, 1))};
+  if (In(type, {24, 34, 30, 43, 20, 33})) writes.push_back(Perhaps(Block(8, 1)));
+  return writes;
+}
+
+Writes SettingApply(int type) {
+  if (type == 26) return {Word(21), Block(22, 1), Block(23, 2)};
+  if (TakesBlocks(type)) return {Block(21, 1), Block(22, 1), Block(15, 1)};
+  return {Word(12), Word(13), Word(17)};
+}
+
+Writes ResetOf(int type) {
+  if (In(type, {20, 21, 33, 30, 43, 25, 29})) return {Word(4, 1)};
+  if (In(type, {24, 34})) return {Word(5, 1)};
+  if (In(type, {18, 32})) return {Word(6, 1)};
+  if (In(type, {23, 42})) return {Word(7, 1)};
+  if (In(type, {13, 15})) return {Word(10, 1)};
+  if (In(type, {17, 35})) return {Word(8, 0)};
+  if (In(type, {14, 36})) return {Block(10, 1, 1)};
+  if (TakesBlocks(type)) return {Block(1, 1, 1)};
+  return {Word(3, 1)};
+}
+
+Writes ApplyOf(const Situation& now) {
+  const Identity& id = now.identity;
+  const int type = id.boxType;
+  switch (now.page) {
+    case PageCode::kAudio:
+      return AudioApply(id);
+    case PageCode::kProcAmp: {
+      Writes writes = PicturesPerhaps();
+      if (In(type, {24, 34, 25, 29, 20, 33})) writes.push_back(Perhaps(Picture(kCommit, 1)));
+      return writes;
+    }
+    case PageCode::kSetting:
+      return SettingApply(type);
+    case PageCode::kVideoSettings:
+      return VideoApply(now);
+    case PageCode::kDisplayMode: {
+      if (type == 51) return {Block(1, 1), Block(2, 1)};
+      if (!In(type, {13, 15})) return {};
+      Writes writes;
+      if (now.cycleState == 0) return {Word(1), Word(2)};
+      // Boxes without labels are told mode and code from the view of the labels too.
+      writes = {Perhaps(Word(1)), Perhaps(Word(2)), Perhaps(Block(20, 20))};
+      for (int input = 0; input < 4; ++input) {
+        writes.push_back(Perhaps(Block(19, 20)));
+        writes.back().sub = input;
+      }
+      return writes;
+    }
+    case PageCode::kPip:
+      if (!HasPip(type)) return {};
+      return {Perhaps(Block(13, 8)), Perhaps(Block(14, 8))};
+    case PageCode::kGenlock: {
+      if (GenlockOf(type).mode == 0) return {};
+      Writes writes = {Block(GenlockOf(type).mode, 1)};
+      const Writes delays = DelaysOf(type, true, false);
+      writes.insert(writes.end(), delays.begin(), delays.end());
+      return writes;
+    }
+    case PageCode::kRoi:
+      if (RegionOf(id) == 0) return {};
+      return {Block(RegionOf(id), 10)};
+    default:
+      return {};
+  }
+}
+
+Writes DefaultOf(const Situation& now) {
+  const int type = now.identity.boxType;
+  if (now.page != PageCode::kProcAmp) return OpeningOf(now.page, now.identity);
+  if (type == 26) return {Word(3, now.cycleState == 0 ? 0 : 2)};
+  if (In(type, {37, 38, 39, 40, 46, 47, 48, 49, 50, 51})) return {Block(1, 1, 0)};
+  if (In(type, {24, 34})) return {Word(5, 0)};
+  if (In(type, {23, 42})) return {Word(7, 0)};
+  return {Word(4, 0)};
+}
+
+// Navigation buttons.
+AllowedWrites OnMain(const Step& step, const Situation& now) {
+  switch (step.control) {
+    case kApplyButton:
+      return {ApplyOf(now)};
+    case kDefaultButton:
+      return {DefaultOf(now)};
+    case kReturnButton:
+      if (now.page == PageCode::kGenlock) return {DelaysOf(now.identity.boxType, false, false)};
+      if (now.page == PageCode::kProcAmp && now.identity.brandCode == 2) return {PicturesPerhaps()};
+      return {};
+    case kRefreshButton:
+    case kPictureButton:
+      if (now.page == PageCode::kRoi) return {RegionPerhaps(now.identity)};
+      return {};
+    default:
+      return {};
+  }
+}
+
+AllowedWrites OnVideoMenu(const Step& step, const Situation& now) {
+  switch (step.control) {
+    case 1003:
+      return {OpeningOf(PageCode::kDisplayMode, now.identity)};
+    case 1005:
+      return {OpeningOf(PageCode::kPip, now.identity)};
+    case 1006:
+      return {OpeningOf(PageCode::kGenlock, now.identity)};
+    case 1007:
+      return {OpeningOf(PageCode::kImageAdjust, now.identity)};
+    case 1008:
+      return {OpeningOf(PageCode::kRoi, now.identity)};
+    default:
+      return {};  // Video settings and TV Wall
+  }
+}
+
+AllowedWrites OnAudio(const Step& step, const Situation& now) {
+  const int type = now.identity.boxType;
+  const bool input = In(type, {25, 29});
+  if (step.act == Act::kPress && (step.control == 1045 || step.control == 1046) && input) {
+    return {{Block(19, 2)}};
+  }
+  if (step.act == Act::kChoose && step.control == 1108) {
+    if (input) return {{Block(19, 2)}};
+    if (In(type, {24, 34})) {
+      AllowedWrite level = Block(44, 2);
+      level.last = 0;
+      return {{level}};
+    }
+  }
+  return {};
+}
+
+AllowedWrites OnVideoSettings(const Step& step, const Situation& now) {
+  if (step.act != Act::kPress) return {};
+  const Identity& id = now.identity;
+  if (step.control == 1066) return {{Block(13, 1, 1)}};
+  if (step.control != 1075) return {};
+  if (In(id.boxType, {24, 34}) && id.inputDipFlag != 1 && id.brandCode != 2) {
+    return {{Word(19, 11)}};
+  }
+  Writes writes = {Block(19, 1, 1)};
+  if (In(id.boxType, {25, 29})) writes.push_back(Word(23, 11));
+  return {writes};
+}
+
+AllowedWrites OnTvWall(const Step& step, const Situation& now) {
+  const int type = now.identity.boxType;
+  if (step.act != Act::kMouse) return {};
+  const int tile = step.control - 1021;
+  if (tile >= now.wallSize * now.wallSize) return {};  // while no size is known, none is a tile
+  const auto at = [&](AllowedWrite write) {
+    write.value = now.wallSize;
+    write.last = tile;
+    return write;
+  };
+  if (In(type, {37, 38, 39, 40, 46, 47, 48, 49})) return {{at(Block(16, 2))}};
+  if (In(type, {14, 36})) return {{at(Block(8, 2))}};
+  if (In(type, {18, 20, 30, 32, 33, 43})) return {{Word(8, now.wallSize), Word(9, tile)}};
+  if (In(type, {17, 35})) return {{Word(10, now.wallSize), Word(11, tile)}};
+  return {};
+}
+
+AllowedWrites OnProcAmp(const Step& step, const Situation& now) {
+  const Identity& id = now.identity;
+  if (step.act == Act::kDrag) {
+    constexpr std::pair<int, std::uint32_t> kSliders[] = {
+        {1032, 2}, {1035, 3}, {1034, 4}, {1033, 5}};
+    for (const auto& [slider, control] : kSliders) {
+      if (slider == step.control) return {{Perhaps(Picture(control))}};
+    }
+    return {{Perhaps(Block(14, 3))}};
+  }
+  // Firmware from which these store what they were sent only when they are told to.
+  const bool commits = id.brandCode == 2 && ((In(id.boxType, {24, 34}) && now.firmware >= 262) ||
+                                             (In(id.boxType, {25, 29}) && now.firmware >= 265) ||
+                                             In(id.boxType, {20, 33}));
+  if (step.act == Act::kEnter && commits) {
+    Writes writes = PicturesPerhaps();
+    writes.push_back(Perhaps(Picture(kCommit, 1)));
+    writes.push_back(Picture(kCommit, 0));
+    return {writes};
+  }
+  return {};
+}
+
+AllowedWrites OnGenlock(const Step& step, const Situation& now) {
+  const int type = now.identity.boxType;
+  const bool steps = step.act == Act::kPress && In(step.control, {1107, 1108, 1109, 1110});
+  if (steps) return {DelaysOf(type, false, true)};
+  if (step.act == Act::kRelease || step.act == Act::kEnter) return {DelaysOf(type, false, false)};
+  return {};
+}
+
+AllowedWrites OnImageAdjust(const Step& step, const Situation& now) {
+  if (step.act != Act::kPress) return {};
+  const std::uint32_t position = ImagePositionOf(now.identity.boxType);
+  const std::uint32_t size = ImageSizeOf(now.identity);
+  if (step.control <= 1094 && position != 0) return {{Block(position, 4)}};
+  if (step.control >= 1095 && size != 0) return {{Block(size, 2)}};
+  return {};
+}
+
+AllowedWrites OnPage(const Step& step, const Situation& now) {
+  switch (step.dialog) {
+    case res::kMain:
+      return step.act == Act::kPress ? OnMain(step, now) : AllowedWrites{};
+    case res::kVideoMenu:
+      return step.act == Act::kPress ? OnVideoMenu(step, now) : AllowedWrites{};
+    case res::kAudio:
+      return OnAudio(step, now);
+    case res::kProcAmp:
+      return OnProcAmp(step, now);
+    case res::kSetting:
+      if (step.control != 1041 || step.act != Act::kPress) return {};
+      return {ResetOf(now.identity.boxType)};
+    case res::kVideoSettings:
+      return OnVideoSettings(step, now);
+    case res::kTvWall:
+      return OnTvWall(step, now);
+    case res::kGenlock:
+      return OnGenlock(step, now);
+    case res::kImageAdjust:
+      return OnImageAdjust(step, now);
+    case res::kRoi:
+      return step.act == Act::kRelease ? AllowedWrites{RegionPerhaps(now.identity)}
+                                       : AllowedWrites{};
+    default:
+      return {};
+  }
+}
+
+// Brand 2 sends a picture value again with every repaint of its slider.
+bool Repaints(const Step& step, const Situation& now) {
+  if (now.page != PageCode::kProcAmp || now.identity.brandCode != 2) return false;
+  return step.act == Act::kRepaint || step.act == Act::kAbout ||
+         (step.dialog == res::kMain && step.control == kPageUpButton);
+}
+
+bool Fits(const Call& call, const AllowedWrite& allowed) {
+  if (call.kind != allowed.kind || call.number != allowed.number) return false;
+  if (call.kind != Kind::kSetBlock) {
+    return allowed.value == AllowedWrite::kAnyValue ||
+           call.value == static_cast<std::uint32_t>(allowed.value);
+  }
+  return call.sub == allowed.sub && call.length == allowed.length &&
+         (allowed.value == AllowedWrite::kAnyValue || call.bytes.front() == allowed.value) &&
+         (allowed.last == AllowedWrite::kAnyValue || call.bytes.back() == allowed.last);
+}
+
+struct ReadingRow {
+  int dialog;
+  int control;
+  std::vector<std::string> patterns;
+};
+
+template <class Row>
+std::vector<std::string> TextsOf(const Row* row, std::uint8_t Row::*key, const char* Row::*text) {
+  std::vector<std::string> texts;
+  for (;; ++row) {
+    if (row->*text != nullptr && *(row->*text) != '\0') texts.emplace_back(row->*text);
+    if (row->*key == kTableEnd) return texts;
+  }
+}
+
+std::vector<std::string> Options(const OptionRow* table) {
+  return TextsOf(table, &OptionRow::index, &OptionRow::caption);
+}
+std::vector<std::string> Options(const AudioOptionRow* table) {
+  return TextsOf(table, &AudioOptionRow::value, &AudioOptionRow::text);
+}
+std::vector<std::string> And(std::vector<std::string> texts,
+                             std::initializer_list<const char*> more) {
+  texts.insert(texts.end(), more.begin(), more.end());
+  return texts;
+}
+
+std::vector<std::string> FormatLabels() {
+  std::vector<std::string> labels = {"Output Format "};
+  for (const std::string& format : Options(kOutputFormats)) {
+    labels.push_back("Output Format ( " + format + ")");
+  }
+  return labels;
+}
+
+const std::vector<std::string> kNumber = {"#"};
+const std::vector<std::string> kNumberThenLine = {"#", "#\n"};
+const std::vector<std::string> kFormats = {"#x# #.#p", "#x# #.#i", "#x# #.#s", "-  NO  SIGNAL  -",
+                                           "-  NO SIGNAL  -"};
+const std::vector<std::string> kModes = {
+    "Mode 1",       "Mode 2", "Mode 3\t\t\t", "Mode 4\t\t\t", "Mode 5\t\t\t", "Mode 6",
+    "Mode 6\t\t\t", "Mode 7", "Mode 7\t\t\t", "Mode 8\t\t\t", "Mode 9\t\t\t"};
+const std::vector<std::string> kChannels = {"Channel #", ""};
+
+const std::vector<ReadingRow>& Readings() {
+  static const std::vector<ReadingRow> rows = {
+      {res::kInformation, 1003, {"Input Format 1 :"}},
+      {res::kInformation, 1007, And(kFormats, {"", "-  NO SIGNAL  - "})},
+      {res::kInformation, 1014, {"%.%.%.%"}},
+      {res::kInformation,
+       1015,
+       {"www.telvero.example", "www.brightmoor.example", "www.corvane-pro.example",
+        "www.quintrel.example", "www.lumexa.example", "www.pandrel.example",
+        "www.corvane.example"}},
+      {res::kAudio, 1025, Options(kAudioMutes)},
+      {res::kAudio, 1028, TextsOf(kAudioSources, &AudioSourceRow::index, &AudioSourceRow::text)},
+      {res::kAudio, 1037, Options(kAudioStandards)},
+      {res::kAudio, 1055, {"L/R Audio Level"}},
+      {res::kAudio, 1040, Options(kXlrLevels)},
+      {res::kAudio, 1043, Options(kXlrImpedances)},
+      {res::kAudio, 1048, Options(kOutputChannels)},
+      {res::kAudio,
+       1058,
+       {"L/R Audio Volume ( $ )", "Audio Volume ( # )", " Analog L/R Audio Output Level ( + #.# )",
+        " Analog L/R Audio Output Level ( - #.# )", "Analog L/R Audio Input Level ( - #.# )",
+        " Analog L/R Audio Input Level ( + #.# )", "Analog L/R Audio Input Level ( + #.# )"}},
+      {res::kAudio, 1052, {"Embedded Audio Volume ( $ )"}},
+      {res::kAudio, 1059, {"", " +#.#", " -#.#", "+#.#", "-#.#"}},
+      {res::kAudio,
+       1050,
+       {"   -30     -20       -10        0       +10     +20+24 [dBu]",
+        "   -28         -20           -10             0           +10 [dBV]"}},
+      {res::kAudio,
+       1051,
+       {"|_____|_____|_____|_____|_____|__|", "|______|_______|_______|_______|",
+        "  |______|_______|_______|_______|"}},
+      {res::kProcAmp, 1036, kNumber},
+      {res::kProcAmp, 1037, kNumber},
+      {res::kProcAmp, 1038, kNumber},
+      {res::kProcAmp, 1039, kNumber},
+      {res::kProcAmp, 1042, kNumber},
+      {res::kProcAmp, 1045, kNumber},
+      {res::kProcAmp, 1048, kNumber},
+      {res::kSetting, 1038, {"Locked", "Un-Locked"}},
+      {res::kSetting, 1044, {"Enable", "Disable"}},
+      {res::kSetting, 1048, {"Blue Screen", "Black Screen", "Disable Output"}},
+      {res::kSetting,
+       1052,
+       {"Disable", "White", "Cross", "Hatch", "Color Bar", "Gray", "Window", "H Ramp", "WH Ramp",
+        "WV Ramp", "Diagonal", "Red", "Green", "Blue"}},
+      {res::kSetting,
+       1055,
+       {"Keep Aspect Ratio", "Full Screen (16:9)", "Dot By Dot", "4 : 3", "14 : 9", "UnderScan",
+        "Pan Scan 16 : 9", "Full Screen", "16 : 9"}},
+      {res::kVideoSettings, 1019, Options(kInputSources)},
+      {res::kVideoSettings, 1023, Options(kOutputLevels)},
+      {res::kVideoSettings, 1025, Options(kAspectRatios)},
+      {res::kVideoSettings, 1028, And(Options(kOutputFormats), {"Pass Through"})},
+      {res::kVideoSettings, 1030, {"HDMI Output Range"}},
+      {res::kVideoSettings, 1032, FormatLabels()},
+      {res::kVideoSettings, 1035, Options(kOutputColours)},
+      {res::kVideoSettings, 1036, Options(kOutputColours)},
+      {res::kVideoSettings, 1044, Options(kOutputSources)},
+      {res::kVideoSettings, 1042, Options(kOutputSources)},
+      {res::kVideoSettings, 1047, Options(kHdmiEqs)},
+      {res::kVideoSettings, 1048, Options(kHdmiEqs)},
+      {res::kVideoSettings, 1084, Options(kEdgeEnhances)},
+      {res::kDisplayMode, 1045, kModes},
+      {res::kDisplayMode, 1048, kChannels},
+      {res::kDisplayMode, 1051, kChannels},
+      {res::kDisplayMode, 1054, kChannels},
+      {res::kDisplayMode, 1061, {"OFF", "ON", "Default Labels"}},
+      {res::kGenlock, 1079, {"Free-Run", "SDI Input", "HDMI Input", "Ref Input", "External"}},
+      {res::kGenlock, 1094, {"75 ohms termination", "Open termination"}},
+      {res::kGenlock, 1083, kFormats},
+      {res::kGenlock, 1088, kNumber},
+      {res::kGenlock, 1089, kNumber},
+      {res::kImageAdjust, 1099, {"Image Adjust", "Position Adjust(VGA only)"}},
+      {res::kRoi, 1045, {"Disable", "Full Screen", "Dot by Dot"}},
+      {res::kRoi, 1059, kNumberThenLine},
+      {res::kRoi, 1060, kNumberThenLine},
+      {res::kRoi, 1061, kNumberThenLine},
+      {res::kRoi, 1062, kNumberThenLine},
+  };
+  return rows;
+}
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsHex(char c) { return IsDigit(c) || (c >= 'A' && c <= 'F'); }
+
+}  // namespace
+
+AllowedWrites WritesOf(const Step& step, const Situation& situation) {
+  if (!situation.connected) return {};
+  if (Repaints(step, situation)) return {PicturesPerhaps(), true};
+  switch (step.act) {
+    case Act::kEnter: {
+      // Presses the button that it meets, but on the pages that keep it for themselves.
+      Step pressed = step;
+      const bool kept = step.dialog == res::kProcAmp || step.dialog == res::kGenlock;
+      if (!kept) pressed.act = Act::kPress;
+      return OnPage(pressed, situation);
+    }
+    case Act::kClick: {
+      // Down, which the tiles of a wall take, and up, which presses what all others are.
+      Step part = step;
+      part.act = Act::kMouse;
+      AllowedWrites down = OnPage(part, situation);
+      part.act = Act::kPress;
+      return down.writes.empty() ? OnPage(part, situation) : down;
+    }
+    case Act::kPress:
+    case Act::kMouse:
+    case Act::kDrag:
+    case Act::kRelease:
+    case Act::kChoose:
+      return OnPage(step, situation);
+    default:
+      return {};
+  }
+}
+
+std::string Compare(const std::vector<Call>& writes, const AllowedWrites& allowed) {
+  if (allowed.anyOrder) {
+    for (const Call& write : writes) {
+      const bool fits = std::any_of(allowed.writes.begin(), allowed.writes.end(),
+                                    [&](const AllowedWrite& each) { return Fits(write, each); });
+      if (!fits) return "nobody asked for: " + TextOf(write);
+    }
+    return "";
+  }
+  auto next = writes.begin();
+  for (const AllowedWrite& each : allowed.writes) {
+    if (next != writes.end() && Fits(*next, each)) {
+      ++next;
+    } else if (each.needed) {
+      return ui::Format("a write to %u is missing", each.number) +
+             (next == writes.end() ? "" : " before " + TextOf(*next));
+    }
+  }
+  return next == writes.end() ? "" : "nobody asked for: " + TextOf(*next);
+}
+
+std::set<std::set<int>> ButtonSetsOf(const Situation& situation) {
+  if (!situation.connected) return {{}};
+  const int type = situation.identity.boxType;
+  switch (situation.page) {
+    case PageCode::kInformation: {
+      std::set<int> home = {kInformationButton, kVideoButton, kSettingButton};
+      if (!In(type, {5, 27, 19})) home.insert(kAudioButton);
+      if (!In(type, {5, 27, 6, 7, 52, 53, 54, 55})) home.insert(kProcAmpButton);
+      std::set<int> withRefresh = home;
+      withRefresh.insert(kRefreshButton);
+      return {home, withRefresh};
+    }
+    case PageCode::kVideoMenu:
+      return {{kReturnButton}};
+    case PageCode::kAudio:
+      return {{kApplyButton, kReturnButton}};
+    case PageCode::kProcAmp: {
+      std::set<int> buttons = {kDefaultButton, kReturnButton};
+      if (situation.identity.brandCode == 2) buttons.insert(kApplyButton);
+      if (type == 26) buttons.insert(kPageUpButton);
+      return {buttons};
+    }
+    case PageCode::kSetting:
+      if (type == 26 && situation.firmware < 281) return {{kReturnButton}};
+      return {{kApplyButton, kReturnButton}};
+    case PageCode::kTvWall:
+      return {{kReturnButton, kWall1Button, kWall2Button, kWall3Button, kWall4Button}};
+    case PageCode::kVideoSettings:
+      return {{kPageUpButton, kApplyButton, kReturnButton}};
+    case PageCode::kDisplayMode:
+      return {{kApplyButton, kDefaultButton, kReturnButton, kPageUpButton}};
+    default:
+      return {{kApplyButton, kDefaultButton, kReturnButton}};
+  }
+}
+
+bool Matches(std::string_view pattern, std::string_view text) {
+  std::size_t at = 0;
+  const auto digits = [&] {
+    const std::size_t from = at;
+    while (at < text.size() && IsDigit(text[at])) ++at;
+    return at > from;
+  };
+  for (const char wanted : pattern) {
+    if (wanted == '#' || wanted == '$') {
+      while (wanted == '#' && at < text.size() && text[at] == ' ') ++at;
+      if (wanted == '$' && at < text.size() && text[at] == '-') ++at;
+      if (!digits()) return false;
+    } else if (at == text.size() || (wanted == '%' ? !IsHex(text[at]) : text[at] != wanted)) {
+      return false;
+    } else {
+      ++at;
+    }
+  }
+  return at == text.size();
+}
+
+bool MayRead(int dialog, int control, std::string_view text) {
+  for (const ReadingRow& row : Readings()) {
+    if (row.dialog != dialog || row.control != control) continue;
+    return std::any_of(row.patterns.begin(), row.patterns.end(),
+                       [&](const std::string& pattern) { return Matches(pattern, text); });
+  }
+  return false;
+}
+
+bool ChangesOnFailure(int dialog, int control, const Identity& identity) {
+  if (dialog == res::kProcAmp) return true;             // is opened anew, with values in the middle
+  if (dialog == res::kGenlock) return control == 1083;  // a reference that can't be read is none
+  if (identity.boxType != 26) return false;
+  if (dialog == res::kInformation) return control == 1007;  // shows what the buffer holds
+  return dialog == res::kVideoSettings && control == 1036;  // falls back to RGB444
+}
+
+}  // namespace panelora::fuzz
