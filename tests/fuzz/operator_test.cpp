@@ -1,0 +1,100 @@
+// Random operators against hostile boxes. PANELORA_SOAK_STEPS asks for more of them than usual.
+#include "tests/fuzz/operator.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "res/dialog_templates.h"
+
+namespace panelora::fuzz {
+namespace {
+
+constexpr int kStepsOfAPanel = 1000;
+constexpr int kSteps = 500'000;
+
+using Controls = std::set<std::pair<int, int>>;  // dialog and control
+
+int StepsToDo() {
+  const char* soak = std::getenv("PANELORA_SOAK_STEPS");
+  return soak == nullptr ? kSteps : std::stoi(soak);
+}
+
+// Everything that takes input but these, which no box shows.
+Controls Usable() {
+  const Controls never = {{res::kAbout, 1},  // is read and closed in one step
+                          {res::kMain, 1013},
+                          {res::kMain, 1048},
+                          {res::kTextLabels, 1113},
+                          {res::kTextLabels, 1115}};
+  // Of the Video settings, the ">>" of options that no layout has.
+  const std::set<int> neverSet = {1041, 1053, 1057, 1061, 1065, 1070, 1074, 1079, 1082,
+                                  1088, 1091, 1094, 1098, 1101, 1105, 1109, 1113};
+  Controls controls;
+  for (const ui::DialogTemplate& dialog : res::Dialogs()) {
+    for (const ui::ControlTemplate& control : dialog.controls) {
+      switch (control.kind) {
+        case ui::ControlKind::kLabel:
+        case ui::ControlKind::kGroup:
+        case ui::ControlKind::kProgress:
+        case ui::ControlKind::kIcon:
+          break;
+        default:
+          controls.emplace(dialog.number, control.id);
+      }
+    }
+  }
+  for (const auto& control : never) controls.erase(control);
+  for (const int control : neverSet) controls.erase({res::kVideoSettings, control});
+  return controls;
+}
+
+// And the operator comes everywhere, without which the rest would say little.
+TEST(OperatorTest, NoRuleIsBrokenWhateverIsDone) {
+  const int panels = StepsToDo() / kStepsOfAPanel;
+  Controls unused = Usable();
+  for (int seed = 1; seed <= panels; ++seed) {
+    RandomChoices choices(static_cast<std::uint32_t>(seed));
+    Steps done;
+    if (Operate(choices, kStepsOfAPanel, done)) {
+      const Steps shortened = Shorten(done);
+      FAIL() << "seed " << seed << ": " << Report(*Replay(shortened), shortened);
+    }
+    for (const Step& step : done) unused.erase({step.dialog, step.control});
+  }
+  EXPECT_EQ(unused, Controls{});
+}
+
+std::vector<std::filesystem::path> FilesIn(const char* folder) {
+  std::vector<std::filesystem::path> files;
+  const auto all = std::filesystem::path(PANELORA_SOURCE_DIR) / "tests/fuzz" / folder;
+  for (const auto& entry : std::filesystem::directory_iterator(all)) files.push_back(entry.path());
+  std::sort(files.begin(), files.end());
+  return files;
+}
+
+std::string Content(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+// What once broke a rule, or was taken for it.
+TEST(OperatorTest, NoKeptSequenceBreaksARule) {
+  const auto files = FilesIn("replays");
+  ASSERT_FALSE(files.empty());
+  for (const auto& file : files) {
+    const auto breach = Replay(StepsFrom(Content(file)));
+    EXPECT_FALSE(breach) << file << " after step " << breach->steps << ": " << breach->what;
+  }
+}
+
+}  // namespace
+}  // namespace panelora::fuzz
