@@ -152,11 +152,12 @@ void CAudioDlg::LayOut() {
   if (id.boxType == kNoBoxType) return;
   const ModelRow& model = ModelOf(id.boxType);
   // With volumes there is more to show, closer together.
-  constexpr int kTops[] = {35, 115, 195};
-  constexpr int kTightTops[] = {5, 73, 141, 209};
-  const int* tops = model.volume == Volume::kNone ? kTops : kTightTops;
+  const bool isTight = model.volume != Volume::kNone;
+  const int apart = isTight ? 68 : 80;
+  int top = isTight ? 5 : 35;
   const auto place = [&](const CyclingGroup& group) {
-    PlaceGroup(Window(), group, {kLeft, *tops++}, kNextX);
+    PlaceGroup(Window(), group, {kLeft, top}, kNextX);
+    top += apart;
     ShowGroup(Window(), group, true);
   };
   if (HasStandard(id.boxType)) {
@@ -175,8 +176,8 @@ void CAudioDlg::LayOut() {
   place(kSource);
   if (ShowsMute()) place(kMute);
   if (model.volume == Volume::kNone) return;
-  PlaceVolume(*tops++, HasLevelCombo());
-  if (model.volume == Volume::kAttenuation) PlaceHdmiVolume(*tops++);
+  PlaceVolume(top, HasLevelCombo());
+  if (model.volume == Volume::kAttenuation) PlaceHdmiVolume(top + apart);
 }
 
 void CAudioDlg::PlaceVolume(int top, bool hasScale) {
