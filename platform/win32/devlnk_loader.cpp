@@ -102,7 +102,7 @@ DevlnkLibrary::Resolver DevlnkFinder::Find() {
   // It may still be on its way here, or wait for a file of its own: it is tried again.
   const HMODULE module = Load(path);
   if (module == nullptr) return Nothing(kUnusable);
-  const DevlnkLibrary::Resolver resolve = [module](const char* name) {
+  DevlnkLibrary::Resolver resolve = [module](const char* name) {
     return reinterpret_cast<void*>(GetProcAddress(module, name));
   };
   const DevlnkLibrary library(resolve);
