@@ -31,8 +31,9 @@ add_library(panelora_win32 STATIC
 target_compile_definitions(panelora_win32 PUBLIC _WIN32_WINNT=0x0601 NOMINMAX)
 target_link_libraries(panelora_win32 PUBLIC panelora_core comctl32 gdi32 shlwapi user32)
 
-# The art is rendered from its vector sources into bitmaps and a resource script that names them.
-set(PANELORA_ART_DIR ${PROJECT_BINARY_DIR}/art)
+# The art is rendered from its vector sources into bitmaps and a resource script that names them. The
+# presets share it.
+set(PANELORA_ART_DIR ${PROJECT_BINARY_DIR}/art CACHE PATH "Where the rendered artwork is kept")
 file(GLOB PANELORA_ART_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/res/art/*)
 file(GLOB PANELORA_DIALOGS CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/res/dialogs/*.inc)
 add_custom_command(
