@@ -96,5 +96,18 @@ TEST(OperatorTest, NoKeptSequenceBreaksARule) {
   }
 }
 
+// What the fuzzer kept, because each goes a way through the program that no other goes.
+TEST(OperatorTest, NothingInTheCorpusBreaksARule) {
+  const auto files = FilesIn("corpus");
+  ASSERT_FALSE(files.empty());
+  for (const auto& file : files) {
+    const std::string bytes = Content(file);
+    ByteChoices choices(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+    Steps done;
+    const auto breach = Operate(choices, kStepsOfAPanel, done);
+    EXPECT_FALSE(breach) << file << ": " << Report(*breach, done);
+  }
+}
+
 }  // namespace
 }  // namespace panelora::fuzz
