@@ -1,0 +1,100 @@
+// A walk over the box types: the panel with any box of the family on any page.
+#pragma once
+
+#include <initializer_list>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "tests/support/panel_test.h"
+
+namespace panelora::testing {
+
+using Texts = std::vector<std::string>;
+// Controls that are shown, with their places.
+using Places = std::map<int, Rect>;
+
+// The four controls of a setting that is stepped by its ">>".
+struct Group {
+  int label;
+  int frame;
+  int value;
+  int next;
+};
+
+class ModelWalk : public PanelTest {
+ protected:
+  // The family's codes are 5 to 55; what is beyond them is treated alike.
+  static constexpr int kLastType = 58;
+
+  static Identity Box(int type, int brand = 0, int inputDip = 0, int outputDip = 0) {
+    const auto byte = [](int value) { return static_cast<std::uint8_t>(value); };
+    return {byte(type), byte(brand), 0, byte(inputDip), byte(outputDip)};
+  }
+  static std::string Named(const Identity& box) {
+    return "type " + std::to_string(box.boxType) + " brand " + std::to_string(box.brandCode) +
+           " DIP " + std::to_string(box.inputDipFlag) + std::to_string(box.outputDipFlag);
+  }
+
+  // The panel anew, with this box.
+  void StartAs(const Identity& identity, std::uint32_t firmware = 0x0126) {
+    panel.reset();
+    StartWith(identity, firmware);
+  }
+
+  // The page reads the box again.
+  void Reread() { Press(kPictureButton); }
+  void Report(int property, Bytes bytes) {
+    box.Block(static_cast<std::uint8_t>(property)) = std::move(bytes);
+  }
+  void ReportWord(int item, int value) {
+    box.Word(static_cast<std::uint32_t>(item)) = {static_cast<std::uint32_t>(value), 0};
+  }
+
+  Places ShownOn(int page) {
+    Places shown;
+    for (const ui::ControlTemplate& control : res::FindDialog(page)->controls) {
+      if (desk.Shows(page, control.id)) shown[control.id] = desk.PlaceOf(page, control.id);
+    }
+    return shown;
+  }
+
+  // What stands in `text` after each press of `button`.
+  Texts Steps(int page, int button, int text, std::size_t presses) {
+    Texts shown;
+    for (std::size_t i = 0; i < presses; ++i) {
+      desk.Press(page, button);
+      shown.push_back(desk.Text(page, text));
+    }
+    return shown;
+  }
+};
+
+inline bool Has(std::initializer_list<int> types, int type) {
+  for (const int each : types) {
+    if (each == type) return true;
+  }
+  return false;
+}
+
+inline std::string SetBlock(int property, std::initializer_list<int> bytes) {
+  BlockBuffer buffer{};
+  std::size_t size = 0;
+  for (const int byte : bytes) buffer[size++] = static_cast<std::uint8_t>(byte);
+  return simulator::SetBlockText(property, 0, static_cast<int>(size), buffer);
+}
+
+inline std::string SetWord(int item, int value) {
+  return simulator::SetWordText(0, static_cast<std::uint32_t>(item),
+                                static_cast<std::uint32_t>(value));
+}
+
+inline std::string GetBlock(int property, int length = 2) {
+  return simulator::GetBlockText(property, 0, length);
+}
+
+inline std::string GetWord(int item) {
+  return simulator::GetWordText(0, static_cast<std::uint32_t>(item));
+}
+
+}  // namespace panelora::testing
