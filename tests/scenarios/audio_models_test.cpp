@@ -727,7 +727,7 @@ TEST_F(AudioModels, OneFailedReadKeepsItsValueAlone) {
     for (const Row& row : rows) {
       SCOPED_TRACE(Named(identity) + " " + row.call);
       Read(identity, first);
-      device.Fail(row.call);
+      device.FillAndAnswer(row.call, 2);  // filled, and no success
       Read(identity, second);
       device.FailNothing();
       Held expected = second;
