@@ -1,0 +1,285 @@
+// The Setting page of every box type, against a list of its own: what is shown where, what every
+// value that a box can report shows, and exactly what is read and written.
+#include "tests/support/model_walk.h"
+
+namespace panelora::testing {
+namespace {
+
+constexpr int kPage = res::kSetting;
+constexpr int kReset = 1041;
+
+constexpr Group kLock = {1040, 1037, 1038, 1039};
+constexpr Group kOsd = {1042, 1043, 1044, 1045};
+constexpr Group kPattern = {1050, 1072, 1052, 1053};
+constexpr Group kNoSignal = {1046, 1047, 1048, 1049};
+constexpr Group kDip8 = {1051, 1054, 1055, 1056};
+
+using Names = std::map<int, std::string>;
+
+const Names kLocks = {{1, "Locked"}, {0, "Un-Locked"}};
+const Names kOsds = {{1, "Enable"}, {0, "Disable"}};
+const Names kNoSignals = {{1, "Blue Screen"}, {0, "Black Screen"}, {2, "Disable Output"}};
+const Names kPatterns = {{0, "Disable"},   {1, "White"},   {2, "Cross"},     {3, "Hatch"},
+                         {4, "Color Bar"}, {5, "Gray"},    {6, "Window"},    {7, "H Ramp"},
+                         {8, "WH Ramp"},   {9, "WV Ramp"}, {10, "Diagonal"}, {11, "Red"},
+                         {12, "Green"},    {13, "Blue"}};
+const Names kDip8Of26 = {{0, "Keep Aspect Ratio"},
+                         {1, "Full Screen (16:9)"},
+                         {2, "Dot By Dot"},
+                         {3, "4 : 3"},
+                         {4, "14 : 9"},
+                         {5, "UnderScan"},
+                         {6, "Pan Scan 16 : 9"}};
+const Names kDip8Of = {
+    {4, "Full Screen"}, {0, "16 : 9"}, {1, "4 : 3"}, {2, "Dot By Dot"}, {3, "Keep Aspect Ratio"}};
+
+bool ByBlock(int type) { return Has({14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 50, 51}, type); }
+
+// One of the three settings that a type has.
+struct Setting {
+  Group group;
+  Names names;
+  int last;
+};
+
+// Top to bottom, as they are shown.
+std::vector<Setting> SettingsOf(int type) {
+  if (type == 26) {
+    return {{kDip8, kDip8Of26, 6}, {kOsd, kOsds, 1}, {kNoSignal, kNoSignals, 2}};
+  }
+  if (ByBlock(type)) {
+    return {{kDip8, kDip8Of, 4}, {kOsd, kOsds, 1}, {kNoSignal, kNoSignals, 2}};
+  }
+  return {{kLock, kLocks, 1}, {kPattern, kPatterns, 13}, {kNoSignal, kNoSignals, 2}};
+}
+
+Calls ReadsOf(int type) {
+  if (type == 26) return {GetBlock(23), GetBlock(22), GetWord(21)};
+  if (ByBlock(type)) return {GetBlock(15), GetBlock(21), GetBlock(22)};
+  return {GetWord(12), GetWord(13), GetWord(17)};
+}
+
+// What Apply sends of the three; `extra` is the byte that 26 keeps beside its DIP 8 mode.
+Calls WritesOf(int type, const std::vector<int>& v, int extra) {
+  if (type == 26) return {SetWord(21, v[1]), SetBlock(22, {v[2]}), SetBlock(23, {v[0], extra})};
+  if (ByBlock(type)) return {SetBlock(21, {v[1]}), SetBlock(22, {v[2]}), SetBlock(15, {v[0]})};
+  return {SetWord(12, v[0]), SetWord(13, v[1]), SetWord(17, v[2])};
+}
+
+constexpr int kExtra = 0x5A;
+
+class SettingModels : public ModelWalk {
+ protected:
+  void Report(int type, const std::vector<int>& v) {
+    const auto byte = [](int value) { return static_cast<std::uint8_t>(value); };
+    if (type == 26) {
+      ModelWalk::Report(23, {byte(v[0]), kExtra});
+      ReportWord(21, v[1]);
+      ModelWalk::Report(22, {byte(v[2]), 0x77});
+    } else if (ByBlock(type)) {
+      ModelWalk::Report(15, {byte(v[0]), 0x77});
+      ModelWalk::Report(21, {byte(v[1]), 0x77});
+      ModelWalk::Report(22, {byte(v[2]), 0x77});
+    } else {
+      ReportWord(12, v[0]);
+      ReportWord(13, v[1]);
+      ReportWord(17, v[2]);
+    }
+  }
+  void OpenAs(const Identity& identity, std::uint32_t firmware = 0x0126) {
+    StartAs(identity, firmware);
+    Press(kSettingButton);
+    TakeCalls();
+  }
+  std::string TextOf(const Group& group) { return desk.Text(kPage, group.value); }
+};
+
+TEST_F(SettingModels, EveryOtherTypeShowsItsThreeSettings) {
+  for (int type = 0; type <= kLastType; ++type) {
+    if (type == 26) continue;
+    for (const std::uint32_t firmware : {0U, 0x0126U}) {
+      OpenAs(Box(type), firmware);
+      Places expected;
+      int top = 15;
+      for (const Setting& setting : SettingsOf(type)) {
+        expected[setting.group.label] = {55, top, 300, 20};
+        expected[setting.group.frame] = {55, top + 15, 300, 48};
+        expected[setting.group.value] = {65, top + 30, 250, 30};
+        expected[setting.group.next] = {375, top + 23, 40, 39};
+        top += 70;
+      }
+      expected[kReset] = {55, 235, 360, 50};
+      ASSERT_EQ(ShownOn(kPage), expected) << type << " firmware " << firmware;
+    }
+  }
+}
+
+TEST_F(SettingModels, EveryControlHasItsCaptionAndFont) {
+  for (const int type : {26, 46, 20}) {
+    OpenAs(Box(type));
+    const Names captions = {{1040, "Function Button"},
+                            {1042, "OSD Hide Mode"},
+                            {1050, "Pattern Mode"},
+                            {1046, "No Signal Mode"},
+                            {1051, "DipSwitch 8(1) Mode"}};
+    for (const auto& [control, caption] : captions) {
+      EXPECT_EQ(desk.Text(kPage, control), caption);
+    }
+    for (const Group& group : {kLock, kOsd, kPattern, kNoSignal, kDip8}) {
+      EXPECT_EQ(desk.Text(kPage, group.frame), "") << group.frame;
+      EXPECT_EQ(desk.Text(kPage, group.next), ">>") << group.next;
+    }
+    for (const ui::ControlTemplate& control : res::FindDialog(kPage)->controls) {
+      EXPECT_EQ(desk.FontOf(kPage, control.id), (ui::Font{"Arial", 120})) << control.id;
+    }
+  }
+}
+
+TEST_F(SettingModels, EveryValueIsShownSentAndSteppedFrom) {
+  for (int type = 0; type <= kLastType; ++type) {
+    SCOPED_TRACE(Named(Box(type)));
+    OpenAs(Box(type), 294);
+    const std::vector<Setting> settings = SettingsOf(type);
+    std::vector<int> values = {1, 1, 1};
+    Report(type, values);
+    ASSERT_EQ(CallsOf(kSettingButton), ReadsOf(type));
+    ASSERT_EQ(CallsOf(kPictureButton), ReadsOf(type));
+    ASSERT_EQ(CallsOf(kDefaultButton), ReadsOf(type));
+    for (std::size_t i = 0; i < settings.size(); ++i) {
+      const Setting& setting = settings[i];
+      std::string shown = setting.names.at(1);
+      for (const int value : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 254, 255}) {
+        SCOPED_TRACE("setting " + std::to_string(i) + " value " + std::to_string(value));
+        values = {1, 1, 1};
+        values[i] = value;
+        Report(type, values);
+        Reread();
+        const auto expect = [&] {
+          if (setting.names.contains(values[i])) shown = setting.names.at(values[i]);
+          ASSERT_EQ(TextOf(setting.group), shown);
+          ASSERT_EQ(CallsOf(kApplyButton), WritesOf(type, values, kExtra));
+        };
+        ASSERT_NO_FATAL_FAILURE(expect());
+        ASSERT_FALSE(desk.IsOpen(res::kCaution));
+        ASSERT_EQ(CallsOnPage(kPage, setting.group.next), Calls{});
+        values[i] = value + 1 > setting.last ? 0 : value + 1;
+        // 26 is offered the first and the last mode alone.
+        const bool isDip8Of26 = type == 26 && i == 0;
+        if (isDip8Of26) values[i] = value < 6 ? 6 : 0;
+        ASSERT_NO_FATAL_FAILURE(expect());
+        ASSERT_EQ(desk.IsOpen(res::kCaution), isDip8Of26);
+        if (isDip8Of26) desk.RequestClose(res::kCaution);
+      }
+    }
+  }
+}
+
+// From 0, which is pending while nothing is read, through all names; nothing is sent.
+TEST_F(SettingModels, EverySettingStepsOnEveryType) {
+  for (int type = 0; type <= kLastType; ++type) {
+    StartAs(Box(type));
+    device.FailEverything();
+    Press(kSettingButton);
+    TakeCalls();
+    const Setting settings[] = {{kLock, kLocks, 1},
+                                {kOsd, kOsds, 1},
+                                {kPattern, kPatterns, 13},
+                                {kNoSignal, kNoSignals, 2},
+                                {kDip8, kDip8Of, 4}};
+    for (const Setting& setting : settings) {
+      if (type == 26 && setting.group.next == kDip8.next) continue;
+      for (int i = 1; i <= 2 * setting.last + 2; ++i) {
+        desk.Press(kPage, setting.group.next);
+        ASSERT_EQ(TextOf(setting.group), setting.names.at(i % (setting.last + 1)))
+            << type << " " << setting.group.next;
+      }
+    }
+    ASSERT_EQ(TakeCalls(), Calls{});
+    device.FailNothing();
+  }
+}
+
+// Filled and answered with something else than success, each read on its own.
+TEST_F(SettingModels, OneFailedReadKeepsItsValueAlone) {
+  for (const int type : {26, 46, 14, 50, 20, 24, 0}) {
+    const Calls reads = ReadsOf(type);
+    // Which of the three each read is for: 26 reads the last two the other way round.
+    const std::vector<std::size_t> order =
+        type == 26 ? std::vector<std::size_t>{0, 2, 1} : std::vector<std::size_t>{0, 1, 2};
+    for (std::size_t i = 0; i < reads.size(); ++i) {
+      SCOPED_TRACE(Named(Box(type)) + " " + reads[i]);
+      OpenAs(Box(type));
+      Report(type, {0, 0, 0});
+      Reread();
+      Report(type, {1, 1, 1});
+      device.FillAndAnswer(reads[i], 2);
+      ASSERT_EQ(CallsOf(kPictureButton), reads);
+      device.FailNothing();
+      std::vector<int> expected = {1, 1, 1};
+      expected[order[i]] = 0;
+      const std::vector<Setting> settings = SettingsOf(type);
+      for (std::size_t s = 0; s < settings.size(); ++s) {
+        EXPECT_EQ(TextOf(settings[s].group), settings[s].names.at(expected[s])) << s;
+      }
+      EXPECT_EQ(CallsOf(kApplyButton), WritesOf(type, expected, kExtra));
+    }
+  }
+}
+
+TEST_F(SettingModels, FailedReadConfirmsNoModeAndKeepsTheExtraByte) {
+  OpenAs(Box(26));
+  Report(26, {0, 1, 1});
+  Reread();
+  desk.Press(kPage, kDip8.next);
+  device.Fail(GetBlock(23));
+  Reread();
+  EXPECT_EQ(CallsOf(kApplyButton), WritesOf(26, {6, 1, 1}, kExtra));
+  EXPECT_TRUE(desk.IsOpen(res::kCaution));
+}
+
+TEST_F(SettingModels, HardwareResetOfEveryType) {
+  struct Row {
+    std::initializer_list<int> types;
+    std::string call;
+  };
+  const Row rows[] = {{{20, 21, 25, 29, 30, 33, 43}, SetWord(4, 1)},
+                      {{24, 34}, SetWord(5, 1)},
+                      {{18, 32}, SetWord(6, 1)},
+                      {{23, 42}, SetWord(7, 1)},
+                      {{13, 15}, SetWord(10, 1)},
+                      {{17, 35}, SetWord(8, 0)},
+                      {{37, 38, 39, 40, 46, 47, 48, 49, 50, 51}, SetBlock(1, {1})},
+                      {{14, 36}, SetBlock(10, {1})}};
+  for (int type = 0; type <= kLastType; ++type) {
+    std::string call = SetWord(3, 1);
+    for (const Row& row : rows) {
+      if (Has(row.types, type)) call = row.call;
+    }
+    OpenAs(Box(type));
+    EXPECT_EQ(CallsOnPage(kPage, kReset), Calls{call}) << type;
+  }
+}
+
+TEST_F(SettingModels, WithoutBoxNothingIsAskedAndNoResetIsSent) {
+  box.SetPresent(false);
+  Start();
+  EXPECT_EQ(CallsOf(kSettingButton), Calls{});
+  EXPECT_EQ(CallsOnPage(kPage, kReset), Calls{});
+}
+
+// The page is set up anew whenever it is opened; what was stepped stays pending.
+TEST_F(SettingModels, OpeningTakesTheHandleAndTheFirstTextsAgain) {
+  OpenAs(Box(26), 280);  // reads none of it
+  desk.Press(kPage, kDip8.next);
+  ASSERT_EQ(TextOf(kDip8), "Pan Scan 16 : 9");
+  device.AnswerHandle(0x1234);
+  Press(kReturnButton);
+  for (int i = 0; i < 6; ++i) Tick();  // takes the new handle
+  Press(kSettingButton);
+  EXPECT_EQ(TextOf(kDip8), "FULL SCREEN");
+  EXPECT_EQ(CallsOf(kApplyButton).back(), SetBlock(23, {6, 0}));
+  EXPECT_EQ(box.Block(23), (Bytes{6, 0}));  // the box took it
+}
+
+}  // namespace
+}  // namespace panelora::testing
