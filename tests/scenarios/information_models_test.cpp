@@ -1,4 +1,5 @@
-// The Information page and the Video menu of every box type, against lists of their own.
+// The Information page, the Video menu and the navigation bar at home of every box type, against
+// lists of their own.
 #include "tests/support/model_walk.h"
 
 namespace panelora::testing {
@@ -214,6 +215,77 @@ TEST_F(VideoMenuModels, MenuFollowsTheBoxThatIsConnected) {
     Places expected = {{1047, {45, 30, 390, 250}}};
     for (const auto& [button, top] : MenuOf(type, 0)) expected[button] = {60, top, 360, 50};
     EXPECT_EQ(ShownOn(kMenu), expected) << int{type};
+  }
+}
+
+// The navigation bar at home, and the device picture, of every box type.
+
+using HomeModels = ModelWalk;
+
+std::vector<std::string> HomeOf(int type) {
+  std::vector<std::string> buttons = {"Information 65", "Video 105"};
+  if (Has({5, 27}, type)) {
+    buttons.push_back("Setting 145");
+  } else if (type == 19) {
+    buttons.insert(buttons.end(), {"Proc Amp 145", "Setting 185"});
+  } else if (Has({6, 7, 52, 53, 54, 55}, type)) {
+    buttons.insert(buttons.end(), {"Audio 145", "Setting 185"});
+  } else {
+    buttons.insert(buttons.end(), {"Audio 145", "Proc Amp 185", "Setting 225"});
+  }
+  if (Has({19, 26, 27, 50}, type)) buttons.push_back("Refresh 340/45");
+  return buttons;
+}
+
+// Where a button waits that the type does not have.
+Places HiddenPlacesOf(int type) {
+  if (Has({5, 27}, type)) {
+    return {{kProcAmpButton, {0, 185, 110, 40}}, {kAudioButton, {0, 225, 110, 40}}};
+  }
+  if (type == 19) return {{kAudioButton, {0, 225, 110, 40}}};
+  if (Has({6, 7, 52, 53, 54, 55}, type)) return {{kProcAmpButton, {0, 225, 110, 40}}};
+  return {};
+}
+
+TEST_F(HomeModels, EveryTypeHasItsButtonsAtStartAndAfterEveryWayBack) {
+  for (int type = 0; type <= kLastType; ++type) {
+    SCOPED_TRACE(Named(Box(type)));
+    StartAs(Box(type));
+    EXPECT_EQ(Buttons(), HomeOf(type));
+    Press(kInformationButton);
+    EXPECT_EQ(Buttons(), HomeOf(type));
+    for (const int button : {kSettingButton, kAudioButton, kProcAmpButton, kVideoButton}) {
+      Press(button);
+      Press(kReturnButton);
+      EXPECT_EQ(Buttons(), HomeOf(type)) << button;
+    }
+    for (const auto& [button, place] : HiddenPlacesOf(type)) {
+      EXPECT_EQ(desk.PlaceOf(res::kMain, button), place) << button;
+    }
+  }
+}
+
+// Another connection puts every button back before the new box moves it.
+TEST_F(HomeModels, ButtonsAreThoseOfTheBoxThatIsConnected) {
+  const std::vector<std::uint8_t> all = {26, 27, 50, 5, 26, 19, 20, 52, 26};
+  admitted = all;
+  StartWith(0x0126, Box(26));
+  for (const std::uint8_t type : all) {
+    box.SetPresent(false);
+    for (int i = 0; i < 6; ++i) Tick();
+    box.Become(Box(type), 0x0126);
+    box.SetPresent(true);
+    Tick();
+    EXPECT_EQ(Buttons(), HomeOf(type)) << int{type};
+  }
+}
+
+TEST_F(HomeModels, EveryTypeHasAPictureOrThatOfNoBox) {
+  for (int type = 0; type <= kLastType; ++type) {
+    StartAs(Box(type));
+    const bool none = type < 5 || type > 55 || Has({8, 9, 10, 11, 12, 16, 22, 28, 31, 41}, type);
+    EXPECT_EQ(Picture() == "NULL_BOX", none) << type;
+    EXPECT_EQ(PictureRect(), (Rect{0, 0, 600, 65})) << type;
   }
 }
 
