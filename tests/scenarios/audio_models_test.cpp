@@ -281,8 +281,8 @@ class AudioModels : public ModelWalk {
 };
 
 TEST_F(AudioModels, EveryTypeShowsItsPartsInOneColumn) {
-  for (int type = 0; type <= kLastType; ++type) {
-    for (const int brand : {0, 1, 2}) {
+  for (const int type : kTypes) {
+    for (const int brand : {0, 2}) {
       const Identity identity = Box(type, brand);
       OpenAs(identity);
       ASSERT_EQ(ShownOn(kPage), ExpectedPlaces(identity)) << Named(identity);
@@ -337,7 +337,7 @@ TEST_F(AudioModels, FirstTextsOfOtherModels) {
 }
 
 TEST_F(AudioModels, EveryTypeReadsAndWritesWhatItHas) {
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     for (const int brand : {0, 2}) {
       const Identity identity = Box(type, brand);
       SCOPED_TRACE(Named(identity));
@@ -362,7 +362,7 @@ TEST_F(AudioModels, EveryTypeReadsAndWritesWhatItHas) {
 }
 
 TEST_F(AudioModels, EverySourceIsShownSentAndSteppedFrom) {
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     const Identity identity = Box(type);
     OpenAs(identity);
     std::string shown = TextOf(kSource);
@@ -392,7 +392,7 @@ TEST_F(AudioModels, EverySourceIsShownSentAndSteppedFrom) {
 }
 
 TEST_F(AudioModels, EveryMuteIsShownSentAndSteppedFrom) {
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     if (type == 51) continue;  // is not asked for it
     const Identity identity = Box(type);
     SCOPED_TRACE(Named(identity));
@@ -672,7 +672,7 @@ TEST_F(AudioModels, EveryEntryOfTheLevelComboIsSentAtOnce) {
 
 // What a type does not have is not moved by buttons that it does not show.
 TEST_F(AudioModels, ButtonsOfOtherTypesTellTheBoxNothing) {
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     const Identity identity = Box(type);
     const Volume volume = VolumeOf(type);
     OpenAs(identity);

@@ -59,8 +59,9 @@ class ProcAmpModels : public ModelWalk {
 };
 
 TEST_F(ProcAmpModels, EveryTypeReadsShowsAndSetsItsPicture) {
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     for (const int brand : {0, 2}) {
+      if (brand == 2 && !Has({7, 20, 24, 46}, type)) continue;
       const Identity identity = Box(type, brand);
       SCOPED_TRACE(Named(identity));
       StartAs(identity);
@@ -83,9 +84,10 @@ TEST_F(ProcAmpModels, EveryTypeReadsShowsAndSetsItsPicture) {
 }
 
 TEST_F(ProcAmpModels, EveryTypeShowsThePictureControlsInBothViews) {
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     if (type == 26) continue;
     for (const int brand : {0, 2}) {
+      if (brand == 2 && !Has({7, 20, 24, 46}, type)) continue;
       const Identity identity = Box(type, brand);
       StartAs(identity);
       Press(kProcAmpButton);
@@ -124,9 +126,10 @@ TEST_F(ProcAmpModels, CaptionsAndFonts) {
 }
 
 TEST_F(ProcAmpModels, EveryTypeReadsItsDefaultsBack) {
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     if (type == 26) continue;
     for (const int brand : {0, 2}) {
+      if (brand == 2 && !Has({7, 20, 24, 46}, type)) continue;
       const Identity identity = Box(type, brand);
       SCOPED_TRACE(Named(identity));
       StartAs(identity);
@@ -164,7 +167,7 @@ TEST_F(ProcAmpModels, CommitOfEveryIdentity) {
     desk.PressKey(kPage, 1049, ui::Key::kEscape);
     EXPECT_EQ(TakeCalls(), Calls{});
   };
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     expectCommit(type, 2, 0x0126);
     if (HasFailure()) return;
   }
@@ -247,8 +250,9 @@ class ImageModels : public ModelWalk {
 };
 
 TEST_F(ImageModels, EveryTypeOpensAsksAndShows) {
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     for (const int brand : {0, 2}) {
+      if (brand == 2 && !Has({20, 24, 26, 34, 50}, type)) continue;
       SCOPED_TRACE(Named(Box(type, brand)));
       StartAs(Box(type, brand));
       panel->ShowImageAdjust();
@@ -330,12 +334,13 @@ TEST_F(ImageModels, EveryValueStepsToItsEndsAndIsWrittenAtOnce) {
 }
 
 TEST_F(ImageModels, EveryReportEnablesWhatItLets) {
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     for (const int brand : {0, 2}) {
+      if (brand == 2 && !Has({20, 24, 26, 34, 50}, type)) continue;
       StartAs(Box(type, brand));
       panel->ShowImageAdjust();
-      for (const int input : {0, 1, 2, 3, 4, 255}) {
-        for (const int aspect : {0, 2, 3, 4, 5, 6, 255}) {
+      for (const int input : {1, 2, 3, 255}) {
+        for (const int aspect : {2, 3, 4, 5, 6}) {
           const auto byte = [](int value) { return static_cast<std::uint8_t>(value); };
           Report(3, {byte(input), 0});
           Report(15, {byte(aspect), 0});

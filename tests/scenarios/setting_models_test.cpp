@@ -95,9 +95,10 @@ class SettingModels : public ModelWalk {
 };
 
 TEST_F(SettingModels, EveryOtherTypeShowsItsThreeSettings) {
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     if (type == 26) continue;
     for (const std::uint32_t firmware : {0U, 0x0126U}) {
+      if (firmware == 0 && !Has({0, 20, 50}, type)) continue;
       OpenAs(Box(type), firmware);
       Places expected;
       int top = 15;
@@ -136,7 +137,7 @@ TEST_F(SettingModels, EveryControlHasItsCaptionAndFont) {
 }
 
 TEST_F(SettingModels, EveryValueIsShownSentAndSteppedFrom) {
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     SCOPED_TRACE(Named(Box(type)));
     OpenAs(Box(type), 294);
     const std::vector<Setting> settings = SettingsOf(type);
@@ -176,7 +177,7 @@ TEST_F(SettingModels, EveryValueIsShownSentAndSteppedFrom) {
 
 // From 0, which is pending while nothing is read, through all names; nothing is sent.
 TEST_F(SettingModels, EverySettingStepsOnEveryType) {
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     StartAs(Box(type));
     device.FailEverything();
     Press(kSettingButton);
@@ -250,7 +251,7 @@ TEST_F(SettingModels, HardwareResetOfEveryType) {
                       {{17, 35}, SetWord(8, 0)},
                       {{37, 38, 39, 40, 46, 47, 48, 49, 50, 51}, SetBlock(1, {1})},
                       {{14, 36}, SetBlock(10, {1})}};
-  for (int type = 0; type <= kLastType; ++type) {
+  for (const int type : kTypes) {
     std::string call = SetWord(3, 1);
     for (const Row& row : rows) {
       if (Has(row.types, type)) call = row.call;
