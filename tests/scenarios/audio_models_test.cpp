@@ -664,6 +664,9 @@ TEST_F(AudioModels, EveryEntryOfTheLevelComboIsSentAtOnce) {
       EXPECT_EQ(desk.ProgressPosition(kPage, kVolumeBar), output ? entry.raw : 80 - entry.raw);
       EXPECT_EQ((output ? "" : " ") + TextOf(kLevelText), entry.text);
     }
+    TakeCalls();
+    desk.Choose(kPage, kCombo, -1);  // none
+    EXPECT_EQ(TakeCalls(), Calls{});
     EXPECT_EQ(desk.Items(kPage, kCombo).size(), 8U);
     Press(kAudioButton);  // filled anew, and not once more
     EXPECT_EQ(desk.Items(kPage, kCombo).size(), 8U);
@@ -746,6 +749,18 @@ TEST_F(AudioModels, OneFailedReadKeepsItsValueAlone) {
       }
     }
   }
+}
+
+// A box that answers another handle is asked by the old one until the page is opened again.
+TEST_F(AudioModels, HandleIsThatOfTheOpening) {
+  OpenAs(Box(26));
+  device.AnswerHandle(0x1234);
+  for (int i = 0; i < 6; ++i) Tick();
+  ReportWord(11, 1);
+  Reread();
+  EXPECT_EQ(TextOf(kMute), "OFF");
+  Press(kAudioButton);
+  EXPECT_EQ(TextOf(kMute), "ON");
 }
 
 TEST_F(AudioModels, WithoutBoxNothingIsShownOrAsked) {

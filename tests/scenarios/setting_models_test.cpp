@@ -261,6 +261,20 @@ TEST_F(SettingModels, HardwareResetOfEveryType) {
   }
 }
 
+// A box that answers another handle is asked by the old one until the page is opened again.
+TEST_F(SettingModels, HandleIsThatOfTheOpening) {
+  OpenAs(Box(26));
+  Report(26, {0, 1, 1});
+  Reread();
+  device.AnswerHandle(0x1234);
+  for (int i = 0; i < 6; ++i) Tick();
+  Report(26, {0, 0, 1});
+  Reread();
+  EXPECT_EQ(TextOf(kOsd), "Enable");
+  Press(kSettingButton);
+  EXPECT_EQ(TextOf(kOsd), "Disable");
+}
+
 TEST_F(SettingModels, WithoutBoxNothingIsAskedAndNoResetIsSent) {
   box.SetPresent(false);
   Start();

@@ -558,6 +558,61 @@ TEST_F(VideoTables, SelectionsOutliveAConnectionChange) {
   EXPECT_EQ(CallsOf(kApplyButton), chosen);
 }
 
+// Filled and answered with something else than success, each read on its own.
+TEST_F(VideoTables, OneFailedReadKeepsItsSelectionAlone) {
+  struct Case {
+    int type;
+    int subPage;
+  };
+  for (const Case& each : {Case{26, 0}, Case{26, 1}, Case{50, 0}, Case{24, 0}, Case{25, 0}}) {
+    const Identity identity = Box(each.type);
+    const Settings settings = SettingsOf(identity, 0x0126, each.subPage);
+    for (std::size_t failing = 0; failing < settings.size(); ++failing) {
+      SCOPED_TRACE(Named(identity) + " address " + std::to_string(settings[failing].address));
+      OpenAs(identity, 0x0126, each.subPage);
+      for (const Setting& setting : settings) {
+        ReportTo(identity, setting.address, setting.options.back().value);
+      }
+      Reread();
+      for (const Setting& setting : settings) {
+        ReportTo(identity, setting.address, setting.options.front().value);
+      }
+      const std::string call = Reads(identity, settings)[failing];
+      device.FillAndAnswer(call, 2);
+      Reread();
+      device.FailNothing();
+      std::vector<int> selected;
+      for (std::size_t i = 0; i < settings.size(); ++i) {
+        const Setting& setting = settings[i];
+        // The output colour alone falls back, to RGB444.
+        const bool kept = i == failing && setting.group.next != kColour.next;
+        const Option& option = kept ? setting.options.back() : setting.options.front();
+        EXPECT_EQ(TextOf(setting.group), option.text);
+        selected.push_back(option.index);
+      }
+      EXPECT_EQ(CallsOf(kApplyButton), Writes(identity, settings, selected));
+    }
+  }
+}
+
+// A box that answers another handle is asked by the old one until the page is initialised again.
+TEST_F(VideoTables, HandleIsThatOfTheLastConnection) {
+  OpenAs(Box(26));
+  Press(kReturnButton);
+  device.AnswerHandle(0x1234);
+  for (int i = 0; i < 6; ++i) Tick();
+  ReportWord(4, 4);
+  panel->ShowVideoSettings();
+  EXPECT_EQ(TextOf(kInput), "HDMI");
+  Press(kReturnButton);
+  box.SetPresent(false);
+  for (int i = 0; i < 6; ++i) Tick();
+  box.SetPresent(true);
+  Tick();
+  panel->ShowVideoSettings();
+  EXPECT_EQ(TextOf(kInput), "SDI");
+}
+
 TEST_F(VideoTables, WithoutBoxTheFirstTextsStandAndNothingIsAsked) {
   box.SetPresent(false);
   Start();
