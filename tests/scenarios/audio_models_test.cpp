@@ -763,6 +763,20 @@ TEST_F(AudioModels, HandleIsThatOfTheOpening) {
   EXPECT_EQ(TextOf(kMute), "ON");
 }
 
+// What was never read is sent as it was at the start.
+TEST_F(AudioModels, FirstValuesOfEveryType) {
+  for (const int type : kTypes) {
+    const Identity identity = Box(type);
+    StartAs(identity);
+    device.FailEverything();
+    Press(kAudioButton);
+    device.FailNothing();
+    Held first;
+    first.level = 62;  // 0 dB
+    EXPECT_EQ(CallsOf(kApplyButton), Writes(identity, first)) << type;
+  }
+}
+
 TEST_F(AudioModels, WithoutBoxNothingIsShownOrAsked) {
   box.SetPresent(false);
   Start();

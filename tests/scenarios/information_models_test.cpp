@@ -122,6 +122,18 @@ TEST_F(InformationModels, EveryTypeTellsItsFirmwareInItsOwnItem) {
   }
 }
 
+// Every refresh passes the number on, also one that reads nothing because there is no box.
+TEST_F(InformationModels, RefreshWithoutBoxPassesTheOldNumberOn) {
+  StartAs(Box(26));
+  box.SetPresent(false);
+  Tick();
+  const_cast<PanelState&>(panel->Panel()).firmwareVersion = 0;
+  TakeCalls();
+  Press(kPictureButton);
+  EXPECT_EQ(TakeCalls(), Calls{});
+  EXPECT_EQ(panel->Panel().firmwareVersion, 0x0126U);
+}
+
 TEST_F(InformationModels, EveryBrandHasItsWebAddress) {
   const std::map<int, std::string> addresses = {
       {1, "www.telvero.example"},  {2, "www.brightmoor.example"}, {3, "www.corvane-pro.example"},

@@ -275,6 +275,17 @@ TEST_F(SettingModels, HandleIsThatOfTheOpening) {
   EXPECT_EQ(TextOf(kOsd), "Disable");
 }
 
+// What was never read is sent as 0.
+TEST_F(SettingModels, FirstValuesOfEveryType) {
+  for (const int type : kTypes) {
+    StartAs(Box(type));
+    device.FailEverything();
+    Press(kSettingButton);
+    device.FailNothing();
+    EXPECT_EQ(CallsOf(kApplyButton), WritesOf(type, {0, 0, 0}, 0)) << type;
+  }
+}
+
 TEST_F(SettingModels, WithoutBoxNothingIsAskedAndNoResetIsSent) {
   box.SetPresent(false);
   Start();

@@ -613,6 +613,24 @@ TEST_F(VideoTables, HandleIsThatOfTheLastConnection) {
   EXPECT_EQ(TextOf(kInput), "SDI");
 }
 
+// What was never read is sent as its first row; there is none for the output format.
+TEST_F(VideoTables, FirstSelectionsOfEveryType) {
+  for (const int type : kTypes) {
+    StartAs(Box(type));
+    device.FailEverything();
+    panel->ShowVideoSettings();
+    device.FailNothing();
+    Calls expected;
+    for (const Setting& setting : SettingsOf(Box(type), 0x0126, 0)) {
+      const Option* option = At(setting.options, 0);
+      if (option == nullptr) continue;
+      expected.push_back(type == 26 ? SetWord(setting.address, option->value)
+                                    : SetBlock(setting.address, {option->value}));
+    }
+    EXPECT_EQ(CallsOf(kApplyButton), expected) << type;  // and no pass-through
+  }
+}
+
 TEST_F(VideoTables, WithoutBoxTheFirstTextsStandAndNothingIsAsked) {
   box.SetPresent(false);
   Start();
