@@ -1,0 +1,284 @@
+// The Audio page of every box type: a list of its own of what is shown where, which sources there
+// are, and what is read and written.
+#pragma once
+
+#include <algorithm>
+#include <optional>
+
+#include "tests/support/model_walk.h"
+
+namespace panelora::testing::audio_models {
+
+inline constexpr int kPage = res::kAudio;
+
+inline constexpr Group kMute = {1026, 1023, 1025, 1024};
+inline constexpr Group kSource = {1030, 1027, 1028, 1029};
+inline constexpr Group kStandard = {1035, 1036, 1037, 1038};
+inline constexpr Group kXlrLevel = {1055, 1039, 1040, 1041};
+inline constexpr Group kImpedance = {1056, 1042, 1043, 1044};
+inline constexpr Group kChannel = {1057, 1047, 1048, 1049};
+inline constexpr int kVolumeText = 1058;
+inline constexpr int kVolumeBar = 1103;
+inline constexpr int kLevelText = 1059;
+inline constexpr int kSofter = 1045;
+inline constexpr int kLouder = 1046;
+inline constexpr int kHdmiText = 1052;
+inline constexpr int kHdmiBar = 1104;
+inline constexpr int kHdmiSofter = 1053;
+inline constexpr int kHdmiLouder = 1054;
+inline constexpr int kScale = 1050;
+inline constexpr int kRuler = 1051;
+inline constexpr int kCombo = 1108;
+
+// One letter a part: m mute, s source, t standard, x XLR level, i XLR impedance, c output channel,
+// v volume, b volume with the level combo below it, h HDMI volume.
+struct Column {
+  std::initializer_list<int> types;
+  const char* parts;
+  const char* partsOfBrand2;
+};
+inline const Column kColumns[] = {
+    {{26, 50}, "mst", "mst"},  {{29}, "csmv", "csb"},
+    {{25}, "smv", "sb"},       {{18, 32}, "csm", "csm"},
+    {{24, 34}, "xsmv", "xsb"}, {{14}, "xis", "xis"},
+    {{36}, "xsm", "xsm"},      {{46, 47, 48, 49, 52}, "svh", "svh"},
+    {{51}, "s", "s"},
+};
+
+inline std::string PartsOf(const Identity& box) {
+  for (const Column& column : kColumns) {
+    if (Has(column.types, box.boxType)) {
+      return box.brandCode == 2 ? column.partsOfBrand2 : column.parts;
+    }
+  }
+  return "sm";
+}
+inline bool HasPart(const Identity& box, char part) {
+  return PartsOf(box).find(part) != std::string::npos;
+}
+inline bool TakesWords(int type) { return type == 26 || type == 50; }
+inline int SourceBlock(int type) { return type == 14 || type == 36 ? 9 : 10; }
+
+enum class Volume { kNone, kAttenuation, kInput, kOutput };
+inline Volume VolumeOf(int type) {
+  if (Has({46, 47, 48, 49, 52}, type)) return Volume::kAttenuation;
+  if (type == 25 || type == 29) return Volume::kInput;
+  if (type == 24 || type == 34) return Volume::kOutput;
+  return Volume::kNone;
+}
+
+inline void PlaceFour(Places& places, const Group& group, int top) {
+  places[group.label] = {50, top, 300, 20};
+  places[group.frame] = {50, top + 15, 300, 48};
+  places[group.value] = {60, top + 30, 250, 30};
+  places[group.next] = {370, top + 23, 40, 39};
+}
+
+inline Places ExpectedPlaces(const Identity& box) {
+  const std::string parts = PartsOf(box);
+  const bool tight = parts.find_first_of("vb") != std::string::npos;
+  Places places;
+  int top = tight ? 5 : 35;
+  for (const char part : parts) {
+    switch (part) {
+      case 'm':
+        PlaceFour(places, kMute, top);
+        break;
+      case 's':
+        PlaceFour(places, kSource, top);
+        break;
+      case 't':
+        PlaceFour(places, kStandard, top);
+        break;
+      case 'x':
+        PlaceFour(places, kXlrLevel, top);
+        break;
+      case 'i':
+        PlaceFour(places, kImpedance, top);
+        break;
+      case 'c':
+        PlaceFour(places, kChannel, top);
+        break;
+      case 'h':
+        places[kHdmiText] = {50, top, 330, 20};
+        places[1061] = {50, top + 15, 300, 48};
+        places[kHdmiBar] = {60, top + 33, 280, 16};
+        places[kHdmiSofter] = {370, top + 23, 40, 39};
+        places[kHdmiLouder] = {415, top + 23, 40, 39};
+        break;
+      default:
+        places[kVolumeText] = {50, top, 330, 20};
+        places[1060] = {50, top + 15, 300, 48};
+        places[kVolumeBar] = {60, top + 33, 230, 16};
+        if (VolumeOf(box.boxType) != Volume::kAttenuation) {
+          places[kLevelText] = {295, top + 31, 50, 20};
+        }
+        places[kSofter] = {370, top + 23, 40, 39};
+        places[kLouder] = {415, top + 23, 40, 39};
+        if (part == 'v') break;
+        places[kScale] = {50, top + 68, 370, 20};
+        places[kRuler] = {65, top + 88, 355, 20};
+        places[1062] = {50, top + 118, 100, 20};
+        places[kCombo] = {160, top + 116, 110, 24};
+        break;
+    }
+    top += tight ? 68 : 80;
+  }
+  return places;
+}
+
+// Sources in the order of their indices. The device code is the index but where `code` says more.
+struct SourceRow {
+  const char* text;
+  int code = -1;
+};
+struct SourceList {
+  std::initializer_list<int> types;
+  int input;  // -1: whatever the input
+  std::vector<SourceRow> rows;
+};
+inline const SourceList kSources[] = {
+    {{26, 50}, 2, {{"L/R Audio"}, {"Internal (Mute)"}, {"SDI", 3}}},
+    {{26, 50}, 1, {{"L/R Audio"}, {"Internal (HDMI)"}, {"SDI", 3}}},
+    {{26, 50}, 4, {{"L/R Audio"}, {"Internal (SDI)"}, {"HDMI"}}},
+    {{24, 34}, 0, {{"Default ( SDI )"}, {"L/R Audio"}, {"XLR Audio"}}},
+    {{24, 34}, 1, {{"Default ( HDMI )"}, {"L/R Audio"}, {"XLR Audio"}}},
+    // Of another input the scalers have no default, which is index 0.
+    {{24, 34}, -1, {{nullptr}, {"L/R Audio"}, {"XLR Audio"}}},
+    {{25, 29}, -1, {{"Default"}, {"L/R Audio"}, {"Embedded Audio"}}},
+    {{46, 47, 48, 49, 52}, -1, {{"Embedded Audio"}, {"L/R Audio"}, {"Mix Audio"}}},
+    {{14, 36}, -1, {{"Internal"}, {"XLR Audio"}, {"AES-3"}}},
+    {{13, 15}, -1, {{"Channel 1"}, {"Channel 2"}, {"Channel 3"}, {"Channel 4"}}},
+    {{51}, -1, {{"Line In 1"}, {"Line In 2"}, {"Line In 3"}, {"Line In 4"}}},
+    {{23, 42}, -1, {{"Internal( HDMI )"}, {"SPDIF"}, {"MicroPhone"}}},
+    {{30, 43}, -1, {{"Embedded( SDI )"}, {"Analog L/R Audio"}, {"Mix ( SDI + L/R )"}}},
+    {{20, 33}, -1, {{"L(Aud) + R( Dig )"}, {"R(Aud) + L( Dig )"}}},
+    {{17, 35}, -1, {{"SDI"}, {"HDMI"}}},
+    {{18, 32}, -1, {{"Nono"}, {"LAnalog L/R Audio"}, {"L/R Ear Phone"}}},
+};
+
+inline std::vector<SourceRow> SourcesOf(int type, int input) {
+  for (const SourceList& list : kSources) {
+    if (!Has(list.types, type)) continue;
+    if (list.input == input || list.input == -1) return list.rows;
+  }
+  return {};
+}
+inline std::optional<SourceRow> SourceOf(int type, int input, int index) {
+  const std::vector<SourceRow> rows = SourcesOf(type, input);
+  const auto at = static_cast<std::size_t>(index);
+  if (at >= rows.size() || rows[at].text == nullptr) return std::nullopt;
+  SourceRow row = rows[at];
+  if (row.code < 0) row.code = index;
+  return row;
+}
+
+// What a box holds that the page reads; the channel and the impedance share their place.
+struct Held {
+  int mute = 0;
+  int input = 0;
+  int source = 0;
+  int standard = 0;
+  int xlrLevel = 0;
+  int option32 = 0;
+  int volume = 0;
+  int volume2 = 0;
+  int level = 0;
+};
+
+class AudioModels : public ModelWalk {
+ protected:
+  void OpenAs(const Identity& identity) {
+    StartAs(identity);
+    Press(kAudioButton);
+    TakeCalls();
+  }
+  void Hold(const Identity& identity, const Held& held) {
+    const auto report = [&](int property, int value) {
+      Report(property, {static_cast<std::uint8_t>(value), 0x77});
+    };
+    if (TakesWords(identity.boxType)) {
+      ReportWord(11, held.mute);
+      ReportWord(4, held.input);
+      ReportWord(6, held.source);
+      ReportWord(16, held.standard);
+      return;
+    }
+    report(6, held.mute);
+    report(3, held.input);
+    report(SourceBlock(identity.boxType), held.source);
+    report(7, held.xlrLevel);
+    report(32, held.option32);
+    const Bytes volumes = {static_cast<std::uint8_t>(held.volume),
+                           static_cast<std::uint8_t>(held.volume2), 0x77};
+    if (VolumeOf(identity.boxType) == Volume::kAttenuation) Report(11, volumes);
+    if (VolumeOf(identity.boxType) == Volume::kInput) Report(19, volumes);
+    if (VolumeOf(identity.boxType) == Volume::kOutput) report(44, held.level);
+  }
+  // The box holds this and the page has read it.
+  void Read(const Identity& identity, const Held& held) {
+    Hold(identity, held);
+    Reread();
+    TakeCalls();
+  }
+  static Calls Reads(const Identity& box) {
+    if (TakesWords(box.boxType)) return {GetWord(11), GetWord(4), GetWord(6), GetWord(16)};
+    Calls calls;
+    if (box.boxType != 51) calls.push_back(GetBlock(6));
+    calls.push_back(GetBlock(3));
+    calls.push_back(GetBlock(SourceBlock(box.boxType)));
+    if (HasPart(box, 'x')) calls.push_back(GetBlock(7));
+    if (HasPart(box, 'i') || HasPart(box, 'c')) calls.push_back(GetBlock(32));
+    const Volume volume = VolumeOf(box.boxType);
+    if (volume == Volume::kAttenuation) calls.push_back(GetBlock(11));
+    if (volume == Volume::kInput) calls.push_back(GetBlock(19, 3));
+    if (volume == Volume::kOutput) calls.push_back(GetBlock(44));
+    return calls;
+  }
+  static Calls Writes(const Identity& box, const Held& held) {
+    Calls calls;
+    const std::optional<SourceRow> row = SourceOf(box.boxType, held.input, held.source);
+    if (TakesWords(box.boxType)) {
+      if (row) calls.push_back(SetWord(6, row->code));
+      calls.push_back(SetWord(11, held.mute));
+      calls.push_back(SetWord(16, held.standard));
+      return calls;
+    }
+    if (row) calls.push_back(SetBlock(SourceBlock(box.boxType), {row->code}));
+    if (HasPart(box, 'm')) calls.push_back(SetBlock(6, {held.mute}));
+    if (HasPart(box, 'x')) calls.push_back(SetBlock(7, {held.xlrLevel}));
+    if (HasPart(box, 'i') || HasPart(box, 'c')) calls.push_back(SetBlock(32, {held.option32}));
+    const Volume volume = VolumeOf(box.boxType);
+    if (volume == Volume::kAttenuation) {
+      calls.push_back(SetBlock(11, {held.volume, held.volume2}));
+    }
+    if (volume == Volume::kOutput) calls.push_back(SetBlock(44, {held.level, 0}));
+    return calls;
+  }
+  std::string TextOf(int control) { return desk.Text(kPage, control); }
+  std::string TextOf(const Group& group) { return TextOf(group.value); }
+
+  // Every value that a box can report for a setting of four controls: the listed ones show their
+  // text, the others keep it; Apply sends back what was read, and a press goes on from there.
+  void WalkSetting(const Identity& identity, const Group& group, int Held::*field,
+                   const std::map<int, std::string>& texts, int last) {
+    Held held;
+    std::string shown = TextOf(group);
+    for (const int value : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 254, 255}) {
+      SCOPED_TRACE("value " + std::to_string(value));
+      held.*field = value;
+      Read(identity, held);
+      if (texts.contains(value)) shown = texts.at(value);
+      ASSERT_EQ(TextOf(group), shown);
+      ASSERT_EQ(CallsOf(kApplyButton), Writes(identity, held));
+      ASSERT_EQ(CallsOnPage(kPage, group.next), Calls{});
+      Held stepped = held;
+      stepped.*field = value + 1 > last ? 0 : value + 1;
+      if (texts.contains(stepped.*field)) shown = texts.at(stepped.*field);
+      ASSERT_EQ(TextOf(group), shown);
+      ASSERT_EQ(CallsOf(kApplyButton), Writes(identity, stepped));
+    }
+  }
+};
+
+}  // namespace panelora::testing::audio_models
