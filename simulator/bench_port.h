@@ -20,6 +20,7 @@ struct BenchPort {
   std::uint32_t change;      // raise by one to make the box the one of `identity` and `firmware`
   std::uint32_t failing;     // 1 = every call but open fails
   std::uint32_t lengthFull;  // 1 = block reads but the identity's are filled with 0xFF
+  std::uint32_t delay;       // ms that every call takes
   std::uint32_t logBytes;    // how much of `log` is used
   char log[65536];           // a call a line; what does not fit any more is left out
 };

@@ -53,6 +53,7 @@ class BenchedBox {
       port->log[used + call.size()] = '\n';
       port->logBytes = static_cast<std::uint32_t>(used + call.size() + 1);
     }
+    if (port->delay != 0) Sleep(port->delay);
     box.SetPresent(port->present != 0);
     if (port->change != change) {
       change = port->change;

@@ -167,7 +167,7 @@ void PanelProcess::MakeFolder(const Setup& setup) {
   std::error_code error;
   std::filesystem::create_hard_link(setup.program, program, error);
   if (error) std::filesystem::copy_file(setup.program, program);
-  if (!setup.library.empty()) std::filesystem::copy_file(setup.library, folder / "DEVLNK.dll");
+  if (!setup.library.empty()) std::filesystem::copy_file(setup.library, LibraryFile());
 }
 
 void PanelProcess::StartSuspended(const Setup& setup) {
@@ -494,8 +494,8 @@ ProbeMemory PanelProcess::Description() {
 }
 
 void PanelProcess::PutLibrary(const std::filesystem::path& library) {
-  std::filesystem::remove(folder / "DEVLNK.dll");
-  std::filesystem::copy_file(library, folder / "DEVLNK.dll");
+  std::filesystem::remove(LibraryFile());
+  std::filesystem::copy_file(library, LibraryFile());
 }
 
 Calls PanelProcess::TakeCalls() {
@@ -511,6 +511,8 @@ void PanelProcess::Plug(bool plugged) { bench->present = plugged ? 1 : 0; }
 void PanelProcess::FailCalls(bool failing) { bench->failing = failing ? 1 : 0; }
 
 void PanelProcess::FillAnswers(bool filling) { bench->lengthFull = filling ? 1 : 0; }
+
+void PanelProcess::SlowCalls(std::uint32_t milliseconds) { bench->delay = milliseconds; }
 
 void PanelProcess::Become(const IdentityBytes& identity, std::uint32_t firmware) {
   std::memcpy(bench->identity, identity.data(), identity.size());

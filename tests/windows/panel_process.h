@@ -172,14 +172,17 @@ class PanelProcess {
   // The program's lines on the debugger's output stream.
   const std::vector<std::string>& DebuggerLines() const { return debuggerLines; }
 
-  // Copies a library beside the program, in the place of what stands there.
+  // Where the program looks for its library.
+  std::filesystem::path LibraryFile() const { return folder / "DEVLNK.dll"; }
+  // Copies a library there, in the place of what stands there.
   void PutLibrary(const std::filesystem::path& library);
 
   // The simulated box.
   Calls TakeCalls();  // since the last time
   void Plug(bool plugged);
-  void FailCalls(bool failing);    // every call but open
-  void FillAnswers(bool filling);  // block reads answer 0xFF throughout
+  void FailCalls(bool failing);                // every call but open
+  void FillAnswers(bool filling);              // block reads answer 0xFF throughout
+  void SlowCalls(std::uint32_t milliseconds);  // every call takes so long
   void Become(const IdentityBytes& identity, std::uint32_t firmware = 0x0126);
 
  private:
