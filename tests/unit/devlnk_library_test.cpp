@@ -125,6 +125,36 @@ TEST(DevlnkLibrary, PassesEveryCallThrough) {
   EXPECT_EQ(lastCall, "set word 0 255 1");
 }
 
+// Whatever length is asked for, an answer of just that length changes its own bytes and no others.
+TEST(DevlnkLibrary, AnswersOfTheAskedLengthStayInsideTheBuffers) {
+  DevlnkLibrary library(Plain);
+  constexpr std::uint64_t kGuard = 0xA5A5A5A5A5A5A5A5;
+  struct {
+    std::uint64_t before = kGuard;
+    BlockBuffer block{};
+    std::uint64_t between = kGuard;
+    WordBuffer words{};
+    std::uint64_t behind = kGuard;
+    ProcAmpBytes picture;
+    std::uint8_t last = 0xA5;
+  } guarded;
+  for (int length = 0; length < 256; ++length) {
+    guarded.block.fill(0x11);
+    EXPECT_EQ(library.GetKiraboxProperty(7, 1, 0, static_cast<std::uint8_t>(length), guarded.block),
+              1);
+    for (int i = 0; i < 256; ++i) {
+      ASSERT_EQ(guarded.block[static_cast<std::size_t>(i)], i < length ? 0xFF : 0x11) << length;
+    }
+  }
+  EXPECT_EQ(library.GetBoxProperty(7, 0, 5, guarded.words), 1);
+  EXPECT_EQ(library.GetVideoProcAmp(7, 0, 2, guarded.words), 1);
+  EXPECT_EQ(library.GetKiraboxProcAmp(7, guarded.picture), 1);
+  EXPECT_EQ(guarded.before, kGuard);
+  EXPECT_EQ(guarded.between, kGuard);
+  EXPECT_EQ(guarded.behind, kGuard);
+  EXPECT_EQ(guarded.last, 0xA5);
+}
+
 TEST(DevlnkLibrary, PictureValuesThatComeAsWordsDoNoHarm) {
   DevlnkLibrary library(Plain);
   ProcAmpBytes picture;
