@@ -154,6 +154,8 @@ class MemoryToolkit final : public ui::Toolkit {
 
   // The open dialog of a template, the one opened last first; null when there is none.
   MemoryDialog* Find(int number) const;
+  // All that were made and not given back, open or closed.
+  const std::vector<MemoryDialog*>& Dialogs() const { return dialogs; }
 
   // What a test decides and reads.
   std::function<void()> onModal;                  // the operator, while a modal dialog is open
