@@ -44,7 +44,7 @@ void DispatchCommand(T& target, const CommandRow<T> (&rows)[size], int control,
 
 // A child dialog of the main window. Each page has an Init with the arguments of its own, which
 // copies the device handle; until the next Init the page goes on with that copy. Image Adjust, ROI
-// and Text Labels, which a connection change does not initialise, take it when they are opened too.
+// and Text Labels, which a connection change does not initialise, take it when they are opened.
 class Page : public ui::DialogEvents {
  public:
   Page(int number, PanelContext context)

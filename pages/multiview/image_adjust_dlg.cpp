@@ -72,7 +72,6 @@ bool HasOneFrame(std::uint8_t boxType) { return boxType == 50 || boxType == 26; 
 }  // namespace
 
 void CImageAdjustDlg::Init() {
-  deviceHandle = panel.deviceHandle;
   const auto set = [&](int control, const char* text) {
     Window().SetFont(control, ui::kCaptionFont);
     Window().SetText(control, text);

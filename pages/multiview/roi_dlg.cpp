@@ -105,7 +105,6 @@ bool IsOtherKind(const Identity& identity) {
 }  // namespace
 
 void CROIDlg::Init() {
-  deviceHandle = panel.deviceHandle;
   SetUpGroup(Window(), kMode, "Display Mode", "Full Screen");
   Window().SetFont(kMode.value, ui::kValueFont);
   Window().SetFont(kFrame, ui::kCaptionFont);

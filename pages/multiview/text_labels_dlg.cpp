@@ -22,7 +22,6 @@ constexpr NamedValue kStates[] = {
 }  // namespace
 
 void CTextLabelsDlg::Init() {
-  deviceHandle = panel.deviceHandle;
   SetUpGroup(Window(), kState, "Text Labels Enable", "Disable");
   PlaceGroup(Window(), kState, {50, 55}, 370);
   Window().SetFont(kState.value, ui::kValueFont);
