@@ -58,6 +58,36 @@ TEST_F(BoxModelTest, AnswersNothingToAnotherHandleOrWhenUnplugged) {
   EXPECT_EQ(box.Open(kOpenMode), handle);
 }
 
+TEST_F(BoxModelTest, AnswersGroup0AndTheFourPictureControlsAlone) {
+  WordBuffer words{7, 7};
+  EXPECT_NE(box.GetBoxProperty(handle, 1, 5, words), kSuccess);
+  EXPECT_NE(box.SetBoxProperty(handle, 1, word::kOsd, 0), kSuccess);
+  EXPECT_NE(box.GetVideoProcAmp(handle, 1, proc_amp::kHue, words), kSuccess);
+  EXPECT_NE(box.SetVideoProcAmp(handle, 1, proc_amp::kHue, 1), kSuccess);
+  EXPECT_NE(box.GetVideoProcAmp(handle, 0, proc_amp::kCommit, words), kSuccess);
+  EXPECT_EQ(words[0], 7U);
+  EXPECT_EQ(ReadWord(word::kOsd), 1U);
+  ProcAmpBytes picture;
+  box.GetKiraboxProcAmp(handle, picture);
+  EXPECT_EQ(picture.hue, 128);
+  // The commit is taken and stores nothing that could be read back.
+  EXPECT_EQ(box.SetVideoProcAmp(handle, 0, proc_amp::kCommit, 1), kSuccess);
+}
+
+TEST_F(BoxModelTest, OpensInMode2Alone) {
+  EXPECT_EQ(box.Open(1), kNoBox);
+  EXPECT_EQ(box.Open(kOpenMode), handle);
+}
+
+TEST_F(BoxModelTest, UnknownCommandChangesNothing) {
+  box.SetVideoProcAmp(handle, 0, proc_amp::kHue, 1);
+  EXPECT_EQ(box.SetBoxProperty(handle, 0, word::kCommand, 99), kSuccess);
+  ProcAmpBytes picture;
+  box.GetKiraboxProcAmp(handle, picture);
+  EXPECT_EQ(picture.hue, 1);
+  EXPECT_EQ(box.Open(kOpenMode), handle);
+}
+
 TEST_F(BoxModelTest, InputFormatFollowsTheInputSource) {
   EXPECT_EQ(ReadBlock(block::kInputFormat, 30)[0], 0x07);  // HDMI: 1920 wide
   box.SetBoxProperty(handle, 0, word::kInputSource, 2);
