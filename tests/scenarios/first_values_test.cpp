@@ -1,0 +1,114 @@
+// What the pages hold before the box has told anything: a box that is there and answers no read
+// but that of its identity.
+#include "tests/support/panel_test.h"
+
+namespace panelora::testing {
+namespace {
+
+class FirstValues : public PanelTest {
+ protected:
+  void StartSilent(const Identity& identity) {
+    panel.reset();
+    admitted = {identity.boxType};
+    box.Become(identity, 0x0126);
+    for (int property = 0; property < block::kIdentity; ++property) {
+      for (std::uint8_t sub = 0; sub < 4; ++sub) {
+        box.Block(static_cast<std::uint8_t>(property), sub).clear();
+      }
+    }
+    for (int item = 0; item <= 24; ++item) device.Fail("get word 0," + std::to_string(item));
+    Start();
+    ASSERT_TRUE(panel->IsConnected());
+    TakeCalls();
+  }
+};
+
+TEST_F(FirstValues, FirmwareIsUnknown) {
+  StartSilent({26, 0, 0, 0, 0});
+  EXPECT_EQ(panel->Panel().firmwareVersion, 0U);
+  EXPECT_EQ(panel->Panel().fittedOption, 0);
+}
+
+TEST_F(FirstValues, DisplayModeIsMode1OfItsFirstCode) {
+  StartSilent({15, 0, 0, 0, 0});
+  panel->ShowDisplayMode();
+  EXPECT_EQ(desk.Text(res::kDisplayMode, 1045), "Mode 1");
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,1 = 1", "set word 0,2 = 1"}));
+}
+
+// Five modes without the flag for nine.
+TEST_F(FirstValues, DisplayModesGoToMode5) {
+  StartSilent({15, 0, 0, 0, 0});
+  panel->ShowDisplayMode();
+  for (int i = 0; i < 4; ++i) desk.Press(res::kDisplayMode, 1046);
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,1 = 5", "set word 0,2 = 0"}));
+  desk.Press(res::kDisplayMode, 1046);
+  EXPECT_EQ(desk.Text(res::kDisplayMode, 1045), "Mode 1");
+}
+
+TEST_F(FirstValues, InputLabelsAreOff) {
+  StartSilent({15, 2, 0, 0, 0});
+  panel->ShowDisplayMode();
+  Press(kPageUpButton);
+  EXPECT_EQ(desk.Text(res::kDisplayMode, 1061), "OFF");
+  desk.Press(res::kDisplayMode, 1062);
+  EXPECT_EQ(desk.Text(res::kDisplayMode, 1061), "ON");
+}
+
+TEST_F(FirstValues, PipHasNoInset) {
+  StartSilent({15, 0, 0, 0, 0});
+  panel->ShowPip();
+  for (const int slider : {1055, 1056, 1057, 1058}) EXPECT_FALSE(desk.Enables(res::kPip, slider));
+  for (const int edit : {1076, 1077, 1078, 1079}) EXPECT_EQ(desk.Text(res::kPip, edit), "0000");
+  EXPECT_EQ(CallsOf(kApplyButton), Calls{"set block 13,0,8: 00 00 00 00 00 00 00 00"});
+}
+
+TEST_F(FirstValues, GenlockRunsFreeWithoutDelays) {
+  StartSilent({43, 0, 0, 0, 0});
+  panel->ShowGenlock();
+  EXPECT_EQ(desk.Text(res::kGenlock, 1079), "Free-Run");
+  EXPECT_EQ(desk.Text(res::kGenlock, 1094), "75 ohms termination");
+  for (const int slider : {1086, 1087}) EXPECT_FALSE(desk.Enables(res::kGenlock, slider));
+  EXPECT_EQ(
+      CallsOf(kApplyButton),
+      (Calls{"set block 15,0,1: 00", "set block 16,0,5: 00 00 00 00 01", "set block 22,0,1: 00"}));
+  // Without a known output a reference allows no delay either.
+  desk.Press(res::kGenlock, 1080);
+  EXPECT_EQ(desk.SliderRange(res::kGenlock, 1086), std::make_pair(0, 0));
+  EXPECT_FALSE(desk.Shows(res::kGenlock, 1087));
+}
+
+// The buttons of this model are enabled without a read.
+TEST_F(FirstValues, ImageStandsAtTheEndsOfItsRanges) {
+  StartSilent({23, 0, 0, 0, 0});
+  panel->ShowImageAdjust();
+  TakeCalls();
+  EXPECT_EQ(CallsOnPage(res::kImageAdjust, 1092), Calls{"set block 13,0,4: 00 05 00 05"});
+  EXPECT_EQ(CallsOnPage(res::kImageAdjust, 1094), Calls{"set block 13,0,4: 00 05 00 05"});
+  EXPECT_EQ(CallsOnPage(res::kImageAdjust, 1095), Calls{"set block 12,0,2: 50 64"});
+  EXPECT_EQ(CallsOnPage(res::kImageAdjust, 1097), Calls{"set block 12,0,2: 50 50"});
+}
+
+TEST_F(FirstValues, RegionIsTheFullScreenOfAFrameOf1920By1080) {
+  StartSilent({46, 0, 0, 0, 0});
+  device.Fail("get block 18,0,30");  // which the opening writes
+  panel->ShowRoi();
+  EXPECT_EQ(desk.Text(res::kRoi, 1045), "Full Screen");
+  EXPECT_EQ(desk.SliderRange(res::kRoi, 1055), std::make_pair(0, 1920));
+  EXPECT_EQ(desk.SliderRange(res::kRoi, 1056), std::make_pair(0, 1080));
+  EXPECT_EQ(desk.SliderRange(res::kRoi, 1057), std::make_pair(0, 960));
+  EXPECT_EQ(desk.SliderRange(res::kRoi, 1058), std::make_pair(0, 540));
+  EXPECT_EQ(CallsOf(kApplyButton), Calls{"set block 18,0,10: 00 00 00 00 00 00 00 00 01 01"});
+}
+
+TEST_F(FirstValues, TextLabelIsDisabledAndBlank) {
+  StartSilent({26, 0, 0, 0, 0});
+  panel->ShowTextLabels();
+  EXPECT_EQ(desk.Text(res::kTextLabels, 1112), "Disable");
+  EXPECT_EQ(
+      CallsOf(kApplyButton),
+      Calls{"set block 41,0,21: 00 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20"});
+}
+
+}  // namespace
+}  // namespace panelora::testing
