@@ -185,7 +185,6 @@ void CMainDlg::OnVideo() {
   videoMenu.FocusFirst();
   if (!IsModel26()) return;
   if (panel.firmwareVersion >= kVideoMenuFirmware) {
-    ShowButton(kApplyButton, false);
     MoveButton(kReturnButton, 65);
   } else {
     ShowVideoSettings();
@@ -308,12 +307,10 @@ void CMainDlg::LeaveCurrentPage() {
 void CMainDlg::ReturnToInformation() {
   information.Refresh(panel.serialHandle);
   MoveButton(kReturnButton, 65);
-  ShowButton(kDefaultButton, false);
   ShowHomeButtons();
   information.Show(true);
   window->Focus(lastHomeButton);
   pageCode = PageCode::kInformation;
-  ShowButton(kPageUpButton, false);
   if (ChoosePicture(panel.identity, false).showsRefresh) ShowButton(kRefreshButton);
 }
 
@@ -371,7 +368,6 @@ void CMainDlg::OnDefault() {
 }
 
 void CMainDlg::OnRefresh() {
-  panel.tickSkip = kSkipAfterRefresh;
   switch (pageCode) {
     case PageCode::kVideoMenu:
     case PageCode::kTextLabels:
@@ -447,8 +443,6 @@ void CMainDlg::OpenTvWall() {
   for (const int button : {kWall1Button, kWall2Button, kWall3Button, kWall4Button}) {
     ShowButton(button);
   }
-  ShowButton(kApplyButton, false);
-  ShowButton(kDefaultButton, false);
   ShowButtonAt(kReturnButton, 225);
   tvWall.Show(true);
 }
