@@ -64,7 +64,7 @@ const OptionRow kInputSources[] = {
     {42, 4, "SDI", 4},
     {42, 5, "CVBS", 5},
     {42, 6, "S-VIDEO", 6},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, kTableEnd},
 };
 
 // 1080p from the highest rate down, then 1080i, 720p, 480p and 576p, 480i and 576i: not the order
@@ -79,7 +79,7 @@ const OptionRow kOutputFormats[] = {
     {kEveryBoxType, 13, "1280x720 59.94p", 7},   {kEveryBoxType, 14, "1280x720 50.00p", 8},
     {kEveryBoxType, 15, "720x480 60.00p", 3},    {kEveryBoxType, 16, "720x480 59.94p", 4},
     {kEveryBoxType, 17, "720x576 50.00p", 5},    {kEveryBoxType, 18, "720x480 59.94i", 1},
-    {kEveryBoxType, 19, "720x576 50.00i", 2},    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, 19, "720x576 50.00i", 2},    {kEveryBoxType, kTableEnd},
 };
 
 // First match: the rows of all types come after those of their own.
@@ -103,7 +103,7 @@ const OptionRow kAspectRatios[] = {
     {kEveryBoxType, 2, "Dot By Dot", 2},
     {kEveryBoxType, 3, "Keep Aspect Ratio", 3},
     {kEveryBoxType, 4, "Full Screen", 4},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, kTableEnd},
 };
 
 // In the order in which the box keeps them.
@@ -111,13 +111,13 @@ const OptionRow kHdmiEqs[] = {
     {26, 2, "LOW", 2},
     {26, 0, "MIDDLE", 0},
     {26, 1, "HIGH", 1},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kOutputLevels[] = {
     {26, 0, "Limit Range", 0},
     {26, 1, "Full Range", 1},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, kTableEnd},
 };
 
 // There is no value 2, on purpose.
@@ -125,125 +125,97 @@ const OptionRow kOutputColours[] = {
     {26, 0, "RGB444", 0},
     {26, 1, "YUV444", 1},
     {26, 2, "YUV422", 3},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kEdgeEnhances[] = {
-    {kEveryBoxType, 0, "Disable", 0},
-    {kEveryBoxType, 1, "Min", 1},
-    {kEveryBoxType, 2, "Mid", 2},
-    {kEveryBoxType, 3, "Max", 3},
-    {kEveryBoxType, kTableEnd, "Error", 255},
+    {kEveryBoxType, 0, "Disable", 0},    {kEveryBoxType, 1, "Min", 1},
+    {kEveryBoxType, 2, "Mid", 2},        {kEveryBoxType, 3, "Max", 3},
+    {kEveryBoxType, kTableEnd, "Error"},
 };
 
 const OptionRow kColourUpFilters[] = {
     {kEveryBoxType, 0, "Disable", 0},
     {kEveryBoxType, 1, "Enable", 1},
-    {kEveryBoxType, kTableEnd, "Error", 255},
+    {kEveryBoxType, kTableEnd, "Error"},
 };
 
 const OptionRow kSdiTypes[] = {
-    {kEveryBoxType, 0, "SD", 1},
-    {kEveryBoxType, 1, "HD", 4},
-    {kEveryBoxType, 2, "3GA", 9},
-    {kEveryBoxType, 3, "3GB", 10},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, 0, "SD", 1},   {kEveryBoxType, 1, "HD", 4}, {kEveryBoxType, 2, "3GA", 9},
+    {kEveryBoxType, 3, "3GB", 10}, {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kSecondOutputLevels[] = {
     {kEveryBoxType, 1, "Full Range", 1},
     {kEveryBoxType, 0, "Limit Range", 0},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kSdiOutputColours[] = {
     {kEveryBoxType, 0, "RGB444", 0},
     {kEveryBoxType, 1, "YUV444", 1},
     {kEveryBoxType, 2, "YUV422", 3},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kHdmiOutputModes[] = {
     {kEveryBoxType, 1, "HDMI", 1},
     {kEveryBoxType, 0, "DVI", 0},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kImageMirrors[] = {
-    {kEveryBoxType, 0, "Disable", 0},
-    {kEveryBoxType, 1, "Hor.", 1},
-    {kEveryBoxType, 2, "Ver.", 2},
-    {kEveryBoxType, 3, "Hor. + Ver.", 3},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, 0, "Disable", 0}, {kEveryBoxType, 1, "Hor.", 1},
+    {kEveryBoxType, 2, "Ver.", 2},    {kEveryBoxType, 3, "Hor. + Ver.", 3},
+    {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kReclocks[] = {
     {kEveryBoxType, 0, "Disable", 0},
     {kEveryBoxType, 1, "Enable", 1},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kSdiEqs[] = {
     {24, 0, "DISABLE", 0}, {24, 1, "SMALL", 1},   {24, 2, "MEDIUM", 2},
     {24, 3, "LARGE", 3},   {34, 0, "DISABLE", 0}, {34, 1, "SMALL", 1},
-    {34, 2, "MEDIUM", 2},  {34, 3, "LARGE", 3},   {kEveryBoxType, kTableEnd, nullptr, 255},
+    {34, 2, "MEDIUM", 2},  {34, 3, "LARGE", 3},   {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kGpiModes[] = {
-    {24, 0, "Pulse", 0},
-    {24, 1, "Level", 1},
-    {34, 0, "Pulse", 0},
-    {34, 1, "Level", 1},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {24, 0, "Pulse", 0}, {24, 1, "Level", 1},        {34, 0, "Pulse", 0},
+    {34, 1, "Level", 1}, {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kErrorLeds[] = {
-    {24, 0, "OFF", 0},
-    {24, 1, "ON", 1},
-    {34, 0, "OFF", 0},
-    {34, 1, "ON", 1},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {24, 0, "OFF", 0}, {24, 1, "ON", 1},           {34, 0, "OFF", 0},
+    {34, 1, "ON", 1},  {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kGenlockModes[] = {
-    {30, 0, "Free-Run", 0},
-    {30, 1, "External", 1},
-    {43, 0, "Free-Run", 0},
-    {43, 1, "External", 1},
-    {46, 0, "Free-Run", 0},
-    {46, 1, "External", 1},
-    {47, 0, "Free-Run", 0},
-    {47, 1, "External", 1},
-    {50, 0, "Free-Run", 0},
-    {50, 1, "External", 1},
-    {39, 0, "Free-Run", 0},
-    {39, 1, "SDI-In", 1},
-    {39, 2, "Ref-In", 2},
-    {40, 0, "Free-Run", 0},
-    {40, 1, "SDI-In", 1},
-    {40, 2, "Ref-In", 2},
-    {48, 0, "Free-Run", 0},
-    {48, 1, "SDI-In", 1},
-    {48, 2, "Ref-In", 2},
-    {49, 0, "Free-Run", 0},
-    {49, 1, "SDI-In", 1},
-    {49, 2, "Ref-In", 2},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {30, 0, "Free-Run", 0}, {30, 1, "External", 1},     {43, 0, "Free-Run", 0},
+    {43, 1, "External", 1}, {46, 0, "Free-Run", 0},     {46, 1, "External", 1},
+    {47, 0, "Free-Run", 0}, {47, 1, "External", 1},     {50, 0, "Free-Run", 0},
+    {50, 1, "External", 1}, {39, 0, "Free-Run", 0},     {39, 1, "SDI-In", 1},
+    {39, 2, "Ref-In", 2},   {40, 0, "Free-Run", 0},     {40, 1, "SDI-In", 1},
+    {40, 2, "Ref-In", 2},   {48, 0, "Free-Run", 0},     {48, 1, "SDI-In", 1},
+    {48, 2, "Ref-In", 2},   {49, 0, "Free-Run", 0},     {49, 1, "SDI-In", 1},
+    {49, 2, "Ref-In", 2},   {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kIreLevels[] = {
     {23, 0, "0   IRE", 0}, {23, 1, "7.5 IRE", 1}, {42, 0, "0   IRE", 0},
     {42, 1, "7.5 IRE", 1}, {25, 0, "7.5 IRE", 0}, {25, 1, "0   IRE", 1},
-    {29, 0, "7.5 IRE", 0}, {29, 1, "0   IRE", 1}, {kEveryBoxType, kTableEnd, nullptr, 255},
+    {29, 0, "7.5 IRE", 0}, {29, 1, "0   IRE", 1}, {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kOutputSources[] = {
     {kEveryBoxType, 0, "VGA + HDMI", 0},
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, kTableEnd},
 };
 
 const OptionRow kNoOptions[] = {
-    {kEveryBoxType, kTableEnd, nullptr, 255},
+    {kEveryBoxType, kTableEnd},
 };
 
 }  // namespace panelora

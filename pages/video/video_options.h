@@ -23,8 +23,8 @@ constexpr std::uint8_t kEveryBoxType = 0;
 struct OptionRow {
   std::uint8_t boxType;
   std::uint8_t index;
-  const char* caption;
-  std::uint8_t value;  // what the box is told and reports
+  const char* caption = nullptr;
+  std::uint8_t value = 0;  // what the box is told and reports
 };
 
 // The first row of `boxType` with that index, or with that value; null when there is none.
