@@ -23,6 +23,21 @@ ColourLabelLook Look(int alignment, int frameStyle = kFrameEtched) {
   return look;
 }
 
+TEST(ColourLabel, IsAnEtchedFrameOfOnePixelWithItsCaptionAtTheLeftUnlessToldOtherwise) {
+  const ColourLabelLook look;
+  EXPECT_EQ(look.penWidth, 1);
+  EXPECT_EQ(look.font, (ui::Font{"Arial", 120}));
+  EXPECT_EQ(look.alignment, 256);
+  EXPECT_EQ(look.margin, 0);
+  EXPECT_EQ(look.captionOffset, 0);
+  EXPECT_NE(look.frameStyle, 32768);
+  EXPECT_NE(look.frameStyle, 12);
+  EXPECT_EQ((ui::Rect{look.left, look.top, look.right, look.bottom}), (ui::Rect{}));
+  const TextSize nothing;
+  EXPECT_EQ(nothing.width, 0);
+  EXPECT_EQ(nothing.height, 0);
+}
+
 TEST(ColourLabel, CaptionHasABlankOnEachSide) {
   EXPECT_EQ(CaptionText(Look(kCaptionLeft)), " Caption ");
   EXPECT_EQ(CaptionText(ColourLabelLook{}), "  ");
