@@ -26,30 +26,24 @@ struct FrameRow {
   FormatList list;
   std::uint8_t first;  // output format codes from `first` to `last`
   std::uint8_t last;
-  std::uint16_t width;  // pixels, as the three below
+  std::uint16_t width;  // pixels, as the one below
   std::uint16_t height;
-  std::uint16_t minWidth;
-  std::uint16_t minHeight;
 };
 constexpr FrameRow kFrames[] = {
-    {FormatList::kType51, 0, 7, 1920, 1080, 540, 360},
-    {FormatList::kType51, 11, 11, 1920, 1080, 540, 360},
-    {FormatList::kType51, 8, 10, 1280, 720, 360, 240},
-    {FormatList::kOption2, 0, 1, 1120, 480, 204, 160},
-    {FormatList::kOption2, 2, 3, 720, 480, 204, 160},
-    {FormatList::kOption2, 4, 5, 1280, 720, 360, 240},
-    {FormatList::kOption2, 6, 9, 1920, 1080, 540, 360},
-    {FormatList::kOption2Brand2, 0, 0, 1120, 480, 204, 160},
-    {FormatList::kOption2Brand2, 1, 1, 720, 480, 204, 160},
-    {FormatList::kOption2Brand2, 2, 2, 1920, 1080, 540, 360},
-    {FormatList::kOption2Brand2, 4, 4, 1920, 1080, 540, 360},
-    {FormatList::kOption2Brand2, 3, 3, 1280, 720, 360, 240},
-    {FormatList::kOther, 0, 0, 800, 600, 226, 200},
-    {FormatList::kOther, 1, 1, 1024, 768, 288, 256},
-    {FormatList::kOther, 2, 2, 1280, 1024, 360, 342},
-    {FormatList::kOther, 3, 3, 1600, 1200, 480, 400},
-    {FormatList::kOther, 4, 4, 1920, 1080, 540, 360},
+    {FormatList::kType51, 0, 7, 1920, 1080},        {FormatList::kType51, 11, 11, 1920, 1080},
+    {FormatList::kType51, 8, 10, 1280, 720},        {FormatList::kOption2, 0, 1, 1120, 480},
+    {FormatList::kOption2, 2, 3, 720, 480},         {FormatList::kOption2, 4, 5, 1280, 720},
+    {FormatList::kOption2, 6, 9, 1920, 1080},       {FormatList::kOption2Brand2, 0, 0, 1120, 480},
+    {FormatList::kOption2Brand2, 1, 1, 720, 480},   {FormatList::kOption2Brand2, 2, 2, 1920, 1080},
+    {FormatList::kOption2Brand2, 4, 4, 1920, 1080}, {FormatList::kOption2Brand2, 3, 3, 1280, 720},
+    {FormatList::kOther, 0, 0, 800, 600},           {FormatList::kOther, 1, 1, 1024, 768},
+    {FormatList::kOther, 2, 2, 1280, 1024},         {FormatList::kOther, 3, 3, 1600, 1200},
+    {FormatList::kOther, 4, 4, 1920, 1080},
 };
+
+// The smallest inset, whatever the output format: deliberate.
+constexpr int kMinWidth = 204;
+constexpr int kMinHeight = 160;
 
 using BlockOfInset = std::array<std::uint8_t, 8>;
 
@@ -123,7 +117,7 @@ bool CPIPDlg::IsType13Or15() const {
 
 int CPIPDlg::FrameOf(const Side& side) const { return side.horizontal ? frameWidth : frameHeight; }
 
-int CPIPDlg::MinimumOf(const Side& side) const { return side.horizontal ? minWidth : minHeight; }
+int CPIPDlg::MinimumOf(const Side& side) { return side.horizontal ? kMinWidth : kMinHeight; }
 
 // In display mode 7 the box keeps half of the width.
 int CPIPDlg::ScaleOf(const Side& side) const { return side.horizontal && displayMode == 7 ? 2 : 1; }
@@ -208,12 +202,7 @@ void CPIPDlg::ChooseFrame() {
     if (row.list != list || outputFormat < row.first || outputFormat > row.last) continue;
     frameWidth = row.width;
     frameHeight = row.height;
-    minWidth = row.minWidth;
-    minHeight = row.minHeight;
   }
-  // Deliberate: the list's own minimums don't count.
-  minWidth = 204;
-  minHeight = 160;
 }
 
 void CPIPDlg::LayOut() {

@@ -68,7 +68,7 @@ class CPIPDlg final : public Page {
   bool TakeEdits(const Channel& channel, PipWindow& inset);
   void LimitAndStore(const Side& side, PipWindow& inset, int position, int size);
   int FrameOf(const Side& side) const;
-  int MinimumOf(const Side& side) const;
+  static int MinimumOf(const Side& side);
   int ScaleOf(const Side& side) const;
 
   static const Channel kChannels[2];
@@ -78,8 +78,6 @@ class CPIPDlg final : public Page {
   std::uint8_t outputFormat = 0;  // of the list of the type, brand and option
   std::uint16_t frameWidth = 1920;
   std::uint16_t frameHeight = 1080;
-  std::uint16_t minWidth = 204;  // of an inset
-  std::uint16_t minHeight = 160;
   PipWindow ch1;
   PipWindow ch2;
 };
