@@ -318,5 +318,13 @@ TEST_F(TvWall, EveryBoxOfAWallHasAPlaceInIt) {
   }
 }
 
+TEST_F(TvWall, BackgroundIsBlackAndThatOfOtherPagesTheSystems) {
+  PanelState state;
+  CTVWallDlg wall({state, device, desk.Toolkit()});
+  EXPECT_EQ(wall.BackgroundColour(), (ui::Colour{0, 0, 0}));
+  CPIPDlg pip({state, device, desk.Toolkit()});
+  EXPECT_EQ(pip.BackgroundColour(), std::nullopt);
+}
+
 }  // namespace
 }  // namespace panelora::testing

@@ -62,6 +62,11 @@ TEST(Templates, HoldEveryControlOfThePages) {
   }
 }
 
+TEST(Templates, NumberThatNoTemplateOrControlHasIsNone) {
+  EXPECT_EQ(res::FindDialog(101), nullptr);
+  EXPECT_EQ(res::FindControl(*res::FindDialog(res::kMain), 4711), nullptr);
+}
+
 TEST(Templates, StringTableNamesTheAboutItem) {
   EXPECT_STREQ(res::FindString(101), "&About Panelora...");
   EXPECT_STREQ(res::FindString(999), "");
