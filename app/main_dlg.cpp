@@ -200,19 +200,14 @@ void CMainDlg::OnTimer(int /*timer*/) {
   const bool changes = connected ? !found || panel.forceDisconnect : found;
   if (!changes) return;
 
-  bool nowConnected = true;
   if (panel.forceDisconnect) {
     panel.forceDisconnect = false;
-    nowConnected = false;
     panel.identity.boxType = kNoBoxType;
   } else if (!ReadIdentity()) {
-    nowConnected = false;
     panel.identity.boxType = kNoBoxType;
   }
-  if (!IsAdmitted(panel.identity.boxType)) {
-    nowConnected = false;
-    panel.identity.boxType = kNoBoxType;
-  }
+  const bool nowConnected = IsAdmitted(panel.identity.boxType);  // no box is not
+  if (!nowConnected) panel.identity.boxType = kNoBoxType;
   if (nowConnected == connected) return;
   connected = nowConnected;
   ChangeConnection();
