@@ -25,8 +25,8 @@ struct ValueRow {
   int label;
   int edit;
   int maximum;
-  std::uint32_t control;
-  const char* failure;
+  std::uint32_t control = 0;
+  const char* failure = nullptr;
 };
 
 constexpr std::size_t kPictureValues = 4;
@@ -42,9 +42,9 @@ constexpr ValueRow kValues[] = {
     {1030, "Hue", 1034, 1038, 1051, 255, proc_amp::kHue, "GET VIDEO PROC AMP ERROR ( HUE )!!"},
     {1031, "Saturation", 1033, 1039, 1052, 255, proc_amp::kSaturation,
      "GET VIDEO PROC AMP ERROR ( SATURATION )!!"},
-    {1040, "RGB Gain", 1041, 1042, kNoEdit, 255, 0, nullptr},
-    {1043, "RGB Offset", 1044, 1045, kNoEdit, 255, 0, nullptr},
-    {1046, "RGB Offset", 1047, 1048, kNoEdit, 64, 0, nullptr},
+    {1040, "RGB Gain", 1041, 1042, kNoEdit, 255},
+    {1043, "RGB Offset", 1044, 1045, kNoEdit, 255},
+    {1046, "RGB Offset", 1047, 1048, kNoEdit, 64},
 };
 
 bool HasNoPictureValues(std::uint8_t boxType) {
