@@ -110,5 +110,33 @@ TEST_F(FirstValues, TextLabelIsDisabledAndBlank) {
       Calls{"set block 41,0,21: 00 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20 20"});
 }
 
+// Mute off, SMPTE and the first of everything; the output level of the types that have one at 0 dB.
+TEST_F(FirstValues, AudioIsNotMutedAndItsOutputAt0Decibels) {
+  const std::pair<std::uint8_t, Calls> types[] = {
+      {26, {"set word 0,11 = 0", "set word 0,16 = 0"}},
+      {24,
+       {"set block 10,0,1: 00", "set block 6,0,1: 00", "set block 7,0,1: 00",
+        "set block 44,0,2: 3E 00"}},
+      {46, {"set block 10,0,1: 00", "set block 11,0,2: 00 00"}},
+      {14, {"set block 9,0,1: 00", "set block 7,0,1: 00", "set block 32,0,1: 00"}},
+  };
+  for (const auto& [type, written] : types) {
+    StartSilent({type, 0, 0, 0, 0});
+    Press(kAudioButton);
+    EXPECT_EQ(CallsOf(kApplyButton), written) << int{type};
+  }
+}
+
+TEST_F(FirstValues, SettingsAre0) {
+  StartSilent({24, 0, 0, 0, 0});
+  Press(kSettingButton);
+  EXPECT_EQ(CallsOf(kApplyButton),
+            (Calls{"set word 0,12 = 0", "set word 0,13 = 0", "set word 0,17 = 0"}));
+  StartSilent({26, 0, 0, 0, 0});
+  Press(kSettingButton);
+  EXPECT_EQ(CallsOf(kApplyButton),
+            (Calls{"set word 0,21 = 0", "set block 22,0,1: 00", "set block 23,0,2: 00 00"}));
+}
+
 }  // namespace
 }  // namespace panelora::testing
