@@ -27,7 +27,7 @@ struct ControlRow {
   const char* caption;
   const char* firstText;
   const OptionRow* options;
-  int lastIndex;
+  int lastIndex = 0;
 };
 
 constexpr ControlRow kControls[Option::kGroupCount] = {
@@ -53,9 +53,9 @@ constexpr ControlRow kControls[Option::kGroupCount] = {
     {{1102, 1103, 1104, 1105}, "HDMI Output Mode", "HDMI", kHdmiOutputModes, 1},
     {{1106, 1107, 1108, 1109}, "Image Mirror", "Hor.", kImageMirrors, 3},
     {{1110, 1111, 1112, 1113}, "SDI Re-Clock", "Enable", kReclocks, 1},
-    {{1058, 1059, 1060, 1061}, "YC/CVBS Format", "PAL", kNoOptions, 0},
+    {{1058, 1059, 1060, 1061}, "YC/CVBS Format", "PAL", kNoOptions},
     // The same texts as the GPI mode, on purpose.
-    {{1071, 1072, 1073, 1074}, "GPI Mode", "MODE 1", kNoOptions, 0},
+    {{1071, 1072, 1073, 1074}, "GPI Mode", "MODE 1", kNoOptions},
     {{1092, 1119, 1093, 1094}, "Control Mode", "DipSwitch", kNoOptions, 0},
 };
 
