@@ -23,6 +23,27 @@ std::string WindowText(HWND window) {
   return text;
 }
 
+// All at once: to look each of them up is a talk with the system for each.
+std::map<int, HWND> ChildrenById(HWND parent) {
+  std::pair<HWND, std::map<int, HWND>> found{parent, {}};
+  const auto add = [](HWND child, LPARAM to) -> BOOL {
+    auto& [wanted, children] = *reinterpret_cast<decltype(found)*>(to);
+    if (GetParent(child) == wanted) children.emplace(GetDlgCtrlID(child), child);
+    return TRUE;
+  };
+  EnumChildWindows(parent, add, reinterpret_cast<LPARAM>(&found));
+  return found.second;
+}
+
+bool HasStyle(HWND window, LONG_PTR style) {
+  return (GetWindowLongPtrA(window, GWL_STYLE) & style) != 0;
+}
+
+// What is not seen is painted when it is shown.
+void Repaint(HWND control) {
+  if (IsWindowVisible(control)) InvalidateRect(control, nullptr, FALSE);
+}
+
 }  // namespace
 
 Win32Dialog::Win32Dialog(Win32Toolkit& theToolkit, const ui::DialogTemplate& theSource,
@@ -72,13 +93,14 @@ void Win32Dialog::AdoptControls() {
   LeaveScalingToProgram(window);
   dpi = DpiOf(window);
   SetWindowLongPtrA(window, GWLP_ID, source.framed ? 0 : source.number);
+  const std::map<int, HWND> windows = ChildrenById(window);
   for (const ui::ControlTemplate& row : source.controls) {
+    const auto found = windows.find(row.id);
+    if (found == windows.end()) continue;
     Win32Control control;
     control.kind = row.kind;
-    control.window = GetDlgItem(window, row.id);
+    control.window = found->second;
     control.rect = ui::PixelsFromUnits(row.units);
-    if (control.window == nullptr) continue;
-    LayOutControl(control);
     controls.emplace(row.id, std::move(control));
   }
   if (source.framed) {
@@ -98,13 +120,49 @@ RECT Win32Dialog::Scaled(const ui::Rect& place) const {
           Scaled(place.y + place.height)};
 }
 
-void Win32Dialog::LayOutControl(Win32Control& control) {
-  const RECT place = Scaled(control.rect);
-  // A combo box is as high as its open list; closed it takes the height of its font.
-  const int list = control.kind == ui::ControlKind::kCombo ? Scaled(kDropDownHeight) : 0;
-  MoveWindow(control.window, place.left, place.top, place.right - place.left,
-             place.bottom - place.top + list, TRUE);
+// The controls of a dialog that nobody sees get what was asked for them when it is shown, all in
+// one go, and the font even later, when they are seen themselves: most are placed, hidden and given
+// a font at the start, and many are never seen.
+void Win32Dialog::OnChange(Win32Control& control) {
+  control.changed = true;
+  if (IsShown()) LayOutControl(control, control.shown);
+}
+
+void Win32Dialog::ShowNow(Win32Control& control) {
+  if (control.changed) LayOutControl(control, control.shown);
+  if (control.shown != HasStyle(control.window, WS_VISIBLE)) {
+    ShowWindow(control.window, control.shown ? SW_SHOW : SW_HIDE);
+  }
+}
+
+void Win32Dialog::LayOutSeen() {
+  for (auto& [id, control] : controls) ShowNow(control);
+}
+
+void Win32Dialog::LayOutAll() {
+  for (auto& [id, control] : controls) {
+    if (control.changed) LayOutControl(control, true);
+  }
+  LayOutSeen();
+}
+
+void Win32Dialog::LayOutControl(Win32Control& control, bool seen) {
+  MoveToPlace(control);
+  if (!seen) return;
+  control.changed = false;
   if (control.fontSet) UseFont(control);
+}
+
+void Win32Dialog::MoveToPlace(const Win32Control& control) {
+  RECT place = Scaled(control.rect);
+  // A combo box is as high as its open list; closed it takes the height of its font.
+  if (control.kind == ui::ControlKind::kCombo) place.bottom += Scaled(kDropDownHeight);
+  RECT now;
+  GetWindowRect(control.window, &now);
+  MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&now), 2);
+  if (EqualRect(&now, &place)) return;
+  MoveWindow(control.window, place.left, place.top, place.right - place.left,
+             place.bottom - place.top, TRUE);
 }
 
 // A caption that is wider than its place is drawn in narrower letters instead of being cut.
@@ -147,7 +205,7 @@ void Win32Dialog::SizeForClient(int width, int height, UINT flags) {
 void Win32Dialog::Rescale(int newDpi) {
   dpi = newDpi;
   for (auto& [id, control] : controls) {
-    LayOutControl(control);
+    OnChange(control);
     if (!control.fontSet) {  // has the dialog's own font, made for another dpi
       SendMessageA(control.window, WM_SETFONT,
                    reinterpret_cast<WPARAM>(toolkit.Gdi().FontFor(kDialogFont, dpi)), TRUE);
@@ -191,6 +249,9 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       timers.clear();
       // Wakes a loop that waits for this dialog: the message that closed it may have been sent.
       if (source.framed) PostThreadMessageA(GetCurrentThreadId(), WM_NULL, 0, 0);
+      return FALSE;
+    case WM_WINDOWPOSCHANGING:  // however it is shown
+      if ((reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_SHOWWINDOW) != 0) LayOutSeen();
       return FALSE;
     case WM_DRAWITEM:
       DrawControl(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
@@ -371,11 +432,12 @@ HWND Win32Dialog::ControlWindow(int control) const {
   return found != nullptr ? found->window : nullptr;
 }
 
-void Win32Dialog::Show(bool shown) { ShowWindow(window, shown ? SW_SHOW : SW_HIDE); }
-
-bool Win32Dialog::IsShown() const {
-  return window != nullptr && (GetWindowLongPtrA(window, GWL_STYLE) & WS_VISIBLE) != 0;
+void Win32Dialog::Show(bool shown) {
+  if (shown) LayOutSeen();
+  ShowWindow(window, shown ? SW_SHOW : SW_HIDE);
 }
+
+bool Win32Dialog::IsShown() const { return window != nullptr && HasStyle(window, WS_VISIBLE); }
 
 void Win32Dialog::Place(const ui::Rect& place, int behindParentControl) {
   rect = place;
@@ -445,13 +507,16 @@ void Win32Dialog::SetText(int control, std::string_view text) {
   Win32Control& changed = found->second;
   if (WindowText(changed.window) == text) return;  // an equal text would only flicker
   SetWindowTextA(changed.window, std::string(text).c_str());
-  if (changed.kind == ui::ControlKind::kLabel) InvalidateRect(changed.window, nullptr, FALSE);
-  if (changed.kind == ui::ControlKind::kLabel && changed.fontSet) UseFont(changed);
+  if (changed.kind != ui::ControlKind::kLabel) return;
+  Repaint(changed.window);
+  OnChange(changed);
 }
 
 void Win32Dialog::ShowControl(int control, bool shown) {
-  const HWND found = ControlWindow(control);
-  if (found != nullptr) ShowWindow(found, shown ? SW_SHOW : SW_HIDE);
+  const auto found = controls.find(control);
+  if (found == controls.end()) return;
+  found->second.shown = shown;
+  if (IsShown()) ShowNow(found->second);
 }
 
 void Win32Dialog::EnableControl(int control, bool enabled) {
@@ -464,7 +529,7 @@ void Win32Dialog::PlaceControl(int control, const ui::Rect& place) {
   if (found == controls.end()) return;
   if (found->second.rect == place) return;
   found->second.rect = place;
-  LayOutControl(found->second);
+  OnChange(found->second);
 }
 
 void Win32Dialog::SetFont(int control, const ui::Font& font) {
@@ -473,7 +538,7 @@ void Win32Dialog::SetFont(int control, const ui::Font& font) {
   if (found->second.fontSet && found->second.font == font) return;
   found->second.font = font;
   found->second.fontSet = true;
-  UseFont(found->second);
+  OnChange(found->second);
 }
 
 bool Win32Dialog::Focus(int control) {
@@ -491,7 +556,7 @@ void Win32Dialog::SetPictures(int control, std::string_view up, std::string_view
   if (found == controls.end()) return;
   found->second.upPicture = up;
   found->second.downPicture = down;
-  InvalidateRect(found->second.window, nullptr, FALSE);
+  Repaint(found->second.window);
 }
 
 void Win32Dialog::SetTextLimit(int control, int characters) {

@@ -25,6 +25,8 @@ struct Win32Control {
   ui::Rect rect;  // 96 dpi
   ui::Font font;
   bool fontSet = false;
+  bool shown = true;
+  bool changed = true;   // its window does not have all of this yet
   bool limited = false;  // labels: only `visible` is painted
   RECT visible{};
   std::string upPicture;
@@ -83,6 +85,8 @@ class Win32Dialog final : public ui::Dialog {
 
   // Lays the dialog and its controls out for another dpi.
   void Rescale(int newDpi);
+  // Gives every control's window its place and font now, also of those that nobody sees. For tests.
+  void LayOutAll();
 
  private:
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam,
@@ -98,7 +102,11 @@ class Win32Dialog final : public ui::Dialog {
   void DrawPicture(const Win32Control& control, const DRAWITEMSTRUCT& item);
   bool PaintMinimised();
   void AdoptControls();
-  void LayOutControl(Win32Control& control);
+  void OnChange(Win32Control& control);
+  void ShowNow(Win32Control& control);
+  void LayOutSeen();
+  void LayOutControl(Win32Control& control, bool seen);
+  void MoveToPlace(const Win32Control& control);
   void UseFont(Win32Control& control);
   void LimitToLine(Win32Control& control, HFONT font);
   void SizeForClient(int width, int height, UINT flags);

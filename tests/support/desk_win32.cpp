@@ -18,6 +18,7 @@ struct Desk::Inside {
   Win32Dialog& At(int dialog) {
     Win32Dialog* found = toolkit.Find(dialog);
     if (found == nullptr) std::abort();  // a scenario asks for a dialog that is not open
+    found->LayOutAll();                  // a scenario may look at what nobody sees
     return *found;
   }
   const Win32Control& At(int dialog, int control) {
