@@ -67,6 +67,7 @@ Win32Dialog::~Win32Dialog() {
 
 void Win32Dialog::Close() {
   if (window == nullptr) return;
+  toolkit.usableChanged = true;
   // A disabled owner gets the input back before its modal dialog goes, so that it is activated
   // next.
   if (source.framed && parent != nullptr) EnableWindow(parent->window, TRUE);
@@ -131,6 +132,7 @@ void Win32Dialog::OnChange(Win32Control& control) {
 void Win32Dialog::ShowNow(Win32Control& control) {
   if (control.changed) LayOutControl(control, control.shown);
   if (control.shown != HasStyle(control.window, WS_VISIBLE)) {
+    toolkit.usableChanged = true;
     ShowWindow(control.window, control.shown ? SW_SHOW : SW_HIDE);
   }
 }
@@ -291,7 +293,7 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 INT_PTR Win32Dialog::OnEvent(UINT message, WPARAM wParam, LPARAM lParam) {
-  const Win32Toolkit::Handling handling(toolkit);
+  const Win32Toolkit::Handling handling(toolkit, message);
   switch (message) {
     case WM_COMMAND:
       OnCommandMessage(LOWORD(wParam), HIWORD(wParam));
@@ -434,6 +436,7 @@ HWND Win32Dialog::ControlWindow(int control) const {
 
 void Win32Dialog::Show(bool shown) {
   if (shown) LayOutSeen();
+  toolkit.usableChanged = true;
   ShowWindow(window, shown ? SW_SHOW : SW_HIDE);
 }
 
@@ -521,7 +524,9 @@ void Win32Dialog::ShowControl(int control, bool shown) {
 
 void Win32Dialog::EnableControl(int control, bool enabled) {
   const HWND found = ControlWindow(control);
-  if (found != nullptr) EnableWindow(found, enabled ? TRUE : FALSE);
+  if (found == nullptr) return;
+  toolkit.usableChanged = true;
+  EnableWindow(found, enabled ? TRUE : FALSE);
 }
 
 void Win32Dialog::PlaceControl(int control, const ui::Rect& place) {

@@ -97,7 +97,11 @@ void Win32Toolkit::HandleWaiting() {
 }
 
 void Win32Toolkit::Handle(MSG& message) {
-  const Handling handling(*this);
+  const Handling handling(*this, message.message);
+  if (!MayMoveFocus(message.message)) {
+    DispatchMessageA(&message);
+    return;
+  }
   KeepFocusUsable();  // a message that was sent may have hidden what has the focus
   const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
   const bool isOurs = DialogOf(message.hwnd) != nullptr;
@@ -168,6 +172,7 @@ bool Win32Toolkit::GiveFocus(HWND control) {
 // none, on the window itself. A control that has the focus can be hidden or disabled by what it
 // did, by a tick, or by a message from outside.
 void Win32Toolkit::KeepFocusUsable() {
+  usableChanged = false;
   const HWND focus = GetFocus();
   Win32Dialog* dialog = DialogOf(focus != nullptr ? focus : GetActiveWindow());
   if (dialog == nullptr) return;

@@ -174,16 +174,22 @@ class Win32Toolkit final : public ui::Toolkit {
   // Counts the handlers that run inside each other: the outermost one looks after the focus.
   class Handling {
    public:
-    explicit Handling(Win32Toolkit& theToolkit) : toolkit(theToolkit) { ++toolkit.depth; }
+    Handling(Win32Toolkit& theToolkit, UINT theMessage) : toolkit(theToolkit), message(theMessage) {
+      ++toolkit.depth;
+    }
     ~Handling() {
-      if (--toolkit.depth == 0) toolkit.KeepFocusUsable();
+      if (--toolkit.depth == 0 && toolkit.MayMoveFocus(message)) toolkit.KeepFocusUsable();
     }
     Handling(const Handling&) = delete;
     Handling& operator=(const Handling&) = delete;
 
    private:
     Win32Toolkit& toolkit;
+    UINT message;
   };
+
+  // Most ticks change nothing, and to ask for the focus is dearer than the tick.
+  bool MayMoveFocus(UINT message) const { return message != WM_TIMER || usableChanged; }
 
   bool PreTranslate(const MSG& message);
   void PressFocusedButton(HWND button);
@@ -194,7 +200,8 @@ class Win32Toolkit final : public ui::Toolkit {
   GdiCache gdi;
   std::vector<Win32Dialog*> dialogs;
   bool marksFocus = false;
-  int depth = 0;  // of handlers that run
+  int depth = 0;              // of handlers that run
+  bool usableChanged = true;  // something was shown, hidden, enabled or disabled
 };
 
 }  // namespace panelora::win32
