@@ -3,6 +3,7 @@
 #include <deque>
 
 #include "platform/win32/win32_toolkit.h"
+#include "res/dialog_templates.h"
 #include "tests/support/desk.h"
 
 namespace panelora::testing {
@@ -135,10 +136,11 @@ void Desk::Tick(int dialog, int timer) {
 
 void Desk::Settle() {
   inside->toolkit.HandleWaiting();
-  for (HWND window = GetTopWindow(nullptr); window != nullptr;
-       window = GetWindow(window, GW_HWNDNEXT)) {
-    if (inside->toolkit.DialogOf(window) != nullptr) {
-      RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  // By what the toolkit knows: to walk the whole screen costs more than what is painted.
+  for (const ui::DialogTemplate& dialog : res::Dialogs()) {
+    const Win32Dialog* frame = dialog.framed ? inside->toolkit.Find(dialog.number) : nullptr;
+    if (frame != nullptr) {
+      RedrawWindow(frame->Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     }
   }
 }
