@@ -96,10 +96,10 @@ const WordDefault kWordDefaults[] = {
 std::vector<std::uint8_t> Region() { return {1, 0x2C, 0, 50, 3, 0xC0, 2, 0x1C, 1, 1}; }
 
 std::vector<std::uint8_t> TextLabel() {
-  const std::string label = "      CAMERA 1      ";
-  std::vector<std::uint8_t> block = {1};
-  block.insert(block.end(), label.begin(), label.end());
-  return block;
+  const std::string block =
+      "\x01"
+      "      CAMERA 1      ";
+  return {block.begin(), block.end()};
 }
 
 std::span<const BlockDefault> BlockDefaults() { return kBlockDefaults; }
