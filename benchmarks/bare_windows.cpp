@@ -1,0 +1,110 @@
+#include "benchmarks/bare_windows.h"
+
+namespace panelora::benchmarks {
+
+namespace {
+
+constexpr int kMain = 102;
+constexpr int kFirstPage = 103;
+constexpr int kLastPage = 115;
+constexpr int kPictureButton = 1000;
+constexpr int kHidden[] = {1006, 1007, 1008, 1009, 1010, 1011, 1012, 1013, 1014, 1048};
+
+// What the first page's main window shows of a box of type 26.
+const char* PictureOf(int control) {
+  switch (control) {
+    case kPictureButton:
+      return "PANEL_BMP_17";
+    case 1001:
+      return "VIDEO_BTU_U";
+    case 1002:
+      return "INFO_BTU_U";
+    case 1003:
+      return "AUDIO_BTU_U";
+    case 1004:
+      return "PROC_BTU_U";
+    case 1005:
+      return "SET_BTU_U";
+    case 1015:
+      return "REFRESH_BTU_U";
+    default:
+      return nullptr;
+  }
+}
+
+}  // namespace
+
+BareWindows::BareWindows(HINSTANCE theInstance) : instance(theInstance) {
+  INITCOMMONCONTROLSEX classes{sizeof classes,
+                               ICC_BAR_CLASSES | ICC_PROGRESS_CLASS | ICC_STANDARD_CLASSES};
+  InitCommonControlsEx(&classes);
+}
+
+BareWindows::~BareWindows() {
+  if (window != nullptr) DestroyWindow(window);
+  for (const auto& [control, bitmap] : pictures) DeleteObject(bitmap);
+}
+
+HWND BareWindows::Create() {
+  const auto self = reinterpret_cast<LPARAM>(this);
+  window = CreateDialogParamA(instance, MAKEINTRESOURCEA(kMain), nullptr, Procedure, self);
+  for (const int control : kHidden) ShowWindow(GetDlgItem(window, control), SW_HIDE);
+  const HWND picture = GetDlgItem(window, kPictureButton);
+  for (int number = kFirstPage; number <= kLastPage; ++number) {
+    const HWND page =
+        CreateDialogParamA(instance, MAKEINTRESOURCEA(number), window, Procedure, self);
+    SetWindowPos(page, picture, 110, 65, 540, 335, SWP_NOACTIVATE);
+    if (number == kFirstPage) ShowWindow(page, SW_SHOW);
+  }
+  ShowWindow(window, SW_SHOW);
+  return window;
+}
+
+INT_PTR CALLBACK BareWindows::Procedure(HWND window, UINT message, WPARAM, LPARAM lParam) {
+  if (message == WM_INITDIALOG) SetWindowLongPtrA(window, DWLP_USER, lParam);
+  auto* self = reinterpret_cast<BareWindows*>(GetWindowLongPtrA(window, DWLP_USER));
+  if (message == WM_DRAWITEM && self != nullptr) {
+    self->Draw(window, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+    return TRUE;
+  }
+  if (message == WM_CLOSE && self != nullptr && window == self->window) {
+    self->window = nullptr;
+    DestroyWindow(window);
+    PostQuitMessage(0);
+    return TRUE;
+  }
+  return FALSE;
+}
+
+void BareWindows::Draw(HWND dialog, const DRAWITEMSTRUCT& item) {
+  const int control = static_cast<int>(item.CtlID);
+  const char* name = dialog == window ? PictureOf(control) : nullptr;
+  if (name == nullptr) {
+    char text[256] = "";
+    GetWindowTextA(item.hwndItem, text, sizeof text);
+    RECT place = item.rcItem;
+    DrawTextA(item.hDC, text, -1, &place, DT_LEFT | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    return;
+  }
+  HBITMAP& bitmap = pictures[control];
+  if (bitmap == nullptr) {
+    bitmap =
+        static_cast<HBITMAP>(LoadImageA(instance, name, IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
+  }
+  const HDC source = CreateCompatibleDC(item.hDC);
+  const HGDIOBJ before = SelectObject(source, bitmap);
+  BitBlt(item.hDC, 0, 0, item.rcItem.right, item.rcItem.bottom, source, 0, 0, SRCCOPY);
+  SelectObject(source, before);
+  DeleteDC(source);
+}
+
+void HandleWaiting(HWND dialog) {
+  MSG message;
+  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (IsDialogMessageA(dialog, &message)) continue;
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+  }
+}
+
+}  // namespace panelora::benchmarks
