@@ -18,8 +18,8 @@ struct Desk::Inside {
 
   Win32Dialog& At(int dialog) {
     Win32Dialog* found = toolkit.Find(dialog);
-    if (found == nullptr) std::abort();  // a scenario asks for a dialog that is not open
-    found->LayOutAll();                  // a scenario may look at what nobody sees
+    if (found == nullptr) std::abort();         // a scenario asks for a dialog that is not open
+    if (!found->IsShown()) found->LayOutAll();  // a scenario may look at what nobody sees
     return *found;
   }
   const Win32Control& At(int dialog, int control) {
@@ -211,6 +211,7 @@ std::string Desk::PressedPicture(int dialog, int control) {
 
 // What the control really draws with; points from pixels at 96 dpi.
 ui::Font Desk::FontOf(int dialog, int control) {
+  inside->At(dialog).LayOutAll();  // a control gets its font when it is seen
   const Win32Control& found = inside->At(dialog, control);
   if (!found.fontSet) return {"", 0};
   LOGFONTA font{};
