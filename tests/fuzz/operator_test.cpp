@@ -3,17 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "res/dialog_templates.h"
+#include "tests/fuzz/kept_files.h"
 
 namespace panelora::fuzz {
 namespace {
@@ -73,39 +70,26 @@ TEST(OperatorTest, NoRuleIsBrokenWhateverIsDone) {
   EXPECT_EQ(unused, Controls{});
 }
 
-std::vector<std::filesystem::path> FilesIn(const char* folder) {
-  std::vector<std::filesystem::path> files;
-  const auto all = std::filesystem::path(PANELORA_SOURCE_DIR) / "tests/fuzz" / folder;
-  for (const auto& entry : std::filesystem::directory_iterator(all)) files.push_back(entry.path());
-  std::sort(files.begin(), files.end());
-  return files;
-}
-
-std::string Content(const std::filesystem::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
-
 // What once broke a rule, or was taken for it.
 TEST(OperatorTest, NoKeptSequenceBreaksARule) {
-  const auto files = FilesIn("replays");
+  const auto files = KeptFilesIn("replays");
   ASSERT_FALSE(files.empty());
-  for (const auto& file : files) {
-    const auto breach = Replay(StepsFrom(Content(file)));
-    EXPECT_FALSE(breach) << file << " after step " << breach->steps << ": " << breach->what;
+  for (const KeptFile& file : files) {
+    const auto breach = Replay(StepsFrom(file.content));
+    EXPECT_FALSE(breach) << file.name << " after step " << breach->steps << ": " << breach->what;
   }
 }
 
 // What the fuzzer kept, because each goes a way through the program that no other goes.
 TEST(OperatorTest, NothingInTheCorpusBreaksARule) {
-  const auto files = FilesIn("corpus");
+  const auto files = KeptFilesIn("corpus");
   ASSERT_FALSE(files.empty());
-  for (const auto& file : files) {
-    const std::string bytes = Content(file);
-    ByteChoices choices(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+  for (const KeptFile& file : files) {
+    ByteChoices choices(reinterpret_cast<const std::uint8_t*>(file.content.data()),
+                        file.content.size());
     Steps done;
     const auto breach = Operate(choices, kStepsOfAPanel, done);
-    EXPECT_FALSE(breach) << file << ": " << Report(*breach, done);
+    EXPECT_FALSE(breach) << file.name << ": " << Report(*breach, done);
   }
 }
 

@@ -1,0 +1,327 @@
+// The random operator on real windows and in memory at once, with mouse and keyboard: after every
+// step both show the same, and the box was asked and told the same.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <atomic>
+#include <cstdio>
+#include <cstdlib>
+#include <mutex>
+#include <string>
+#include <thread>
+
+#include "platform/win32/win32_toolkit.h"
+#include "res/dialog_templates.h"
+#include "tests/fuzz/kept_files.h"
+#include "tests/fuzz/operator.h"
+#include "tests/support/desk.h"
+#include "ui/text.h"
+
+namespace panelora::fuzz {
+namespace {
+
+using memory::MemoryControl;
+using memory::MemoryDialog;
+using testing::Desk;
+
+// Ends a run that hangs, with what it did: nothing else could tell of it.
+class Watchdog {
+ public:
+  Watchdog() : thread([this] { Watch(); }) {}
+  ~Watchdog() {
+    ended = true;
+    thread.join();
+  }
+  void Begin(const Step& step) {
+    const std::lock_guard lock(mutex);
+    done.push_back(step);
+    quiet = 0;
+  }
+  void Forget() {
+    const std::lock_guard lock(mutex);
+    done.clear();
+    quiet = 0;
+  }
+
+ private:
+  static constexpr int kPatience = 600;  // looks of 100 ms each without an answer
+
+  void Watch() {
+    while (!ended) {
+      Sleep(100);
+      const std::lock_guard lock(mutex);
+      if (++quiet < kPatience) continue;
+      std::printf("The last step was not answered:\n%s", TextOf(done).c_str());
+      std::fflush(stdout);
+      TerminateProcess(GetCurrentProcess(), 3);
+    }
+  }
+
+  std::mutex mutex;
+  Steps done;
+  int quiet = 0;
+  std::atomic<bool> ended = false;
+  std::thread thread;
+};
+
+// The panel on real windows, with a box of its own that does what the other one does.
+class RealPanel {
+ public:
+  RealPanel() : panel(room.Box(), desk.Toolkit(), EveryBoxType()) {
+    panel.Init();
+    panel.Show();
+    SetForegroundWindow(Dialog(res::kMain).Handle());
+    desk.Settle();
+    room.Box().TakeCalls();
+  }
+
+  // A step that can be done; buttons and Enter by real mouse and keys wherever these reach them.
+  void Do(const Step& step) {
+    if (!room.Do(step)) OnScreen(step);
+    desk.Settle();
+  }
+
+  Desk& Hand() { return desk; }
+  std::vector<Call> TakeCalls() { return room.Box().TakeCalls(); }
+
+ private:
+  win32::Win32Dialog& Dialog(int number) {
+    return *static_cast<win32::Win32Toolkit&>(desk.Toolkit()).Find(number);
+  }
+
+  void OnScreen(const Step& step) {
+    switch (step.act) {
+      case Act::kPress:
+        Strike(step, VK_SPACE);
+        break;
+      case Act::kClick:
+        Click(step);
+        break;
+      case Act::kEnter:
+        Strike(step, VK_RETURN);
+        break;
+      case Act::kEscape:
+        Strike(step, VK_ESCAPE);
+        break;
+      case Act::kMouse:
+        desk.PressMouse(step.dialog, step.control);
+        break;
+      case Act::kDrag:
+        desk.Drag(step.dialog, step.control, step.numbers[0]);
+        break;
+      case Act::kRelease:
+        desk.Release(step.dialog, step.control);
+        break;
+      case Act::kType:
+        desk.Type(step.dialog, step.control, step.text);
+        break;
+      case Act::kChoose:
+        desk.Choose(step.dialog, step.control, step.numbers[0]);
+        break;
+      case Act::kTick:
+        desk.Tick(res::kMain, 1);
+        break;
+      case Act::kPageTick:
+        desk.Tick(res::kVideoSettings, 1);
+        break;
+      case Act::kRepaint:
+        desk.Repaint(step.dialog);
+        break;
+      case Act::kAbout:
+        desk.WhileModal([this] { desk.RequestClose(res::kAbout); });
+        desk.ChooseSystemMenu(res::kMain, 16);
+        break;
+      default:
+        break;
+    }
+  }
+
+  void Strike(const Step& step, WORD key) {
+    win32::Win32Dialog& dialog = Dialog(step.dialog);
+    SetActiveWindow(dialog.Frame().Handle());
+    dialog.Focus(step.control);
+    INPUT down{};
+    down.type = INPUT_KEYBOARD;
+    down.ki.wVk = key;
+    INPUT up = down;
+    up.ki.dwFlags = KEYEVENTF_KEYUP;
+    SendInput(1, &down, sizeof down);
+    desk.Settle();
+    SendInput(1, &up, sizeof up);
+    desk.Settle();
+  }
+
+  // With the real mouse where the control can be hit; a window may lie over it.
+  void Click(const Step& step) {
+    const HWND control = Dialog(step.dialog).ControlWindow(step.control);
+    RECT place;
+    GetWindowRect(control, &place);
+    const POINT middle{(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+    if (WindowFromPoint(middle) != control) {
+      desk.PressMouse(step.dialog, step.control);
+      desk.Press(step.dialog, step.control);
+      return;
+    }
+    SetCursorPos(middle.x, middle.y);
+    INPUT down{};
+    down.type = INPUT_MOUSE;
+    down.mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
+    INPUT up = down;
+    up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
+    SendInput(1, &down, sizeof down);
+    desk.Settle();
+    SendInput(1, &up, sizeof up);
+    desk.Settle();
+  }
+
+  Desk desk;
+  Surroundings room;
+  CMainDlg panel;
+};
+
+std::string TextOf(const ui::Rect& rect) {
+  return ui::Format("(%d, %d, %d, %d)", rect.x, rect.y, rect.width, rect.height);
+}
+
+// The first difference in what a dialog shows; empty = none.
+std::string DifferenceIn(const MemoryDialog& dialog, Desk& desk) {
+  const int number = dialog.Number();
+  const auto differs = [&](int control, const char* what, const std::string& in,
+                           const std::string& on) {
+    return ui::Format("%s of control %d of %d: \"%s\" in memory, \"%s\" on windows", what, control,
+                      number, in.c_str(), on.c_str());
+  };
+  if (desk.IsShown(number) != dialog.IsShown()) return ui::Format("only one shows %d", number);
+  for (const ui::ControlTemplate& row : res::FindDialog(number)->controls) {
+    const int id = row.id;
+    const MemoryControl& control = *dialog.Find(id);
+    if (desk.Shows(number, id) != control.shown) return differs(id, "visibility", "", "");
+    if (desk.Enables(number, id) != control.enabled) return differs(id, "enabling", "", "");
+    ui::Rect place = desk.PlaceOf(number, id);
+    switch (control.kind) {
+      case ui::ControlKind::kSlider:
+        if (desk.SliderPosition(number, id) != control.position ||
+            desk.SliderRange(number, id) != std::pair(control.minimum, control.maximum)) {
+          return differs(id, "position", std::to_string(control.position),
+                         std::to_string(desk.SliderPosition(number, id)));
+        }
+        break;
+      case ui::ControlKind::kProgress:
+        if (desk.ProgressPosition(number, id) != control.position) {
+          return differs(id, "position", std::to_string(control.position),
+                         std::to_string(desk.ProgressPosition(number, id)));
+        }
+        break;
+      case ui::ControlKind::kCombo:
+        if (desk.Items(number, id) != control.items) return differs(id, "items", "", "");
+        place.height = control.rect.height;  // of a real one with its list
+        break;
+      case ui::ControlKind::kIcon:
+        continue;
+      default:
+        if (desk.Text(number, id) != control.text) {
+          return differs(id, "text", control.text, desk.Text(number, id));
+        }
+        if (desk.Picture(number, id) != control.upPicture ||
+            desk.PressedPicture(number, id) != control.downPicture) {
+          return differs(id, "picture", control.upPicture, desk.Picture(number, id));
+        }
+    }
+    if (place != control.rect) return differs(id, "place", TextOf(control.rect), TextOf(place));
+  }
+  return "";
+}
+
+// Of everything that can be seen, or of every window that is open.
+std::string Difference(FuzzPanel& inMemory, Desk& desk, bool everything) {
+  for (const ui::DialogTemplate& row : res::Dialogs()) {
+    const MemoryDialog* dialog = inMemory.Toolkit().Find(row.number);
+    if (desk.IsOpen(row.number) != (dialog != nullptr)) {
+      return ui::Format("only one has %d", row.number);
+    }
+    if (dialog == nullptr || (!everything && !dialog->IsShown())) continue;
+    const std::string difference = DifferenceIn(*dialog, desk);
+    if (!difference.empty()) return difference;
+  }
+  // A window that is not active looks after its focus when it becomes so.
+  auto& windows = static_cast<win32::Win32Toolkit&>(desk.Toolkit());
+  if (GetActiveWindow() != windows.Find(res::kMain)->Handle()) return "";
+  const auto focus = inMemory.Toolkit().Find(res::kMain)->FocusedControl();
+  const auto real = desk.Focus(res::kMain);
+  if (focus.second != real.second || (focus.second != 0 && focus.first != real.first)) {
+    return ui::Format("focus: %d of %d in memory, %d of %d on windows", focus.second, focus.first,
+                      real.second, real.first);
+  }
+  return "";
+}
+
+std::string DifferenceOfCalls(const std::vector<Call>& inMemory, const std::vector<Call>& real) {
+  std::string texts[2];
+  for (const Call& call : inMemory) texts[0] += TextOf(call) + "; ";
+  for (const Call& call : real) texts[1] += TextOf(call) + "; ";
+  return texts[0] == texts[1] ? "" : "in memory: " + texts[0] + "\non windows: " + texts[1];
+}
+
+class BothToolkitsTest : public ::testing::Test {
+ protected:
+  // The first difference that a sequence brings to light.
+  std::optional<Breach> Compare(const std::function<std::optional<Step>(FuzzPanel&)>& next) {
+    FuzzPanel inMemory;
+    RealPanel real;
+    constexpr std::size_t kLooksAtAll = 50;
+    watchdog.Forget();
+    for (std::size_t i = 1;; ++i) {
+      const std::optional<Step> step = next(inMemory);
+      if (!step) return std::nullopt;
+      if (!inMemory.CanDo(*step)) continue;
+      watchdog.Begin(*step);
+      inMemory.Do(*step);
+      if (!inMemory.Broken().empty()) return Breach{i, inMemory.Broken()};
+      real.Do(*step);
+      std::string what = DifferenceOfCalls(inMemory.Calls(), real.TakeCalls());
+      if (what.empty()) what = Difference(inMemory, real.Hand(), i % kLooksAtAll == 0);
+      if (!what.empty()) return Breach{i, what};
+    }
+  }
+
+  std::optional<Breach> Compare(const Steps& steps) {
+    std::size_t done = 0;
+    return Compare([&](FuzzPanel&) {
+      return done < steps.size() ? std::optional(steps[done++]) : std::nullopt;
+    });
+  }
+
+  Watchdog watchdog;
+};
+
+// PANELORA_SOAK_STEPS asks for more steps than usual.
+TEST_F(BothToolkitsTest, ShowAndSayTheSameAfterEveryStep) {
+  constexpr int kStepsOfAPanel = 500;
+  const char* soak = std::getenv("PANELORA_SOAK_STEPS");
+  const int panels = (soak == nullptr ? 5000 : std::atoi(soak)) / kStepsOfAPanel;
+  for (int seed = 1; seed <= panels; ++seed) {
+    RandomChoices choices(static_cast<std::uint32_t>(seed));
+    Operator hand(choices);
+    Steps done;
+    const auto breach = Compare([&](FuzzPanel& panel) -> std::optional<Step> {
+      if (done.size() == kStepsOfAPanel) return std::nullopt;
+      done.push_back(hand.Choose(panel));
+      return done.back();
+    });
+    if (!breach) continue;
+    const Steps shortened = Shorten(done, [&](const Steps& steps) { return Compare(steps); });
+    FAIL() << "seed " << seed << ": " << Report(*breach, shortened);
+  }
+}
+
+TEST_F(BothToolkitsTest, DoAllKeptSequencesAlike) {
+  const auto files = KeptFilesIn("replays");
+  ASSERT_FALSE(files.empty());
+  for (const KeptFile& file : files) {
+    const auto breach = Compare(StepsFrom(file.content));
+    EXPECT_FALSE(breach) << file.name << " after step " << breach->steps << ": " << breach->what;
+  }
+}
+
+}  // namespace
+}  // namespace panelora::fuzz
