@@ -282,7 +282,12 @@ void MemoryDialog::Press(int control) {
 void MemoryDialog::Type(int control, std::string_view text) {
   MemoryControl* found = FindForChange(control);
   if (!TakesInput(found)) return;
-  found->text = text.substr(0, static_cast<std::size_t>(found->textLimit));
+  found->text.clear();
+  for (const char character : text) {
+    const bool isControl = static_cast<unsigned char>(character) < ' ' || character == 0x7F;
+    if (isControl) continue;  // an edit has no place for them
+    if (found->text.size() < static_cast<std::size_t>(found->textLimit)) found->text += character;
+  }
 }
 
 void MemoryDialog::Drag(int control, int position) {
