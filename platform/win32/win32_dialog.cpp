@@ -327,7 +327,9 @@ void Win32Dialog::OnCommandMessage(int control, UINT code) {
   if (found == nullptr) return;
   switch (found->kind) {
     case ui::ControlKind::kPictureButton:
-      // The second press of a quick pair arrives as a double click.
+      // The second press of a quick pair arrives as a double click, which leaves the focus where it
+      // was.
+      if (code == BN_DOUBLECLICKED) Focus(control);
       if (code == BN_CLICKED || code == BN_DOUBLECLICKED) {
         events.OnCommand(control, ui::Notification::kClicked);
       }
