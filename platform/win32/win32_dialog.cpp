@@ -23,16 +23,22 @@ std::string WindowText(HWND window) {
   return text;
 }
 
+struct Children {
+  HWND parent;
+  std::map<int, HWND> byId;
+};
+
+BOOL CALLBACK AddChild(HWND child, LPARAM to) noexcept {
+  Children& children = *reinterpret_cast<Children*>(to);
+  if (GetParent(child) == children.parent) children.byId.emplace(GetDlgCtrlID(child), child);
+  return TRUE;
+}
+
 // All at once: to look each of them up is a talk with the system for each.
 std::map<int, HWND> ChildrenById(HWND parent) {
-  std::pair<HWND, std::map<int, HWND>> found{parent, {}};
-  const auto add = [](HWND child, LPARAM to) -> BOOL {
-    auto& [wanted, children] = *reinterpret_cast<decltype(found)*>(to);
-    if (GetParent(child) == wanted) children.emplace(GetDlgCtrlID(child), child);
-    return TRUE;
-  };
-  EnumChildWindows(parent, add, reinterpret_cast<LPARAM>(&found));
-  return found.second;
+  Children children{parent, {}};
+  EnumChildWindows(parent, AddChild, reinterpret_cast<LPARAM>(&children));
+  return children.byId;
 }
 
 bool HasStyle(HWND window, LONG_PTR style) {
