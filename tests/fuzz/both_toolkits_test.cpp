@@ -3,13 +3,16 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <initializer_list>
 #include <mutex>
 #include <string>
 #include <thread>
 
+#include "platform/win32/tab_order.h"
 #include "platform/win32/win32_toolkit.h"
 #include "res/dialog_templates.h"
 #include "tests/fuzz/kept_files.h"
@@ -62,6 +65,32 @@ class Watchdog {
   int quiet = 0;
   std::atomic<bool> ended = false;
   std::thread thread;
+};
+
+// What the system took out of this thread's queue: whether real input came to the program at all. A
+// display without a window manager may give the keys away when a window goes.
+class Arrivals {
+ public:
+  Arrivals() : hook(SetWindowsHookExA(WH_GETMESSAGE, &Note, nullptr, GetCurrentThreadId())) {}
+  ~Arrivals() { UnhookWindowsHookEx(hook); }
+  Arrivals(const Arrivals&) = delete;
+  Arrivals& operator=(const Arrivals&) = delete;
+
+  static void Forget() { arrived.clear(); }
+  static bool Has(UINT message) {
+    return std::find(arrived.begin(), arrived.end(), message) != arrived.end();
+  }
+
+ private:
+  static LRESULT CALLBACK Note(int code, WPARAM removed, LPARAM message) {
+    if (code == HC_ACTION && removed == PM_REMOVE) {
+      arrived.push_back(reinterpret_cast<const MSG*>(message)->message);
+    }
+    return CallNextHookEx(nullptr, code, removed, message);
+  }
+
+  HHOOK hook;
+  static inline std::vector<UINT> arrived;
 };
 
 // The panel on real windows, with a box of its own that does what the other one does.
@@ -122,7 +151,7 @@ class RealPanel {
         desk.Release(step.dialog, step.control);
         break;
       case Act::kType:
-        desk.Type(step.dialog, step.control, step.text);
+        Type(step);
         break;
       case Act::kChoose:
         desk.Choose(step.dialog, step.control, step.numbers[0]);
@@ -145,19 +174,85 @@ class RealPanel {
     }
   }
 
-  void Strike(const Step& step, WORD key) {
+  // Key by key, where a keyboard has the characters.
+  void Type(const Step& step) {
     win32::Win32Dialog& dialog = Dialog(step.dialog);
-    SetActiveWindow(dialog.Frame().Handle());
+    const HWND window = dialog.Frame().Handle();
+    SetActiveWindow(window);
     dialog.Focus(step.control);
+    const auto isOnKeyboard = [](char character) { return character >= ' ' && character <= '~'; };
+    if (!std::all_of(step.text.begin(), step.text.end(), isOnKeyboard)) {
+      desk.Type(step.dialog, step.control, step.text);
+      return;
+    }
+    const HWND edit = dialog.ControlWindow(step.control);
+    SendMessageA(edit, EM_SETSEL, 0, -1);
+    SendMessageA(edit, WM_CLEAR, 0, 0);
+    for (const char character : step.text) {
+      const auto key = static_cast<WORD>(VkKeyScanA(character));
+      const bool shifted = (HIBYTE(key) & 1) != 0;
+      INPUT shift{};
+      shift.type = INPUT_KEYBOARD;
+      shift.ki.wVk = VK_SHIFT;
+      if (shifted) SendInput(1, &shift, sizeof shift);
+      Stroke(window, LOBYTE(key));
+      shift.ki.dwFlags = KEYEVENTF_KEYUP;
+      if (shifted) SendInput(1, &shift, sizeof shift);
+    }
+  }
+
+  // With the focus on the control; now and then it is led there by the keyboard alone.
+  void Strike(const Step& step, WORD key) {
+    constexpr int kStrikesByTab = 8;
+    win32::Win32Dialog& dialog = Dialog(step.dialog);
+    const HWND window = dialog.Frame().Handle();
+    SetActiveWindow(window);
+    const HWND control = dialog.ControlWindow(step.control);
+    if (++strikes % kStrikesByTab == 0 && IsChild(window, GetFocus()) &&
+        win32::TakesFocus(control)) {
+      TabTo(window, control);
+    } else {
+      dialog.Focus(step.control);
+    }
+    Stroke(window, key);
+  }
+
+  // Every control that takes keys is a stop of the Tab key.
+  void TabTo(HWND window, HWND control) {
+    constexpr int kMostStops = 100;
+    for (int i = 0; i < kMostStops && GetFocus() != control; ++i) Stroke(window, VK_TAB);
+    EXPECT_EQ(GetFocus(), control) << "Tab does not come to control " << GetDlgCtrlID(control);
+  }
+
+  // A key down and up. Where it went astray it is struck again, with the focus where it was.
+  void Stroke(HWND window, WORD key) {
     INPUT down{};
     down.type = INPUT_KEYBOARD;
     down.ki.wVk = key;
     INPUT up = down;
     up.ki.dwFlags = KEYEVENTF_KEYUP;
-    SendInput(1, &down, sizeof down);
+    const HWND focus = GetFocus();
+    const auto holdFocus = [&] {
+      if (GetForegroundWindow() == window) return;
+      SetForegroundWindow(window);
+      if (focus != nullptr) SetFocus(focus);
+    };
+    for (int i = 0; i < kTrials; ++i) {
+      holdFocus();
+      const bool came = Arrives(down, {WM_KEYDOWN, WM_SYSKEYDOWN});
+      for (int j = 0; !Arrives(up, {WM_KEYUP, WM_SYSKEYUP}) && came && j < kTrials; ++j) {
+        SetForegroundWindow(Dialog(res::kMain).Handle());
+      }
+      if (came) return;
+    }
+    ADD_FAILURE() << "no key comes to the window";
+  }
+
+  bool Arrives(INPUT input, std::initializer_list<UINT> messages) {
+    Arrivals::Forget();
+    SendInput(1, &input, sizeof input);
     desk.Settle();
-    SendInput(1, &up, sizeof up);
-    desk.Settle();
+    return std::any_of(messages.begin(), messages.end(), &Arrivals::Has);
   }
 
   // With the real mouse where the control can be hit; a window may lie over it.
@@ -177,15 +272,17 @@ class RealPanel {
     down.mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
     INPUT up = down;
     up.mi.dwFlags = MOUSEEVENTF_LEFTUP;
-    SendInput(1, &down, sizeof down);
-    desk.Settle();
-    SendInput(1, &up, sizeof up);
-    desk.Settle();
+    EXPECT_TRUE(Arrives(down, {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK})) << "no click comes";
+    EXPECT_TRUE(Arrives(up, {WM_LBUTTONUP})) << "no release comes";
   }
+
+  static constexpr int kTrials = 5;
 
   Desk desk;
   Surroundings room;
   CMainDlg panel;
+  Arrivals arrivals;
+  int strikes = 0;
 };
 
 std::string TextOf(const ui::Rect& rect) {
@@ -320,6 +417,8 @@ TEST_F(BothToolkitsTest, ShowAndSayTheSameAfterEveryStep) {
     if (!breach) continue;
     // Shortening takes its time: whoever ends it knows this much.
     std::printf("seed %d, step %zu: %s\n", seed, breach->steps, breach->what.c_str());
+    for (std::size_t k = breach->steps > 40 ? breach->steps - 40 : 0; k < breach->steps; ++k)
+      std::printf("%zu %s\n", k + 1, TextOf(done[k]).c_str());
     std::fflush(stdout);
     const Steps shortened = Shorten(done, [&](const Steps& steps) { return Compare(steps); });
     FAIL() << "seed " << seed << ": " << Report(*breach, shortened);

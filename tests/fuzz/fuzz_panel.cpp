@@ -202,6 +202,7 @@ void FuzzPanel::Act(const Step& step) {
       dialog->Release(step.control);
       break;
     case Act::kType:
+      dialog->Focus(step.control);
       dialog->Type(step.control, step.text);
       break;
     case Act::kChoose:
