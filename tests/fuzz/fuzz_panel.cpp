@@ -8,6 +8,7 @@
 
 #include "app/navigation.h"
 #include "res/dialog_templates.h"
+#include "tests/fuzz/captions.h"
 #include "tests/fuzz/rules.h"
 #include "ui/text.h"
 

@@ -4,9 +4,6 @@
 #include <initializer_list>
 
 #include "app/navigation.h"
-#include "pages/audio/audio_options.h"
-#include "pages/option_table.h"
-#include "pages/video/video_options.h"
 #include "res/dialog_templates.h"
 #include "ui/text.h"
 
@@ -427,136 +424,6 @@ bool Fits(const Call& call, const AllowedWrite& allowed) {
          (allowed.last == AllowedWrite::kAnyValue || call.bytes.back() == allowed.last);
 }
 
-struct ReadingRow {
-  int dialog;
-  int control;
-  std::vector<std::string> patterns;
-};
-
-template <class Row>
-std::vector<std::string> TextsOf(const Row* row, std::uint8_t Row::*key, const char* Row::*text) {
-  std::vector<std::string> texts;
-  for (;; ++row) {
-    if (row->*text != nullptr && *(row->*text) != '\0') texts.emplace_back(row->*text);
-    if (row->*key == kTableEnd) return texts;
-  }
-}
-
-std::vector<std::string> Options(const OptionRow* table) {
-  return TextsOf(table, &OptionRow::index, &OptionRow::caption);
-}
-std::vector<std::string> Options(const AudioOptionRow* table) {
-  return TextsOf(table, &AudioOptionRow::value, &AudioOptionRow::text);
-}
-std::vector<std::string> And(std::vector<std::string> texts,
-                             std::initializer_list<const char*> more) {
-  texts.insert(texts.end(), more.begin(), more.end());
-  return texts;
-}
-
-std::vector<std::string> FormatLabels() {
-  std::vector<std::string> labels = {"Output Format "};
-  for (const std::string& format : Options(kOutputFormats)) {
-    labels.push_back("Output Format ( " + format + ")");
-  }
-  return labels;
-}
-
-const std::vector<std::string> kNumber = {"#"};
-const std::vector<std::string> kNumberThenLine = {"#", "#\n"};
-const std::vector<std::string> kFormats = {"#x# #.#p", "#x# #.#i", "#x# #.#s", "-  NO  SIGNAL  -",
-                                           "-  NO SIGNAL  -"};
-const std::vector<std::string> kModes = {
-    "Mode 1",       "Mode 2", "Mode 3\t\t\t", "Mode 4\t\t\t", "Mode 5\t\t\t", "Mode 6",
-    "Mode 6\t\t\t", "Mode 7", "Mode 7\t\t\t", "Mode 8\t\t\t", "Mode 9\t\t\t"};
-const std::vector<std::string> kChannels = {"Channel #", ""};
-
-const std::vector<ReadingRow>& Readings() {
-  static const std::vector<ReadingRow> rows = {
-      {res::kInformation, 1003, {"Input Format 1 :"}},
-      {res::kInformation, 1007, And(kFormats, {"", "-  NO SIGNAL  - "})},
-      {res::kInformation, 1014, {"%.%.%.%"}},
-      {res::kInformation,
-       1015,
-       {"www.telvero.example", "www.brightmoor.example", "www.corvane-pro.example",
-        "www.quintrel.example", "www.lumexa.example", "www.pandrel.example",
-        "www.corvane.example"}},
-      {res::kAudio, 1025, Options(kAudioMutes)},
-      {res::kAudio, 1028, TextsOf(kAudioSources, &AudioSourceRow::index, &AudioSourceRow::text)},
-      {res::kAudio, 1037, Options(kAudioStandards)},
-      {res::kAudio, 1055, {"L/R Audio Level"}},
-      {res::kAudio, 1040, Options(kXlrLevels)},
-      {res::kAudio, 1043, Options(kXlrImpedances)},
-      {res::kAudio, 1048, Options(kOutputChannels)},
-      {res::kAudio,
-       1058,
-       {"L/R Audio Volume ( $ )", "Audio Volume ( # )", " Analog L/R Audio Output Level ( + #.# )",
-        " Analog L/R Audio Output Level ( - #.# )", "Analog L/R Audio Input Level ( - #.# )",
-        " Analog L/R Audio Input Level ( + #.# )", "Analog L/R Audio Input Level ( + #.# )"}},
-      {res::kAudio, 1052, {"Embedded Audio Volume ( $ )"}},
-      {res::kAudio, 1059, {"", " +#.#", " -#.#", "+#.#", "-#.#"}},
-      {res::kAudio,
-       1050,
-       {"   -30     -20       -10        0       +10     +20+24 [dBu]",
-        "   -28         -20           -10             0           +10 [dBV]"}},
-      {res::kAudio,
-       1051,
-       {"|_____|_____|_____|_____|_____|__|", "|______|_______|_______|_______|",
-        "  |______|_______|_______|_______|"}},
-      {res::kProcAmp, 1036, kNumber},
-      {res::kProcAmp, 1037, kNumber},
-      {res::kProcAmp, 1038, kNumber},
-      {res::kProcAmp, 1039, kNumber},
-      {res::kProcAmp, 1042, kNumber},
-      {res::kProcAmp, 1045, kNumber},
-      {res::kProcAmp, 1048, kNumber},
-      {res::kSetting, 1038, {"Locked", "Un-Locked"}},
-      {res::kSetting, 1044, {"Enable", "Disable"}},
-      {res::kSetting, 1048, {"Blue Screen", "Black Screen", "Disable Output"}},
-      {res::kSetting,
-       1052,
-       {"Disable", "White", "Cross", "Hatch", "Color Bar", "Gray", "Window", "H Ramp", "WH Ramp",
-        "WV Ramp", "Diagonal", "Red", "Green", "Blue"}},
-      {res::kSetting,
-       1055,
-       {"Keep Aspect Ratio", "Full Screen (16:9)", "Dot By Dot", "4 : 3", "14 : 9", "UnderScan",
-        "Pan Scan 16 : 9", "Full Screen", "16 : 9"}},
-      {res::kVideoSettings, 1019, Options(kInputSources)},
-      {res::kVideoSettings, 1023, Options(kOutputLevels)},
-      {res::kVideoSettings, 1025, Options(kAspectRatios)},
-      {res::kVideoSettings, 1028, And(Options(kOutputFormats), {"Pass Through"})},
-      {res::kVideoSettings, 1030, {"HDMI Output Range"}},
-      {res::kVideoSettings, 1032, FormatLabels()},
-      {res::kVideoSettings, 1035, Options(kOutputColours)},
-      {res::kVideoSettings, 1036, Options(kOutputColours)},
-      {res::kVideoSettings, 1044, Options(kOutputSources)},
-      {res::kVideoSettings, 1042, Options(kOutputSources)},
-      {res::kVideoSettings, 1047, Options(kHdmiEqs)},
-      {res::kVideoSettings, 1048, Options(kHdmiEqs)},
-      {res::kVideoSettings, 1084, Options(kEdgeEnhances)},
-      {res::kDisplayMode, 1045, kModes},
-      {res::kDisplayMode, 1048, kChannels},
-      {res::kDisplayMode, 1051, kChannels},
-      {res::kDisplayMode, 1054, kChannels},
-      {res::kDisplayMode, 1061, {"OFF", "ON", "Default Labels"}},
-      {res::kGenlock, 1079, {"Free-Run", "SDI Input", "HDMI Input", "Ref Input", "External"}},
-      {res::kGenlock, 1094, {"75 ohms termination", "Open termination"}},
-      {res::kGenlock, 1083, kFormats},
-      {res::kGenlock, 1088, kNumber},
-      {res::kGenlock, 1089, kNumber},
-      {res::kImageAdjust, 1099, {"Image Adjust", "Position Adjust(VGA only)"}},
-      {res::kRoi, 1045, {"Disable", "Full Screen", "Dot by Dot"}},
-      {res::kRoi, 1059, kNumberThenLine},
-      {res::kRoi, 1060, kNumberThenLine},
-      {res::kRoi, 1061, kNumberThenLine},
-      {res::kRoi, 1062, kNumberThenLine},
-  };
-  return rows;
-}
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsHex(char c) { return IsDigit(c) || (c >= 'A' && c <= 'F'); }
-
 }  // namespace
 
 AllowedWrites WritesOf(const Step& step, const Situation& situation) {
@@ -644,44 +511,6 @@ std::set<std::set<int>> ButtonSetsOf(const Situation& situation) {
     default:
       return {{kApplyButton, kDefaultButton, kReturnButton}};
   }
-}
-
-bool Matches(std::string_view pattern, std::string_view text) {
-  std::size_t at = 0;
-  const auto digits = [&] {
-    const std::size_t from = at;
-    while (at < text.size() && IsDigit(text[at])) ++at;
-    return at > from;
-  };
-  for (const char wanted : pattern) {
-    if (wanted == '#' || wanted == '$') {
-      while (wanted == '#' && at < text.size() && text[at] == ' ') ++at;
-      if (wanted == '$' && at < text.size() && text[at] == '-') ++at;
-      if (!digits()) return false;
-    } else if (at == text.size() || (wanted == '%' ? !IsHex(text[at]) : text[at] != wanted)) {
-      return false;
-    } else {
-      ++at;
-    }
-  }
-  return at == text.size();
-}
-
-bool MayRead(int dialog, int control, std::string_view text) {
-  for (const ReadingRow& row : Readings()) {
-    if (row.dialog != dialog || row.control != control) continue;
-    return std::any_of(row.patterns.begin(), row.patterns.end(),
-                       [&](const std::string& pattern) { return Matches(pattern, text); });
-  }
-  return false;
-}
-
-bool ChangesOnFailure(int dialog, int control, const Identity& identity) {
-  if (dialog == res::kProcAmp) return true;             // is opened anew, with values in the middle
-  if (dialog == res::kGenlock) return control == 1083;  // a reference that can't be read is none
-  if (identity.boxType != 26) return false;
-  if (dialog == res::kInformation) return control == 1007;  // shows what the buffer holds
-  return dialog == res::kVideoSettings && control == 1036;  // falls back to RGB444
 }
 
 }  // namespace panelora::fuzz

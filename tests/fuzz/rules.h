@@ -1,9 +1,9 @@
-// What the panel may write, say and show: the independent side of the random operator.
+// What the panel may write, and which buttons it may show: the independent side of the random
+// operator.
 #pragma once
 
 #include <set>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "tests/fuzz/fuzz_panel.h"
@@ -36,15 +36,5 @@ std::string Compare(const std::vector<Call>& writes, const AllowedWrites& allowe
 
 // The sets of navigation buttons that a page may stand with.
 std::set<std::set<int>> ButtonSetsOf(const Situation& situation);
-
-// Whether a caption of a page may read so, beside the text that it starts with.
-bool MayRead(int dialog, int control, std::string_view text);
-
-// `#` stands for a number without a sign, blanks before it included, `$` for one with or without a
-// sign, `%` for one hexadecimal digit; all else for itself.
-bool Matches(std::string_view pattern, std::string_view text);
-
-// Controls whose text a refresh changes although nothing could be read.
-bool ChangesOnFailure(int dialog, int control, const Identity& identity);
 
 }  // namespace panelora::fuzz

@@ -5,6 +5,7 @@
 
 #include "app/navigation.h"
 #include "res/dialog_templates.h"
+#include "tests/fuzz/captions.h"
 #include "tests/fuzz/fuzz_panel.h"
 #include "tests/fuzz/rules.h"
 
