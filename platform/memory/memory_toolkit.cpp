@@ -122,7 +122,7 @@ void MemoryDialog::SetFont(int control, const ui::Font& font) {
 
 bool MemoryDialog::Focus(int control) {
   if (!TakesFocus(Find(control)) || !IsUsable(control)) return false;
-  Frame().focus = {Number(), control};
+  Frame().MoveFocus({Number(), control});
   return true;
 }
 
@@ -154,8 +154,9 @@ void MemoryDialog::SetSliderRange(int control, int minimum, int maximum) {
 
 void MemoryDialog::SetSliderPosition(int control, int position) {
   if (MemoryControl* found = FindForChange(control)) {
+    const int before = found->position;
     found->position = std::clamp(position, found->minimum, found->maximum);
-    found->needsPaint = true;
+    if (found->position != before) found->needsPaint = true;
   }
 }
 
@@ -260,7 +261,7 @@ void MemoryDialog::KeepFocusUsable() {
   const auto giveTo = [&](const std::vector<TabStop>& among, const auto& wanted) {
     for (const TabStop& stop : among) {
       if (!stop.dialog->IsUsable(stop.control) || !wanted(stop)) continue;
-      frame.focus = {stop.dialog->Number(), stop.control};
+      frame.MoveFocus({stop.dialog->Number(), stop.control});
       return true;
     }
     return false;
@@ -269,12 +270,29 @@ void MemoryDialog::KeepFocusUsable() {
   if (giveTo(stops, [&](const TabStop& stop) { return stop.dialog->Number() == page; })) return;
   if (giveTo(stops, [&](const TabStop& stop) { return stop.dialog != &frame; })) return;
   if (giveTo(inOrder, [](const TabStop&) { return true; })) return;
-  frame.focus = {frame.Number(), 0};
+  frame.MoveFocus({frame.Number(), 0});
+}
+
+// A slider shows whether it has the focus.
+void MemoryDialog::MoveFocus(std::pair<int, int> to) {
+  if (to == focus) return;
+  for (const auto& [dialog, control] : {focus, to}) {
+    MemoryDialog* owner = toolkit.Find(dialog);
+    MemoryControl* found = owner == nullptr ? nullptr : owner->FindForChange(control);
+    if (found != nullptr) found->needsPaint = true;
+  }
+  focus = to;
+}
+
+// What shows the focus is painted before anything is typed or pressed there.
+void MemoryDialog::FocusAndPaint(int control) {
+  if (!Focus(control)) return;
+  for (MemoryDialog* dialog : InWindow()) dialog->Paint();
 }
 
 void MemoryDialog::Press(int control) {
   if (!TakesInput(Find(control))) return;
-  Focus(control);
+  FocusAndPaint(control);
   events.OnCommand(control, ui::Notification::kClicked);
   KeepFocusUsable();
 }
@@ -282,6 +300,7 @@ void MemoryDialog::Press(int control) {
 void MemoryDialog::Type(int control, std::string_view text) {
   MemoryControl* found = FindForChange(control);
   if (!TakesInput(found)) return;
+  FocusAndPaint(control);
   found->text.clear();
   for (const char character : text) {
     const bool isControl = static_cast<unsigned char>(character) < ' ' || character == 0x7F;
@@ -310,7 +329,7 @@ void MemoryDialog::Choose(int control, int index) {
 
 bool MemoryDialog::PressKey(int control, ui::Key key) {
   if (!IsUsable(control)) return true;  // no key goes to what can't be seen or is disabled
-  Focus(control);
+  FocusAndPaint(control);
   const bool consumed = events.OnKey(key);
   KeepFocusUsable();
   return consumed;
@@ -334,7 +353,17 @@ void MemoryDialog::ChooseSystemMenu(int command) { events.OnSystemCommand(comman
 void MemoryDialog::RequestClose() { events.OnCloseRequest(); }
 
 void MemoryDialog::Uncover() {
-  for (auto& [id, control] : controls) control.needsPaint = true;
+  for (MemoryDialog* dialog : source.framed ? InWindow() : std::vector{this}) {
+    for (auto& [id, control] : dialog->controls) control.needsPaint = true;
+  }
+}
+
+std::vector<MemoryDialog*> MemoryDialog::InWindow() {
+  std::vector<MemoryDialog*> found;
+  for (MemoryDialog* dialog : toolkit.dialogs) {
+    if (&dialog->Frame() == &Frame()) found.push_back(dialog);
+  }
+  return found;
 }
 
 void MemoryDialog::Paint() {

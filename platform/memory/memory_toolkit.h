@@ -121,6 +121,9 @@ class MemoryDialog final : public ui::Dialog {
   bool IsUsable(int control) const;
   std::vector<TabStop> TabStops() const;
   void KeepFocusUsable();
+  void MoveFocus(std::pair<int, int> to);  // of a window
+  void FocusAndPaint(int control);
+  std::vector<MemoryDialog*> InWindow();  // it and its pages, or what it is one of
   bool TakesInput(const MemoryControl* control) const;
   bool TakesFocus(const MemoryControl* control) const;
 

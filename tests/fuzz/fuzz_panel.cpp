@@ -131,7 +131,8 @@ Situation FuzzPanel::Now() const {
           .firmware = state.firmwareVersion,
           .cycleState = state.cycleState,
           .tickSkip = state.tickSkip,
-          .wallSize = static_cast<int>(state.wallSize)};
+          .wallSize = static_cast<int>(state.wallSize),
+          .focus = toolkit.Find(res::kMain)->FocusedControl()};
 }
 
 bool FuzzPanel::CanDo(const Step& step) const {
@@ -203,7 +204,6 @@ void FuzzPanel::Act(const Step& step) {
       dialog->Release(step.control);
       break;
     case Act::kType:
-      dialog->Focus(step.control);
       dialog->Type(step.control, step.text);
       break;
     case Act::kChoose:

@@ -27,6 +27,7 @@ struct Situation {
   int cycleState = 0;
   int tickSkip = 0;
   int wallSize = 0;
+  std::pair<int, int> focus = {};  // dialog and control of the window
 };
 
 // The template number of a page.

@@ -337,15 +337,20 @@ AllowedWrites OnTvWall(const Step& step, const Situation& now) {
   return {};
 }
 
+// What a slider of the page stands for; empty = no picture value.
+Writes PicturePerhaps(int slider) {
+  constexpr std::pair<int, std::uint32_t> kSliders[] = {{1032, 2}, {1035, 3}, {1034, 4}, {1033, 5}};
+  for (const auto& [control, picture] : kSliders) {
+    if (control == slider) return {Perhaps(Picture(picture))};
+  }
+  return {};
+}
+
 AllowedWrites OnProcAmp(const Step& step, const Situation& now) {
   const Identity& id = now.identity;
   if (step.act == Act::kDrag) {
-    constexpr std::pair<int, std::uint32_t> kSliders[] = {
-        {1032, 2}, {1035, 3}, {1034, 4}, {1033, 5}};
-    for (const auto& [slider, control] : kSliders) {
-      if (slider == step.control) return {{Perhaps(Picture(control))}};
-    }
-    return {{Perhaps(Block(14, 3))}};
+    const Writes writes = PicturePerhaps(step.control);
+    return {writes.empty() ? Writes{Perhaps(Block(14, 3))} : writes};
   }
   // Firmware from which these store what they were sent only when they are told to.
   const bool commits = id.brandCode == 2 && ((In(id.boxType, {24, 34}) && now.firmware >= 262) ||
@@ -407,8 +412,11 @@ AllowedWrites OnPage(const Step& step, const Situation& now) {
 }
 
 // Brand 2 sends a picture value again with every repaint of its slider.
-bool Repaints(const Step& step, const Situation& now) {
-  if (now.page != PageCode::kProcAmp || now.identity.brandCode != 2) return false;
+bool SendsAgain(const Situation& now) {
+  return now.page == PageCode::kProcAmp && now.identity.brandCode == 2;
+}
+
+bool UncoversPage(const Step& step) {
   return step.act == Act::kRepaint || step.act == Act::kAbout ||
          (step.dialog == res::kMain && step.control == kPageUpButton);
 }
@@ -424,11 +432,7 @@ bool Fits(const Call& call, const AllowedWrite& allowed) {
          (allowed.last == AllowedWrite::kAnyValue || call.bytes.back() == allowed.last);
 }
 
-}  // namespace
-
-AllowedWrites WritesOf(const Step& step, const Situation& situation) {
-  if (!situation.connected) return {};
-  if (Repaints(step, situation)) return {PicturesPerhaps(), true};
+AllowedWrites WhenPressed(const Step& step, const Situation& situation) {
   switch (step.act) {
     case Act::kEnter: {
       // Presses the button that it meets, but on the pages that keep it for themselves.
@@ -454,6 +458,25 @@ AllowedWrites WritesOf(const Step& step, const Situation& situation) {
     default:
       return {};
   }
+}
+
+}  // namespace
+
+AllowedWrites WritesOf(const Step& step, const Situation& situation) {
+  if (!situation.connected) return {};
+  if (!SendsAgain(situation)) return WhenPressed(step, situation);
+  if (UncoversPage(step)) return {PicturesPerhaps(), true};
+  // A slider is painted when it loses the focus and when it gets it, before anything is pressed.
+  AllowedWrites allowed = WhenPressed(step, situation);
+  if (step.act >= Act::kTick || step.act == Act::kDrag) return allowed;
+  if (situation.focus == std::pair(step.dialog, step.control)) return allowed;
+  std::vector<AllowedWrite>& writes = allowed.writes;
+  for (const auto& [dialog, control] : {situation.focus, std::pair(step.dialog, step.control)}) {
+    if (dialog != res::kProcAmp) continue;
+    const Writes again = PicturePerhaps(control);
+    writes.insert(writes.begin(), again.begin(), again.end());
+  }
+  return allowed;
 }
 
 std::string Compare(const std::vector<Call>& writes, const AllowedWrites& allowed) {

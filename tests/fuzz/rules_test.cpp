@@ -72,6 +72,17 @@ TEST(FuzzRulesTest, WritesAreAllowedByWhatWasPressed) {
   EXPECT_NE(compare(repaint, On(PageCode::kProcAmp, 24), {hue}), "");
   EXPECT_EQ(compare(repaint, On(PageCode::kProcAmp, 24, 2), {WordWrite(5, 0)}),
             "nobody asked for: set word 0,5 = 0");
+
+  // So does the slider that loses the focus, and the one that gets it.
+  Situation slider = On(PageCode::kProcAmp, 24, 2);
+  slider.focus = {res::kProcAmp, 1034};
+  const Step leave = Press(res::kMain, kSettingButton);
+  EXPECT_EQ(compare(leave, slider, {hue}), "");
+  EXPECT_NE(compare(leave, slider, {brightness}), "");
+  const Step next{.act = Act::kEscape, .dialog = res::kProcAmp, .control = 1032};
+  EXPECT_EQ(compare(next, slider, {brightness, hue}), "");
+  slider.focus = {res::kMain, kSettingButton};
+  EXPECT_NE(compare(leave, slider, {hue}), "");
 }
 
 TEST(FuzzRulesTest, PatternsMatchWholeTexts) {

@@ -24,6 +24,7 @@ class Desk {
   ui::Toolkit& Toolkit();
 
   // What the operator does. A disabled control takes nothing.
+  void GiveFocus(int dialog, int control);
   void Press(int dialog, int control);
   void Type(int dialog, int control, std::string_view text);  // instead of what stands there
   void Drag(int dialog, int control, int position);           // a slider, held

@@ -30,6 +30,11 @@ Desk::~Desk() = default;
 
 ui::Toolkit& Desk::Toolkit() { return inside->toolkit; }
 
+void Desk::GiveFocus(int dialog, int control) {
+  inside->At(dialog).Focus(control);
+  Settle();
+}
+
 void Desk::Press(int dialog, int control) {
   inside->At(dialog).Press(control);
   Settle();

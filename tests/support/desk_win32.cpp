@@ -49,14 +49,22 @@ Desk::~Desk() = default;
 
 ui::Toolkit& Desk::Toolkit() { return inside->toolkit; }
 
+// What shows the focus is painted before anything is typed or pressed there.
+void Desk::GiveFocus(int dialog, int control) {
+  inside->At(dialog).Focus(control);
+  Settle();
+}
+
 void Desk::Press(int dialog, int control) {
   if (!inside->TakesInput(dialog, control)) return;
+  GiveFocus(dialog, control);
   SendMessageA(inside->Window(dialog, control), BM_CLICK, 0, 0);
   Settle();
 }
 
 void Desk::Type(int dialog, int control, std::string_view text) {
   if (!inside->TakesInput(dialog, control)) return;
+  GiveFocus(dialog, control);
   const HWND edit = inside->Window(dialog, control);
   SendMessageA(edit, EM_SETSEL, 0, -1);
   SendMessageA(edit, WM_CLEAR, 0, 0);
@@ -89,7 +97,7 @@ void Desk::Choose(int dialog, int control, int index) {
 }
 
 void Desk::PressKey(int dialog, int control, ui::Key key) {
-  inside->At(dialog).Focus(control);
+  GiveFocus(dialog, control);
   MSG message{};
   message.hwnd = inside->Window(dialog, control);
   message.message = WM_KEYDOWN;
