@@ -7,23 +7,21 @@ namespace panelora::win32 {
 
 namespace {
 
-// Every control that Tab visits while it is usable, in that order: those of a page stand where the
-// page does.
-void CollectTabStops(HWND parent, std::vector<HWND>& stops) {
+// Goes through every control that Tab visits while it is usable, in that order, until `found` takes
+// one: those of a page stand where the page does. A page that nobody sees is left out, unless the
+// focus was lost on it: each look at a window is a question to the system.
+template <class Found>
+HWND FindTabStop(HWND parent, HWND lost, const Found& found) {
   for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr;
        child = GetWindow(child, GW_HWNDNEXT)) {
     if ((GetWindowLongPtrA(child, GWL_EXSTYLE) & WS_EX_CONTROLPARENT) != 0) {
-      CollectTabStops(child, stops);
-    } else if ((GetWindowLongPtrA(child, GWL_STYLE) & WS_TABSTOP) != 0) {
-      stops.push_back(child);
+      if (!IsWindowVisible(child) && !IsChild(child, lost)) continue;
+      if (const HWND stop = FindTabStop(child, lost, found); stop != nullptr) return stop;
+    } else if ((GetWindowLongPtrA(child, GWL_STYLE) & WS_TABSTOP) != 0 && found(child)) {
+      return child;
     }
   }
-}
-
-std::vector<HWND> TabStops(HWND window) {
-  std::vector<HWND> stops;
-  CollectTabStops(window, stops);
-  return stops;
+  return nullptr;
 }
 
 }  // namespace
@@ -34,15 +32,14 @@ bool TakesFocus(HWND window) {
   return IsUsable(window) && (GetWindowLongPtrA(window, GWL_STYLE) & WS_TABSTOP) != 0;
 }
 
-HWND FirstUsable(HWND dialog) {
-  for (const HWND stop : TabStops(dialog)) {
-    if (IsUsable(stop)) return stop;
-  }
-  return nullptr;
-}
+HWND FirstUsable(HWND dialog) { return FindTabStop(dialog, nullptr, IsUsable); }
 
 HWND NextUsable(HWND window, HWND lost) {
-  std::vector<HWND> stops = TabStops(window);
+  std::vector<HWND> stops;
+  FindTabStop(window, lost, [&](HWND stop) {
+    stops.push_back(stop);
+    return false;
+  });
   // From the lost one round to it.
   const auto from = std::find(stops.begin(), stops.end(), lost);
   if (from != stops.end()) std::rotate(stops.begin(), from, stops.end());
