@@ -188,8 +188,11 @@ class Win32Toolkit final : public ui::Toolkit {
     UINT message;
   };
 
-  // Most ticks change nothing, and to ask for the focus is dearer than the tick.
-  bool MayMoveFocus(UINT message) const { return message != WM_TIMER || usableChanged; }
+  // Most ticks and all painting change nothing, and to ask for the focus is dearer than the tick.
+  bool MayMoveFocus(UINT message) const {
+    const bool isQuiet = message == WM_TIMER || message == WM_PAINT || message == WM_MOUSEMOVE;
+    return !isQuiet || usableChanged;
+  }
 
   bool PreTranslate(const MSG& message);
   void PressFocusedButton(HWND button);
