@@ -1,5 +1,7 @@
 #include "benchmarks/bare_windows.h"
 
+#include <algorithm>
+
 namespace panelora::benchmarks {
 
 namespace {
@@ -11,26 +13,13 @@ constexpr int kPictureButton = 1000;
 constexpr int kHidden[] = {1006, 1007, 1008, 1009, 1010, 1011, 1012, 1013, 1014, 1048};
 
 // What the first page's main window shows of a box of type 26.
-const char* PictureOf(int control) {
-  switch (control) {
-    case kPictureButton:
-      return "PANEL_BMP_17";
-    case 1001:
-      return "VIDEO_BTU_U";
-    case 1002:
-      return "INFO_BTU_U";
-    case 1003:
-      return "AUDIO_BTU_U";
-    case 1004:
-      return "PROC_BTU_U";
-    case 1005:
-      return "SET_BTU_U";
-    case 1015:
-      return "REFRESH_BTU_U";
-    default:
-      return nullptr;
-  }
-}
+constexpr std::pair<int, const char*> kPictures[] = {{kPictureButton, "PANEL_BMP_17"},
+                                                     {1001, "VIDEO_BTU_U"},
+                                                     {1002, "INFO_BTU_U"},
+                                                     {1003, "AUDIO_BTU_U"},
+                                                     {1004, "PROC_BTU_U"},
+                                                     {1005, "SET_BTU_U"},
+                                                     {1015, "REFRESH_BTU_U"}};
 
 }  // namespace
 
@@ -42,22 +31,37 @@ BareWindows::BareWindows(HINSTANCE theInstance) : instance(theInstance) {
 
 BareWindows::~BareWindows() {
   if (window != nullptr) DestroyWindow(window);
-  for (const auto& [control, bitmap] : pictures) DeleteObject(bitmap);
+  for (const auto& [name, bitmap] : loaded) DeleteObject(bitmap);
 }
 
 HWND BareWindows::Create() {
   const auto self = reinterpret_cast<LPARAM>(this);
   window = CreateDialogParamA(instance, MAKEINTRESOURCEA(kMain), nullptr, Procedure, self);
+  dialogs[kMain] = window;
+  for (const auto& [control, name] : kPictures) shown[{kMain, control}] = name;
   for (const int control : kHidden) ShowWindow(GetDlgItem(window, control), SW_HIDE);
   const HWND picture = GetDlgItem(window, kPictureButton);
   for (int number = kFirstPage; number <= kLastPage; ++number) {
     const HWND page =
         CreateDialogParamA(instance, MAKEINTRESOURCEA(number), window, Procedure, self);
+    dialogs[number] = page;
     SetWindowPos(page, picture, 110, 65, 540, 335, SWP_NOACTIVATE);
     if (number == kFirstPage) ShowWindow(page, SW_SHOW);
   }
   ShowWindow(window, SW_SHOW);
   return window;
+}
+
+HWND BareWindows::Find(int dialog, int control) const {
+  const auto found = dialogs.find(dialog);
+  if (found == dialogs.end() || control == 0)
+    return found == dialogs.end() ? nullptr : found->second;
+  return GetDlgItem(found->second, control);
+}
+
+void BareWindows::ShowPicture(int dialog, int control, const std::string& name) {
+  shown[{dialog, control}] = name;
+  InvalidateRect(Find(dialog, control), nullptr, FALSE);
 }
 
 INT_PTR CALLBACK BareWindows::Procedure(HWND window, UINT message, WPARAM, LPARAM lParam) {
@@ -78,18 +82,20 @@ INT_PTR CALLBACK BareWindows::Procedure(HWND window, UINT message, WPARAM, LPARA
 
 void BareWindows::Draw(HWND dialog, const DRAWITEMSTRUCT& item) {
   const int control = static_cast<int>(item.CtlID);
-  const char* name = dialog == window ? PictureOf(control) : nullptr;
-  if (name == nullptr) {
+  const auto number = std::find_if(dialogs.begin(), dialogs.end(),
+                                   [&](const auto& row) { return row.second == dialog; });
+  const auto picture = number == dialogs.end() ? shown.end() : shown.find({number->first, control});
+  if (picture == shown.end()) {
     char text[256] = "";
     GetWindowTextA(item.hwndItem, text, sizeof text);
     RECT place = item.rcItem;
     DrawTextA(item.hDC, text, -1, &place, DT_LEFT | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
     return;
   }
-  HBITMAP& bitmap = pictures[control];
+  HBITMAP& bitmap = loaded[picture->second];
   if (bitmap == nullptr) {
-    bitmap =
-        static_cast<HBITMAP>(LoadImageA(instance, name, IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
+    bitmap = static_cast<HBITMAP>(
+        LoadImageA(instance, picture->second.c_str(), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
   }
   const HDC source = CreateCompatibleDC(item.hDC);
   const HGDIOBJ before = SelectObject(source, bitmap);

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <string>
+#include <utility>
 
 namespace panelora::benchmarks {
 
@@ -19,13 +20,22 @@ class BareWindows {
   // Creates the main window and its thirteen pages, and shows the first.
   HWND Create();
 
+  // A page, or a control of a dialog; null when there is none. `control` 0 = the dialog itself.
+  HWND Find(int dialog, int control) const;
+  // Draws the picture in place of the one before; the name is that of a resource.
+  void ShowPicture(int dialog, int control, const std::string& name);
+
  private:
+  using Place = std::pair<int, int>;  // dialog and control
+
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   void Draw(HWND dialog, const DRAWITEMSTRUCT& item);
 
   HINSTANCE instance;
   HWND window = nullptr;
-  std::map<int, HBITMAP> pictures;  // of the main window's buttons, once drawn
+  std::map<int, HWND> dialogs;            // by number
+  std::map<Place, std::string> shown;     // pictures by name
+  std::map<std::string, HBITMAP> loaded;  // once drawn
 };
 
 // Handles every message that waits.

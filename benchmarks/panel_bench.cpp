@@ -13,11 +13,13 @@
 #include <cstdio>
 #include <cstdlib>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/main_dlg.h"
 #include "app/navigation.h"
 #include "benchmarks/bare_windows.h"
+#include "benchmarks/page_switches.h"
 #include "platform/win32/win32_toolkit.h"
 #include "res/dialog_templates.h"
 #include "simulator/box_model.h"
@@ -173,43 +175,58 @@ void CompareStarts() {
       });
 }
 
-// A box that takes its time leaves the processor alone, so that its part is added as a number.
-template <class Work>
-void CompareWithCalls(const char* name, Panel& panel, Work work) {
-  double waiting = 0;
-  Compare(
-      name,
-      [&] {
-        panel.box.calls = 0;
-        const double spent = Measure(work);
-        waiting = panel.box.calls * kCallMs;
-        return waiting + spent;
-      },
-      [&] {
-        if (waiting == 0) {  // to know how many calls there are
-          panel.box.calls = 0;
-          work();
-          waiting = panel.box.calls * kCallMs;
-        }
-        return waiting;
-      });
-}
+// Through every page of the shipped model and back.
+constexpr std::pair<int, int> kPresses[] = {
+    {res::kMain, kVideoButton},  {res::kVideoMenu, 1002},      {res::kMain, kReturnButton},
+    {res::kVideoMenu, 1007},     {res::kMain, kReturnButton},  {res::kMain, kReturnButton},
+    {res::kMain, kAudioButton},  {res::kMain, kReturnButton},  {res::kMain, kProcAmpButton},
+    {res::kMain, kReturnButton}, {res::kMain, kSettingButton}, {res::kMain, kReturnButton}};
 
+// A box that takes its time leaves the processor alone, so that its part is added as a number, on
+// both sides.
 void ComparePages() {
   Panel panel;
-  CompareWithCalls("switch", panel, [&] {
-    panel.Press(res::kMain, kVideoButton);
-    panel.Press(res::kVideoMenu, 1002);
-    panel.Press(res::kMain, kReturnButton);
-    panel.Press(res::kVideoMenu, 1007);
-    panel.Press(res::kMain, kReturnButton);
-    panel.Press(res::kMain, kReturnButton);
-    for (const int button : {kAudioButton, kProcAmpButton, kSettingButton}) {
-      panel.Press(res::kMain, button);
-      panel.Press(res::kMain, kReturnButton);
-    }
-  });
-  CompareWithCalls("refresh", panel, [&] { panel.Press(res::kMain, kRefreshButton); });
+  Bare bare;
+  const auto press = [&] {
+    for (const auto& [dialog, control] : kPresses) panel.Press(dialog, control);
+  };
+  press();  // what is laid out when it is first seen is
+  const auto start = benchmarks::LookAt(panel.toolkit);
+  std::vector<std::vector<benchmarks::Change>> switches;
+  auto before = start;
+  panel.box.calls = 0;
+  for (const auto& [dialog, control] : kPresses) {
+    panel.Press(dialog, control);
+    auto after = benchmarks::LookAt(panel.toolkit);
+    switches.push_back(benchmarks::ChangesBetween(before, after));
+    before = std::move(after);
+  }
+  const double waiting = panel.box.calls * kCallMs;
+  if (!benchmarks::ChangesBetween(start, before).empty()) Fail("the pages do not come back");
+  // From windows that look like none of them.
+  std::vector<benchmarks::Look> blank = start;
+  for (benchmarks::Look& look : blank) {
+    look = {look.dialog, look.control, !look.visible, {}, "", look.picture.empty() ? "" : "-"};
+  }
+  benchmarks::Apply(benchmarks::ChangesBetween(blank, start), bare.windows);
+  benchmarks::HandleWaiting(bare.handle);
+  Compare(
+      "switch", [&] { return waiting + Measure(press); },
+      [&] {
+        return waiting + Measure([&] {
+                 for (const auto& changes : switches) {
+                   benchmarks::Apply(changes, bare.windows);
+                   benchmarks::HandleWaiting(bare.handle);
+                 }
+               });
+      });
+  panel.box.calls = 0;
+  panel.Press(res::kMain, kRefreshButton);
+  const double reading = panel.box.calls * kCallMs;
+  Compare(
+      "refresh",
+      [&] { return reading + Measure([&] { panel.Press(res::kMain, kRefreshButton); }); },
+      [&] { return reading; });
 }
 
 void PostTicks(HWND window, UINT_PTR timer) {
