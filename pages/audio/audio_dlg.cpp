@@ -142,7 +142,6 @@ bool CAudioDlg::ShowsMute() const {
   const std::uint8_t boxType = panel.identity.boxType;
   if (!CanMute(boxType)) return false;
   const ModelRow& model = ModelOf(boxType);
-  if (HasStandard(boxType)) return true;
   if (model.volume == Volume::kNone) return !model.impedance;
   return model.volume != Volume::kAttenuation && !HasLevelCombo();
 }

@@ -127,7 +127,7 @@ TEST_F(DisplayMode, OtherTypesAreOnlyToldThatThePageIsOpen) {
     EXPECT_EQ(TakeCalls(), kOpening);
     EXPECT_EQ(CallsOf(kPictureButton), Calls{});
     EXPECT_EQ(CallsOf(kApplyButton), Calls{});
-    for (const int button : {1046, 1049, 1052, 1055}) {
+    for (const int button : {1046, 1046, 1046, 1049, 1052, 1055}) {
       EXPECT_EQ(CallsOnPage(kPage, button), Calls{}) << button;
     }
     EXPECT_EQ(Mode(), "Mode 1");

@@ -294,6 +294,7 @@ TEST_F(MainWindow, AboutOpensFromTheSystemMenuAndClosesWithOk) {
     EXPECT_EQ(desk.Text(res::kAbout, 1201), "Panelora Version 1.0");
     EXPECT_EQ(desk.Text(res::kAbout, 1), "OK");
     desk.Press(res::kAbout, 1);
+    EXPECT_FALSE(desk.IsOpen(res::kAbout));
   });
   desk.ChooseSystemMenu(res::kMain, 16);
   EXPECT_TRUE(opened);
