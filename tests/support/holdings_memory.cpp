@@ -1,11 +1,7 @@
 // In memory: the dialogs and timers of the toolkit, and every byte that is allocated.
-#include <malloc.h>
-
 #include <cstddef>
 
-#if defined(__SANITIZE_ADDRESS__)
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();  // the package lacks its header
-#endif
 
 #include "platform/memory/memory_toolkit.h"
 #include "tests/support/holdings.h"
@@ -28,11 +24,7 @@ Holdings CountHoldings(Desk& desk) {
 }
 
 MemoryUse MeasureMemory() {
-#if defined(__SANITIZE_ADDRESS__)
   return {__sanitizer_get_current_allocated_bytes(), 0};
-#else
-  return {mallinfo2().uordblks, 0};
-#endif
 }
 
 }  // namespace panelora::testing
