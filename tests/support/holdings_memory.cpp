@@ -23,8 +23,6 @@ Holdings CountHoldings(Desk& desk) {
   return held;
 }
 
-MemoryUse MeasureMemory() {
-  return {__sanitizer_get_current_allocated_bytes(), 0};
-}
+MemoryUse MeasureMemory() { return {__sanitizer_get_current_allocated_bytes(), 0}; }
 
 }  // namespace panelora::testing
