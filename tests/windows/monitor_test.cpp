@@ -1,4 +1,8 @@
 // The monitor: the box goes and comes back while the panel is open.
+#include <array>
+#include <cstdint>
+#include <vector>
+
 #include "device_calls.h"
 #include "panel_test.h"
 
@@ -178,8 +182,15 @@ TEST_F(MonitorTest, OnlyModel26IsABox) {
 
 TEST_F(MonitorTest, Model26IsABoxWhateverItsOtherIdentityBytes) {
   PanelProcess& panel = Start({.plugged = false});
-  const std::uint8_t values[] = {0, 1, 2, 3, 255};
-  for (const std::uint8_t brand : values) {
+  // Brand, sub-model and both DIP flags: each alone, and all at once.
+  std::vector<std::array<std::uint8_t, 3>> identities;
+  for (const int each : {0, 1, 2, 3, 255}) {
+    const auto value = static_cast<std::uint8_t>(each);
+    identities.insert(identities.end(),
+                      {{value, 0, 0}, {0, value, 0}, {0, 0, value}, {value, value, value}});
+  }
+  for (const auto& [brand, subModel, dip] : identities) {
+    SCOPED_TRACE(::testing::Message() << int{brand} << " " << int{subModel} << " " << int{dip});
     Places procAmp = {{kDefault, ButtonAt(65)}, {kReturn, ButtonAt(105)}, {kPageUp, ButtonAt(145)}};
     if (brand == 2) {
       procAmp = {{kDefault, ButtonAt(65)},
@@ -187,23 +198,18 @@ TEST_F(MonitorTest, Model26IsABoxWhateverItsOtherIdentityBytes) {
                  {kReturn, ButtonAt(145)},
                  {kPageUp, ButtonAt(185)}};
     }
-    for (const std::uint8_t subModel : values) {
-      for (const std::uint8_t dip : values) {
-        SCOPED_TRACE(::testing::Message() << int{brand} << " " << int{subModel} << " " << int{dip});
-        panel.Become({26, brand, subModel, dip, dip});
-        panel.Plug(true);
-        panel.Tick();
-        ASSERT_EQ(panel.CurrentLook(), HomeLook());
-        panel.Press(kMain, kProcAmp);
-        ASSERT_EQ(panel.CurrentLook(), PageLook(kProcAmpPage, procAmp));
-        panel.Plug(false);
-        // A slider that paints silences two ticks, and may paint again in between.
-        panel.Await("the disconnected look", [&] {
-          panel.Tick();
-          return panel.CurrentLook() == DisconnectedLook();
-        });
-      }
-    }
+    panel.Become({26, brand, subModel, dip, dip});
+    panel.Plug(true);
+    panel.Tick();
+    ASSERT_EQ(panel.CurrentLook(), HomeLook());
+    panel.Press(kMain, kProcAmp);
+    ASSERT_EQ(panel.CurrentLook(), PageLook(kProcAmpPage, procAmp));
+    panel.Plug(false);
+    // A slider that paints silences two ticks, and may paint again in between.
+    panel.Await("the disconnected look", [&] {
+      panel.Tick();
+      return panel.CurrentLook() == DisconnectedLook();
+    });
   }
 }
 
