@@ -218,7 +218,6 @@ void CMainDlg::ChangeConnection() {
   ResetSubPages();
   InitPages();
   window->PlaceControl(kPictureButton, kPictureStrip);
-  HideAllButtons();
   HideAllPages();
   for (const NavigationButton& button : kNavigationButtons) {
     if (button.shownAtStart) ShowButton(button.control);
