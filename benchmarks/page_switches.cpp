@@ -42,10 +42,15 @@ std::vector<Change> ChangesBetween(const std::vector<Look>& before,
   for (std::size_t i = 0; i < after.size(); ++i) {
     const Look& old = before[i];
     const Look& now = after[i];
-    const Change change{now, old.visible != now.visible, EqualRect(&old.place, &now.place) == FALSE,
-                        old.text != now.text, old.picture != now.picture};
-    if (change.visibility || change.place || change.text || change.picture)
+    const Change change{now,
+                        old.visible != now.visible,
+                        EqualRect(&old.place, &now.place) == FALSE,
+                        old.text != now.text,
+                        old.picture != now.picture,
+                        !old.focused && now.focused};
+    if (change.visibility || change.place || change.text || change.picture || change.focus) {
       changes.push_back(change);
+    }
   }
   return changes;
 }
