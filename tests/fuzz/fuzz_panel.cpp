@@ -50,8 +50,12 @@ const std::map<std::pair<int, int>, std::string>& FirstTexts() {
   return texts;
 }
 
+// By the button, or by the timer of the page that reads again while its format settles.
 bool IsRefresh(const Step& step) {
-  return (step.act == Act::kPress || step.act == Act::kClick) && step.dialog == res::kMain &&
+  if (step.act == Act::kPageTick) return true;
+  const bool presses =
+      step.act == Act::kPress || step.act == Act::kClick || step.act == Act::kEnter;
+  return presses && step.dialog == res::kMain &&
          (step.control == kRefreshButton || step.control == kPictureButton);
 }
 
@@ -372,6 +376,7 @@ void FuzzPanel::CheckFocus() {
 }
 
 // Of the page that stands, in the order of its template; a line feed behind a number is not seen.
+// No edits: what was typed and not applied makes place for the page's own numbers.
 std::vector<std::string> FuzzPanel::KeptTexts(const Situation& situation) {
   std::vector<std::string> texts;
   const int number = DialogOf(situation.page);

@@ -253,8 +253,10 @@ Step Operator::Choose(FuzzPanel& panel) {
 std::optional<Breach> Operate(Choices& choices, int steps, Steps& done) {
   FuzzPanel panel;
   Operator hand(choices);
-  for (int i = 0; i < steps && !choices.IsEmpty(); ++i) {
-    done.push_back(hand.Choose(panel));
+  while (static_cast<int>(done.size()) < steps && !choices.IsEmpty()) {
+    const Step step = hand.Choose(panel);
+    if (!panel.CanDo(step)) continue;
+    done.push_back(step);
     panel.Do(done.back());
     if (!panel.Broken().empty()) return Breach{done.size(), panel.Broken()};
   }

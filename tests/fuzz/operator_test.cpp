@@ -56,7 +56,7 @@ Controls Usable() {
 
 // And with its usual steps the operator comes everywhere, without which the rest would say little.
 TEST(OperatorTest, NoRuleIsBrokenWhateverIsDone) {
-  const int panels = StepsToDo() / kStepsOfAPanel;
+  const int panels = (StepsToDo() + kStepsOfAPanel - 1) / kStepsOfAPanel;
   Controls unused = Usable();
   for (int seed = 1; seed <= panels; ++seed) {
     RandomChoices choices(static_cast<std::uint32_t>(seed));

@@ -1,4 +1,4 @@
-// The watchman watched: every rule of the random operator is broken once here.
+// The watchman watched: the rules of the random operator are broken here.
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -109,6 +109,8 @@ class FuzzPanelTest : public ::testing::Test {
     return panel.Broken();
   }
 
+  PanelState& State() { return const_cast<PanelState&>(panel.Main().Panel()); }
+
   FuzzPanel panel;
 };
 
@@ -158,6 +160,34 @@ TEST_F(FuzzPanelTest, SeesTheFocusOnWhatIsHidden) {
   // A tick would give the focus away.
   panel.Do({.act = Act::kUnplug});
   EXPECT_EQ(panel.Broken(), "the focus is on control 1024 of 105");
+}
+
+// A tick that no step asked for leaves its call behind.
+TEST_F(FuzzPanelTest, SeesTheDeviceOpenedWithoutATick) {
+  Dialog(res::kMain).Tick(1);
+  panel.Do({.act = Act::kRepaint, .dialog = res::kMain});
+  EXPECT_EQ(panel.Broken(), "the device was opened without a tick");
+}
+
+TEST_F(FuzzPanelTest, SeesTheDeviceOpenedTwice) {
+  Dialog(res::kMain).Tick(1);
+  EXPECT_EQ(AfterTick(), "a tick opened the device other than once");
+}
+
+TEST_F(FuzzPanelTest, SeesASkippedTickThatAsks) {
+  Dialog(res::kMain).Tick(1);
+  State().tickSkip = 1;
+  EXPECT_EQ(AfterTick(), "a tick that is skipped asked the box");
+}
+
+TEST_F(FuzzPanelTest, SeesTooManyTicksSkipped) {
+  State().tickSkip = 100;
+  EXPECT_EQ(AfterTick(), "more ticks are skipped than any button asks");
+}
+
+TEST_F(FuzzPanelTest, SeesATimerThatIsLeftRunning) {
+  panel.Toolkit().timersLeftRunning = 1;
+  EXPECT_EQ(AfterTick(), "a window that went left a timer running");
 }
 
 TEST(FuzzStepsTest, AreWrittenDownAndReadAgain) {
