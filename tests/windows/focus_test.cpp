@@ -71,10 +71,13 @@ class FocusTest : public PanelTest {
   }
 
   void ExpectUsableFocus(PanelProcess& panel) {
-    panel.Send(panel.Main(), WM_NULL);
-    const HWND focus = panel.Focus();
-    ASSERT_NE(focus, nullptr);
-    EXPECT_TRUE(IsWindowVisible(focus)) << GetDlgCtrlID(focus);
+    // A look from outside may fall into the moment in which a dialog goes.
+    HWND focus = nullptr;
+    panel.Await("the focus on what is seen", [&] {
+      panel.Send(panel.Main(), WM_NULL);
+      focus = panel.Focus();
+      return focus != nullptr && IsWindowVisible(focus);
+    });
     EXPECT_TRUE(IsWindowEnabled(focus)) << GetDlgCtrlID(focus);
     const HWND page = GetParent(focus);
     const bool isControl = (GetWindowLongPtrA(focus, GWL_STYLE) & WS_TABSTOP) != 0;

@@ -23,7 +23,11 @@ class PanelTest : public ::testing::Test {
   }
 
   void TearDown() override {
-    if (running != nullptr && running->IsRunning() && !HasFailure()) CloseAndCheck();
+    if (running != nullptr && !HasFailure()) {
+      const bool asked = running->IsRunning();
+      EXPECT_EQ(asked ? running->Close() : running->WaitForEnd(), 0U)
+          << (asked ? "" : "it ended before the test did");
+    }
     running.reset();
   }
 
