@@ -52,11 +52,13 @@ HWND BareWindows::Create() {
   return window;
 }
 
-HWND BareWindows::Find(int dialog, int control) const {
-  const auto found = dialogs.find(dialog);
-  if (found == dialogs.end() || control == 0)
-    return found == dialogs.end() ? nullptr : found->second;
-  return GetDlgItem(found->second, control);
+HWND BareWindows::Find(int dialog, int control) {
+  const auto owner = dialogs.find(dialog);
+  if (owner == dialogs.end() || control == 0)
+    return owner == dialogs.end() ? nullptr : owner->second;
+  HWND& found = controls[{dialog, control}];
+  if (found == nullptr) found = GetDlgItem(owner->second, control);
+  return found;
 }
 
 void BareWindows::ShowPicture(int dialog, int control, const std::string& name) {

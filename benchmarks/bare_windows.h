@@ -21,7 +21,7 @@ class BareWindows {
   HWND Create();
 
   // A page, or a control of a dialog; null when there is none. `control` 0 = the dialog itself.
-  HWND Find(int dialog, int control) const;
+  HWND Find(int dialog, int control);
   // Draws the picture in place of the one before; the name is that of a resource.
   void ShowPicture(int dialog, int control, const std::string& name);
 
@@ -34,6 +34,7 @@ class BareWindows {
   HINSTANCE instance;
   HWND window = nullptr;
   std::map<int, HWND> dialogs;            // by number
+  std::map<Place, HWND> controls;         // once found
   std::map<Place, std::string> shown;     // pictures by name
   std::map<std::string, HBITMAP> loaded;  // once drawn
 };

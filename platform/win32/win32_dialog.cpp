@@ -132,15 +132,25 @@ RECT Win32Dialog::Scaled(const ui::Rect& place) const {
 // a font at the start, and many are never seen.
 void Win32Dialog::OnChange(Win32Control& control) {
   control.changed = true;
-  if (IsShown()) LayOutControl(control, control.shown);
+  if (!IsShown()) return;
+  if (control.shown) {
+    LayOutControl(control);
+  } else {
+    MoveToPlace(control, 0);
+  }
 }
 
 void Win32Dialog::ShowNow(Win32Control& control) {
-  if (control.changed) LayOutControl(control, control.shown);
-  if (control.shown != HasStyle(control.window, WS_VISIBLE)) {
-    toolkit.usableChanged = true;
-    ShowWindow(control.window, control.shown ? SW_SHOW : SW_HIDE);
+  const bool seen = HasStyle(control.window, WS_VISIBLE);
+  if (control.shown != seen) toolkit.usableChanged = true;
+  if (!control.shown) {
+    if (seen) ShowWindow(control.window, SW_HIDE);
+    if (control.changed) MoveToPlace(control, 0);
+    return;
   }
+  // Moved and shown at once: each costs a talk with the system.
+  const bool moved = control.changed && LayOutControl(control, seen ? 0 : SWP_SHOWWINDOW);
+  if (!seen && !moved) ShowWindow(control.window, SW_SHOW);
 }
 
 void Win32Dialog::LayOutSeen() {
@@ -149,28 +159,34 @@ void Win32Dialog::LayOutSeen() {
 
 void Win32Dialog::LayOutAll() {
   for (auto& [id, control] : controls) {
-    if (control.changed) LayOutControl(control, true);
+    if (control.changed) LayOutControl(control);
   }
   LayOutSeen();
 }
 
-void Win32Dialog::LayOutControl(Win32Control& control, bool seen) {
-  MoveToPlace(control);
-  if (!seen) return;
+// True when the control was not yet where it belongs, and was moved, with the flags of
+// SetWindowPos.
+bool Win32Dialog::LayOutControl(Win32Control& control, UINT flags) {
   control.changed = false;
+  const bool moved = MoveToPlace(control, flags);
   if (control.fontSet) UseFont(control);
+  return moved;
 }
 
-void Win32Dialog::MoveToPlace(const Win32Control& control) {
+bool Win32Dialog::MoveToPlace(Win32Control& control, UINT flags) {
   RECT place = Scaled(control.rect);
-  // A combo box is as high as its open list; closed it takes the height of its font.
+  // A combo box is as high as its open list; closed it takes the height of its font, so that it
+  // never stands where it was placed.
   if (control.kind == ui::ControlKind::kCombo) place.bottom += Scaled(kDropDownHeight);
+  if (EqualRect(&control.placed, &place)) return false;
+  control.placed = place;
   RECT now;
   GetWindowRect(control.window, &now);
   MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&now), 2);
-  if (EqualRect(&now, &place)) return;
-  MoveWindow(control.window, place.left, place.top, place.right - place.left,
-             place.bottom - place.top, TRUE);
+  if (EqualRect(&now, &place)) return false;
+  SetWindowPos(control.window, nullptr, place.left, place.top, place.right - place.left,
+               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE | flags);
+  return true;
 }
 
 // A caption that is wider than its place is drawn in narrower letters instead of being cut.

@@ -27,6 +27,7 @@ struct Win32Control {
   bool fontSet = false;
   bool shown = true;
   bool changed = true;   // its window does not have all of this yet
+  RECT placed{};         // where it was put last, in pixels of the dialog
   bool limited = false;  // labels: only `visible` is painted
   RECT visible{};
   std::string upPicture;
@@ -105,8 +106,8 @@ class Win32Dialog final : public ui::Dialog {
   void OnChange(Win32Control& control);
   void ShowNow(Win32Control& control);
   void LayOutSeen();
-  void LayOutControl(Win32Control& control, bool seen);
-  void MoveToPlace(const Win32Control& control);
+  bool LayOutControl(Win32Control& control, UINT flags = 0);
+  bool MoveToPlace(Win32Control& control, UINT flags);
   void UseFont(Win32Control& control);
   void LimitToLine(Win32Control& control, HFONT font);
   void SizeForClient(int width, int height, UINT flags);
