@@ -189,7 +189,7 @@ class Win32Toolkit final : public ui::Toolkit {
     UINT message;
   };
 
-  // Most ticks and all painting change nothing, and to ask for the focus is dearer than the tick.
+  // Painting, mouse moves and most ticks change nothing, and to ask for the focus is dearer.
   bool MayMoveFocus(UINT message) const {
     const bool isQuiet = message == WM_TIMER || message == WM_PAINT || message == WM_MOUSEMOVE;
     return !isQuiet || usableChanged;
