@@ -32,6 +32,7 @@ BareWindows::BareWindows(HINSTANCE theInstance) : instance(theInstance) {
 BareWindows::~BareWindows() {
   if (window != nullptr) DestroyWindow(window);
   for (const auto& [name, bitmap] : loaded) DeleteObject(bitmap);
+  for (const auto& [description, font] : fonts) DeleteObject(font);
 }
 
 HWND BareWindows::Create() {
@@ -64,6 +65,12 @@ HWND BareWindows::Find(int dialog, int control) {
 void BareWindows::ShowPicture(int dialog, int control, const std::string& name) {
   shown[{dialog, control}] = name;
   InvalidateRect(Find(dialog, control), nullptr, FALSE);
+}
+
+void BareWindows::UseFont(HWND control, const LOGFONTA& font) {
+  HFONT& made = fonts[std::string(reinterpret_cast<const char*>(&font), sizeof font)];
+  if (made == nullptr) made = CreateFontIndirectA(&font);
+  SendMessageA(control, WM_SETFONT, reinterpret_cast<WPARAM>(made), IsWindowVisible(control));
 }
 
 INT_PTR CALLBACK BareWindows::Procedure(HWND window, UINT message, WPARAM, LPARAM lParam) {

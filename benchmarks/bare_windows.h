@@ -24,6 +24,8 @@ class BareWindows {
   HWND Find(int dialog, int control);
   // Draws the picture in place of the one before; the name is that of a resource.
   void ShowPicture(int dialog, int control, const std::string& name);
+  // Gives a window a font, which is made once.
+  void UseFont(HWND control, const LOGFONTA& font);
 
  private:
   using Place = std::pair<int, int>;  // dialog and control
@@ -37,6 +39,7 @@ class BareWindows {
   std::map<Place, HWND> controls;         // once found
   std::map<Place, std::string> shown;     // pictures by name
   std::map<std::string, HBITMAP> loaded;  // once drawn
+  std::map<std::string, HFONT> fonts;     // by their description
 };
 
 // Handles every message that waits.

@@ -1,5 +1,7 @@
 #include "benchmarks/page_switches.h"
 
+#include <cstring>
+
 #include "res/dialog_templates.h"
 
 namespace panelora::benchmarks {
@@ -17,7 +19,10 @@ Look LookOf(int dialog, int control, HWND window) {
   char text[256] = "";
   GetWindowTextA(window, text, sizeof text);
   const bool visible = (GetWindowLongPtrA(window, GWL_STYLE) & WS_VISIBLE) != 0;
-  return {dialog, control, visible, PlaceOf(window), text, "", GetFocus() == window};
+  Look look{dialog, control, visible, PlaceOf(window), text, "", GetFocus() == window, {}};
+  const LRESULT font = SendMessageA(window, WM_GETFONT, 0, 0);
+  GetObjectA(reinterpret_cast<HGDIOBJ>(font), sizeof look.font, &look.font);
+  return look;
 }
 
 }  // namespace
@@ -47,8 +52,10 @@ std::vector<Change> ChangesBetween(const std::vector<Look>& before,
                         EqualRect(&old.place, &now.place) == FALSE,
                         old.text != now.text,
                         old.picture != now.picture,
-                        !old.focused && now.focused};
-    if (change.visibility || change.place || change.text || change.picture || change.focus) {
+                        !old.focused && now.focused,
+                        std::memcmp(&old.font, &now.font, sizeof old.font) != 0};
+    if (change.visibility || change.place || change.text || change.picture || change.focus ||
+        change.font) {
       changes.push_back(change);
     }
   }
@@ -65,6 +72,7 @@ void Apply(const std::vector<Change>& changes, BareWindows& windows) {
   for (const Change& change : changes) {
     const Look& after = change.after;
     const HWND window = find(change);
+    if (change.font) windows.UseFont(window, after.font);
     if (change.text) SetWindowTextA(window, after.text.c_str());
     if (change.picture) windows.ShowPicture(after.dialog, after.control, after.picture);
     if (change.place) {

@@ -18,6 +18,7 @@ struct Look {
   std::string text;
   std::string picture;  // empty = none
   bool focused = false;
+  LOGFONTA font{};
 };
 
 // Every window of the panel, in a fixed order.
@@ -31,6 +32,7 @@ struct Change {
   bool text = false;
   bool picture = false;
   bool focus = false;  // comes to it
+  bool font = false;
 };
 std::vector<Change> ChangesBetween(const std::vector<Look>& before, const std::vector<Look>& after);
 
