@@ -174,10 +174,13 @@ bool GdiCache::Draw(HDC context, const RECT& place, const std::string& name, int
   if (width == info.bmWidth && height == info.bmHeight) {
     BitBlt(context, place.left, place.top, width, height, source, 0, 0, SRCCOPY);
   } else {
-    SetStretchBltMode(context, HALFTONE);
-    SetBrushOrgEx(context, 0, 0, nullptr);
+    POINT origin;
+    const int mode = SetStretchBltMode(context, HALFTONE);
+    SetBrushOrgEx(context, 0, 0, &origin);
     StretchBlt(context, place.left, place.top, width, height, source, 0, 0, info.bmWidth,
                info.bmHeight, SRCCOPY);
+    SetStretchBltMode(context, mode);
+    SetBrushOrgEx(context, origin.x, origin.y, nullptr);
   }
   SelectObject(source, before);
   DeleteDC(source);

@@ -23,31 +23,29 @@ std::string WindowText(HWND window) {
   return text;
 }
 
-struct Children {
-  HWND parent;
-  std::map<int, HWND> byId;
+// Leaves a device context as it was. To save all of it is dearer than most of what is drawn.
+class KeptState {
+ public:
+  explicit KeptState(HDC theContext) : context(theContext) {}
+  ~KeptState() {
+    SelectObject(context, font);
+    SetTextColor(context, text);
+    SetBkColor(context, background);
+    SetBkMode(context, mode);
+  }
+  KeptState(const KeptState&) = delete;
+  KeptState& operator=(const KeptState&) = delete;
+
+ private:
+  HDC context;
+  HGDIOBJ font = GetCurrentObject(context, OBJ_FONT);
+  COLORREF text = GetTextColor(context);
+  COLORREF background = GetBkColor(context);
+  int mode = GetBkMode(context);
 };
-
-BOOL CALLBACK AddChild(HWND child, LPARAM to) noexcept {
-  Children& children = *reinterpret_cast<Children*>(to);
-  if (GetParent(child) == children.parent) children.byId.emplace(GetDlgCtrlID(child), child);
-  return TRUE;
-}
-
-// All at once: to look each of them up is a talk with the system for each.
-std::map<int, HWND> ChildrenById(HWND parent) {
-  Children children{parent, {}};
-  EnumChildWindows(parent, AddChild, reinterpret_cast<LPARAM>(&children));
-  return children.byId;
-}
 
 bool HasStyle(HWND window, LONG_PTR style) {
   return (GetWindowLongPtrA(window, GWL_STYLE) & style) != 0;
-}
-
-// What is not seen is painted when it is shown.
-void Repaint(HWND control) {
-  if (IsWindowVisible(control)) InvalidateRect(control, nullptr, FALSE);
 }
 
 }  // namespace
@@ -100,13 +98,11 @@ void Win32Dialog::AdoptControls() {
   LeaveScalingToProgram(window);
   dpi = DpiOf(window);
   SetWindowLongPtrA(window, GWLP_ID, source.framed ? 0 : source.number);
-  const std::map<int, HWND> windows = ChildrenById(window);
   for (const ui::ControlTemplate& row : source.controls) {
-    const auto found = windows.find(row.id);
-    if (found == windows.end()) continue;
     Win32Control control;
+    control.id = row.id;
     control.kind = row.kind;
-    control.window = found->second;
+    control.text = row.text;
     control.rect = ui::PixelsFromUnits(row.units);
     controls.emplace(row.id, std::move(control));
   }
@@ -127,30 +123,65 @@ RECT Win32Dialog::Scaled(const ui::Rect& place) const {
           Scaled(place.y + place.height)};
 }
 
-// The controls of a dialog that nobody sees get what was asked for them when it is shown, all in
-// one go, and the font even later, when they are seen themselves: most are placed, hidden and given
-// a font at the start, and many are never seen.
+// What a handler asks for is done when it ends, all in one go and each window once: pages and
+// buttons are hidden and shown again, and captions set twice, on the way to a page. Outside of
+// handlers it is done at once.
+void Win32Dialog::OnChange() {
+  toolkit.unsettled = true;
+  unsettled = true;
+  if (toolkit.depth == 0) toolkit.Settle();
+}
+
 void Win32Dialog::OnChange(Win32Control& control) {
   control.changed = true;
-  if (!IsShown()) return;
-  if (control.shown) {
-    LayOutControl(control);
-  } else {
-    MoveToPlace(control, 0);
+  OnChange();
+}
+
+bool Win32Dialog::IsSeen() const { return window != nullptr && HasStyle(window, WS_VISIBLE); }
+
+// The controls of a dialog that nobody sees get what was asked for them when it is shown, and the
+// font even later, when they are seen themselves: most are placed, hidden and given a font at the
+// start, and many are never seen. Only their texts stand at once.
+void Win32Dialog::Settle() {
+  if (!unsettled || window == nullptr) return;
+  unsettled = false;
+  const bool appears = pageShown && !IsSeen();
+  for (auto& [id, control] : controls) {
+    if (control.textChanged) ShowText(control);
+    if (appears || (control.changed && IsSeen())) ShowNow(control);
+  }
+  if (appears) ShowWindow(window, SW_SHOW);
+}
+
+void Win32Dialog::HideWhenAsked() {
+  if (!source.framed && !pageShown && IsSeen()) ShowWindow(window, SW_HIDE);
+}
+
+void Win32Dialog::ShowText(Win32Control& control) {
+  control.textChanged = false;
+  if (WindowText(WindowOf(control)) == control.text) return;  // an equal text would only flicker
+  SetWindowTextA(WindowOf(control), control.text.c_str());
+  if (control.kind == ui::ControlKind::kLabel) Repaint(control);
+}
+
+// What is not seen is painted when it is shown.
+void Win32Dialog::Repaint(const Win32Control& control) {
+  if (IsSeen() && IsWindowVisible(WindowOf(control))) {
+    InvalidateRect(WindowOf(control), nullptr, FALSE);
   }
 }
 
 void Win32Dialog::ShowNow(Win32Control& control) {
-  const bool seen = HasStyle(control.window, WS_VISIBLE);
+  const bool seen = HasStyle(WindowOf(control), WS_VISIBLE);
   if (control.shown != seen) toolkit.usableChanged = true;
+  // Moved and shown or hidden at once: each costs a talk with the system.
   if (!control.shown) {
-    if (seen) ShowWindow(control.window, SW_HIDE);
-    if (control.changed) MoveToPlace(control, 0);
+    const bool moved = control.changed && MoveToPlace(control, seen ? SWP_HIDEWINDOW : 0);
+    if (seen && !moved) ShowWindow(WindowOf(control), SW_HIDE);
     return;
   }
-  // Moved and shown at once: each costs a talk with the system.
   const bool moved = control.changed && LayOutControl(control, seen ? 0 : SWP_SHOWWINDOW);
-  if (!seen && !moved) ShowWindow(control.window, SW_SHOW);
+  if (!seen && !moved) ShowWindow(WindowOf(control), SW_SHOW);
 }
 
 void Win32Dialog::LayOutSeen() {
@@ -181,10 +212,10 @@ bool Win32Dialog::MoveToPlace(Win32Control& control, UINT flags) {
   if (EqualRect(&control.placed, &place)) return false;
   control.placed = place;
   RECT now;
-  GetWindowRect(control.window, &now);
+  GetWindowRect(WindowOf(control), &now);
   MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&now), 2);
   if (EqualRect(&now, &place)) return false;
-  SetWindowPos(control.window, nullptr, place.left, place.top, place.right - place.left,
+  SetWindowPos(WindowOf(control), nullptr, place.left, place.top, place.right - place.left,
                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE | flags);
   return true;
 }
@@ -192,14 +223,14 @@ bool Win32Dialog::MoveToPlace(Win32Control& control, UINT flags) {
 // A caption that is wider than its place is drawn in narrower letters instead of being cut.
 void Win32Dialog::UseFont(Win32Control& control) {
   const bool fits = control.kind == ui::ControlKind::kLabel;
-  const HFONT font = fits ? toolkit.Gdi().FontToFit(control.font, dpi, WindowText(control.window),
-                                                    Scaled(control.rect.width))
-                          : toolkit.Gdi().FontFor(control.font, dpi);
+  const HFONT font =
+      fits ? toolkit.Gdi().FontToFit(control.font, dpi, control.text, Scaled(control.rect.width))
+           : toolkit.Gdi().FontFor(control.font, dpi);
   if (fits) LimitToLine(control, font);
-  const LRESULT used = SendMessageA(control.window, WM_GETFONT, 0, 0);
+  const LRESULT used = SendMessageA(WindowOf(control), WM_GETFONT, 0, 0);
   if (used == reinterpret_cast<LRESULT>(font)) return;
-  SendMessageA(control.window, WM_SETFONT, reinterpret_cast<WPARAM>(font),
-               IsWindowVisible(control.window));
+  SendMessageA(WindowOf(control), WM_SETFONT, reinterpret_cast<WPARAM>(font),
+               IsWindowVisible(WindowOf(control)));
 }
 
 // A label that is higher than its one line paints the line only, so that it leaves a frame that
@@ -213,8 +244,8 @@ void Win32Dialog::LimitToLine(Win32Control& control, HFONT font) {
   if (limits == control.limited && (!limits || EqualRect(&visible, &control.visible))) return;
   control.limited = limits;
   control.visible = visible;
-  SetWindowRgn(control.window, limits ? CreateRectRgnIndirect(&visible) : nullptr,
-               IsWindowVisible(control.window));
+  SetWindowRgn(WindowOf(control), limits ? CreateRectRgnIndirect(&visible) : nullptr,
+               IsWindowVisible(WindowOf(control)));
 }
 
 void Win32Dialog::SizeForClient(int width, int height, UINT flags) {
@@ -231,7 +262,7 @@ void Win32Dialog::Rescale(int newDpi) {
   for (auto& [id, control] : controls) {
     OnChange(control);
     if (!control.fontSet) {  // has the dialog's own font, made for another dpi
-      SendMessageA(control.window, WM_SETFONT,
+      SendMessageA(WindowOf(control), WM_SETFONT,
                    reinterpret_cast<WPARAM>(toolkit.Gdi().FontFor(kDialogFont, dpi)), TRUE);
     }
   }
@@ -384,25 +415,22 @@ INT_PTR Win32Dialog::OnNotify(const NMHDR& header) {
 void Win32Dialog::DrawControl(const DRAWITEMSTRUCT& item) {
   const Win32Control* control = Find(static_cast<int>(item.CtlID));
   if (control == nullptr) return;
-  const int saved = SaveDC(item.hDC);
+  const KeptState kept(item.hDC);
   if (control->kind == ui::ControlKind::kLabel) {
-    DrawLabel(item);
+    DrawLabel(*control, item);
   } else {
     DrawPicture(*control, item);
   }
-  RestoreDC(item.hDC, saved);
 }
 
 // The first line of the text, in the middle of the label's height.
-void Win32Dialog::DrawLabel(const DRAWITEMSTRUCT& item) {
-  const LRESULT background =
-      SendMessageA(window, WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(item.hDC),
-                   reinterpret_cast<LPARAM>(item.hwndItem));
-  FillRect(item.hDC, &item.rcItem, reinterpret_cast<HBRUSH>(background));
+void Win32Dialog::DrawLabel(const Win32Control& control, const DRAWITEMSTRUCT& item) {
+  FillRect(item.hDC, &item.rcItem, GetSysColorBrush(COLOR_3DFACE));
   SelectObject(item.hDC, reinterpret_cast<HGDIOBJ>(SendMessageA(item.hwndItem, WM_GETFONT, 0, 0)));
   SetBkMode(item.hDC, TRANSPARENT);
-  if ((item.itemState & ODS_DISABLED) != 0) SetTextColor(item.hDC, GetSysColor(COLOR_GRAYTEXT));
-  const std::string text = WindowText(item.hwndItem);
+  const bool disabled = (item.itemState & ODS_DISABLED) != 0;
+  SetTextColor(item.hDC, GetSysColor(disabled ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT));
+  const std::string& text = control.text;
   RECT place = item.rcItem;
   DrawTextA(item.hDC, text.c_str(), static_cast<int>(std::min(text.find('\n'), text.size())),
             &place, DT_LEFT | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_EXPANDTABS);
@@ -416,9 +444,8 @@ void Win32Dialog::DrawPicture(const Win32Control& control, const DRAWITEMSTRUCT&
     // No picture yet: an ordinary button with its text.
     DrawFrameControl(item.hDC, &place, DFC_BUTTON,
                      static_cast<UINT>(DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0)));
-    const std::string text = WindowText(item.hwndItem);
     SetBkMode(item.hDC, TRANSPARENT);
-    DrawTextA(item.hDC, text.c_str(), -1, &place,
+    DrawTextA(item.hDC, control.text.c_str(), -1, &place,
               DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
   }
   if ((item.itemState & ODS_FOCUS) != 0 && toolkit.MarksFocus()) {
@@ -448,6 +475,12 @@ bool Win32Dialog::PaintMinimised() {
   return true;
 }
 
+// To look one up is a talk with the system, and most controls of a start nobody sees.
+HWND Win32Dialog::WindowOf(const Win32Control& control) const {
+  if (control.window == nullptr) control.window = GetDlgItem(window, control.id);
+  return control.window;
+}
+
 const Win32Control* Win32Dialog::Find(int control) const {
   const auto found = controls.find(control);
   return found == controls.end() ? nullptr : &found->second;
@@ -455,16 +488,23 @@ const Win32Control* Win32Dialog::Find(int control) const {
 
 HWND Win32Dialog::ControlWindow(int control) const {
   const Win32Control* found = Find(control);
-  return found != nullptr ? found->window : nullptr;
+  return found != nullptr ? WindowOf(*found) : nullptr;
 }
 
 void Win32Dialog::Show(bool shown) {
-  if (shown) LayOutSeen();
   toolkit.usableChanged = true;
-  ShowWindow(window, shown ? SW_SHOW : SW_HIDE);
+  if (source.framed) {
+    toolkit.Settle();
+    ShowWindow(window, shown ? SW_SHOW : SW_HIDE);
+  } else {
+    pageShown = shown;
+    OnChange();
+  }
 }
 
-bool Win32Dialog::IsShown() const { return window != nullptr && HasStyle(window, WS_VISIBLE); }
+bool Win32Dialog::IsShown() const {
+  return source.framed ? IsSeen() : window != nullptr && pageShown;
+}
 
 void Win32Dialog::Place(const ui::Rect& place, int behindParentControl) {
   rect = place;
@@ -524,26 +564,31 @@ void Win32Dialog::StopTimer(int timer) {
 }
 
 std::string Win32Dialog::Text(int control) const {
-  const HWND found = ControlWindow(control);
-  return found != nullptr ? WindowText(found) : std::string();
+  const Win32Control* found = Find(control);
+  if (found == nullptr) return "";
+  return found->HasOwnText() ? WindowText(WindowOf(*found)) : found->text;
 }
 
 void Win32Dialog::SetText(int control, std::string_view text) {
   const auto found = controls.find(control);
   if (found == controls.end()) return;
   Win32Control& changed = found->second;
-  if (WindowText(changed.window) == text) return;  // an equal text would only flicker
-  SetWindowTextA(changed.window, std::string(text).c_str());
-  if (changed.kind != ui::ControlKind::kLabel) return;
-  Repaint(changed.window);
+  if (Text(control) == text) return;
+  changed.text = text;
+  if (changed.HasOwnText()) {
+    ShowText(changed);
+    return;
+  }
+  changed.textChanged = true;
   OnChange(changed);
 }
 
 void Win32Dialog::ShowControl(int control, bool shown) {
   const auto found = controls.find(control);
   if (found == controls.end()) return;
+  if (found->second.shown == shown) return;
   found->second.shown = shown;
-  if (IsShown()) ShowNow(found->second);
+  OnChange(found->second);
 }
 
 void Win32Dialog::EnableControl(int control, bool enabled) {
@@ -572,20 +617,27 @@ void Win32Dialog::SetFont(int control, const ui::Font& font) {
 
 bool Win32Dialog::Focus(int control) {
   const HWND found = ControlWindow(control);
+  toolkit.Settle();
   return found != nullptr && toolkit.GiveFocus(found);
 }
 
 bool Win32Dialog::FocusFirst() {
-  const HWND first = FirstUsable(window);
-  return first != nullptr && toolkit.GiveFocus(first);
+  toolkit.Settle();
+  for (const ui::ControlTemplate& row : source.controls) {  // in the order in which Tab visits them
+    const HWND control = ControlWindow(row.id);
+    if (TakesFocus(control)) return toolkit.GiveFocus(control);
+  }
+  return false;
 }
 
 void Win32Dialog::SetPictures(int control, std::string_view up, std::string_view down) {
   const auto found = controls.find(control);
   if (found == controls.end()) return;
-  found->second.upPicture = up;
-  found->second.downPicture = down;
-  Repaint(found->second.window);
+  Win32Control& changed = found->second;
+  if (changed.upPicture == up && changed.downPicture == down) return;
+  changed.upPicture = up;
+  changed.downPicture = down;
+  Repaint(changed);
 }
 
 void Win32Dialog::SetTextLimit(int control, int characters) {

@@ -1,6 +1,7 @@
 #include "platform/win32/win32_toolkit.h"
 
 #include <cstdlib>
+#include <utility>
 
 #include "platform/win32/tab_order.h"
 #include "res/dialog_templates.h"
@@ -28,9 +29,12 @@ void Win32Toolkit::RunModal(int number, ui::DialogEvents& events, ui::Dialog& ow
   Win32Dialog dialog(*this, *res::FindDialog(number), events, &ownerDialog);
   if (!dialog.IsOpen()) return;
   opened = &dialog;
+  Settle();
   EnableWindow(ownerDialog.Handle(), FALSE);
   dialog.Show(true);
+  const int within = std::exchange(depth, 0);  // what comes meanwhile ends before the dialog does
   RunUntilClosed(dialog);
+  depth = within;
   EnableWindow(ownerDialog.Handle(), TRUE);
   opened = nullptr;
 }
@@ -65,6 +69,18 @@ Win32Dialog* Win32Toolkit::DialogOf(HWND window) const {
     window = GetParent(window);
   }
   return nullptr;
+}
+
+// Gives the windows what was asked for since the last time. What goes, goes first, so that it is
+// never seen beside what comes.
+void Win32Toolkit::Settle() {
+  ++depth;  // the focus is looked after when all is done
+  while (unsettled) {
+    unsettled = false;
+    for (Win32Dialog* dialog : dialogs) dialog->HideWhenAsked();
+    for (Win32Dialog* dialog : dialogs) dialog->Settle();
+  }
+  --depth;
 }
 
 // Messages that wait behind the one that closes the dialog are left to the loop above.
@@ -107,6 +123,7 @@ void Win32Toolkit::Handle(MSG& message) {
   const bool isOurs = DialogOf(message.hwnd) != nullptr;
   if (isKey && isOurs && !IsUsable(message.hwnd)) return;  // was hidden while the key was underway
   if (PreTranslate(message)) return;
+  Settle();
   KeepFocusUsable();
   // The dialog's own keyboard handling looks for the next control from the one that has the focus
   // until it comes back to it: from a control that can't be seen it would search for ever.
@@ -138,6 +155,7 @@ bool Win32Toolkit::PreTranslate(const MSG& message) {
   // A key that is held repeats itself; what Enter writes goes to the box once.
   if (enter && (HIWORD(message.lParam) & KF_REPEAT) != 0) return true;
   const bool consumed = dialog->Events().OnKey(enter ? ui::Key::kEnter : ui::Key::kEscape);
+  Settle();
   if (enter && !consumed) PressFocusedButton(message.hwnd);
   return true;  // neither key ever closes the main window or a page
 }

@@ -20,18 +20,25 @@ class Win32Toolkit;
 
 // A control as the program placed it, so that it can be laid out again at another dpi.
 struct Win32Control {
+  int id = 0;
   ui::ControlKind kind = ui::ControlKind::kLabel;
-  HWND window = nullptr;
-  ui::Rect rect;  // 96 dpi
+  std::string text;               // of what the operator can't change
+  mutable HWND window = nullptr;  // once it was asked for
+  ui::Rect rect;                  // 96 dpi
   ui::Font font;
   bool fontSet = false;
   bool shown = true;
-  bool changed = true;   // its window does not have all of this yet
+  bool changed = true;  // its window does not have all of this yet
+  bool textChanged = false;
   RECT placed{};         // where it was put last, in pixels of the dialog
   bool limited = false;  // labels: only `visible` is painted
   RECT visible{};
   std::string upPicture;
   std::string downPicture;
+
+  bool HasOwnText() const {
+    return kind == ui::ControlKind::kEdit || kind == ui::ControlKind::kCombo;
+  }
 };
 
 class Win32Dialog final : public ui::Dialog {
@@ -78,12 +85,17 @@ class Win32Dialog final : public ui::Dialog {
   ui::DialogEvents& Events() { return events; }
   const Win32Control* Find(int control) const;
   HWND ControlWindow(int control) const;
+  HWND WindowOf(const Win32Control& control) const;
   const std::map<int, int>& Timers() const { return timers; }  // period in ms by number
   // The captioned window that the dialog is or lies in.
   Win32Dialog& Frame() { return source.framed ? *this : parent->Frame(); }
   // Framed dialogs: the control that has the focus, or gets it when the window is active again.
   HWND focus = nullptr;
 
+  // Gives the windows what was asked for and is not yet done: first the hiding of the dialog itself
+  // where it is to be hidden, then all else.
+  void HideWhenAsked();
+  void Settle();
   // Lays the dialog and its controls out for another dpi.
   void Rescale(int newDpi);
   // Gives every control's window its place and font now, also of those that nobody sees. For tests.
@@ -99,11 +111,15 @@ class Win32Dialog final : public ui::Dialog {
   INT_PTR OnNotify(const NMHDR& header);
   void OnDpiChanged(int newDpi, const RECT& suggested);
   void DrawControl(const DRAWITEMSTRUCT& item);
-  void DrawLabel(const DRAWITEMSTRUCT& item);
+  void DrawLabel(const Win32Control& control, const DRAWITEMSTRUCT& item);
   void DrawPicture(const Win32Control& control, const DRAWITEMSTRUCT& item);
   bool PaintMinimised();
   void AdoptControls();
+  void OnChange();
   void OnChange(Win32Control& control);
+  bool IsSeen() const;
+  void ShowText(Win32Control& control);
+  void Repaint(const Win32Control& control);
   void ShowNow(Win32Control& control);
   void LayOutSeen();
   bool LayOutControl(Win32Control& control, UINT flags = 0);
@@ -119,7 +135,9 @@ class Win32Dialog final : public ui::Dialog {
   ui::DialogEvents& events;
   Win32Dialog* parent;
   HWND window = nullptr;
-  bool live = false;  // events are passed on: between creation and destruction
+  bool live = false;       // events are passed on: between creation and destruction
+  bool pageShown = false;  // of a page, as it was asked for
+  bool unsettled = false;  // its windows do not have all that was asked for yet
   int dpi = 96;
   ui::Rect rect;  // 96 dpi: a page's place, a framed window's client size
   int behind = 0;
@@ -179,7 +197,9 @@ class Win32Toolkit final : public ui::Toolkit {
       ++toolkit.depth;
     }
     ~Handling() {
-      if (--toolkit.depth == 0 && toolkit.MayMoveFocus(message)) toolkit.KeepFocusUsable();
+      if (--toolkit.depth != 0) return;
+      toolkit.Settle();
+      if (toolkit.MayMoveFocus(message)) toolkit.KeepFocusUsable();
     }
     Handling(const Handling&) = delete;
     Handling& operator=(const Handling&) = delete;
@@ -195,6 +215,7 @@ class Win32Toolkit final : public ui::Toolkit {
     return !isQuiet || usableChanged;
   }
 
+  void Settle();
   bool PreTranslate(const MSG& message);
   void PressFocusedButton(HWND button);
   bool GiveFocus(HWND control);
@@ -205,6 +226,7 @@ class Win32Toolkit final : public ui::Toolkit {
   std::vector<Win32Dialog*> dialogs;
   bool marksFocus = false;
   int depth = 0;              // of handlers that run
+  bool unsettled = false;     // a dialog has something to settle
   bool usableChanged = true;  // something was shown, hidden, enabled or disabled
 };
 

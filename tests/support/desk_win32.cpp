@@ -27,7 +27,7 @@ struct Desk::Inside {
     if (found == nullptr) std::abort();  // a scenario asks for a control that is not there
     return *found;
   }
-  HWND Window(int dialog, int control) { return At(dialog, control).window; }
+  HWND Window(int dialog, int control) { return At(dialog).WindowOf(At(dialog, control)); }
   bool TakesInput(int dialog, int control) {
     return IsWindowEnabled(Window(dialog, control)) != FALSE;
   }
@@ -223,7 +223,8 @@ ui::Font Desk::FontOf(int dialog, int control) {
   const Win32Control& found = inside->At(dialog, control);
   if (!found.fontSet) return {"", 0};
   LOGFONTA font{};
-  const HGDIOBJ handle = reinterpret_cast<HGDIOBJ>(SendMessageA(found.window, WM_GETFONT, 0, 0));
+  const HGDIOBJ handle =
+      reinterpret_cast<HGDIOBJ>(SendMessageA(inside->Window(dialog, control), WM_GETFONT, 0, 0));
   GetObjectA(handle, sizeof font, &font);
   const bool same = font.lfHeight == -MulDiv(found.font.tenths, 96, 720) &&
                     std::string(font.lfFaceName) == found.font.face;
