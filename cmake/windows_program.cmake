@@ -22,6 +22,8 @@ endif()
 add_library(panelora_win32 STATIC
   platform/win32/colour_label_window.cpp
   platform/win32/devlnk_loader.cpp
+  platform/win32/dialog_layout.cpp
+  platform/win32/dialog_painting.cpp
   platform/win32/dpi.cpp
   platform/win32/gdi_cache.cpp
   platform/win32/serial_port.cpp

@@ -32,8 +32,6 @@ bool TakesFocus(HWND window) {
   return IsUsable(window) && (GetWindowLongPtrA(window, GWL_STYLE) & WS_TABSTOP) != 0;
 }
 
-HWND FirstUsable(HWND dialog) { return FindTabStop(dialog, nullptr, IsUsable); }
-
 HWND NextUsable(HWND window, HWND lost) {
   std::vector<HWND> stops;
   FindTabStop(window, lost, [&](HWND stop) {
@@ -50,7 +48,7 @@ HWND NextUsable(HWND window, HWND lost) {
   for (const HWND stop : stops) {
     if (GetParent(stop) != window && IsUsable(stop)) return stop;
   }
-  return FirstUsable(window);
+  return FindTabStop(window, nullptr, IsUsable);
 }
 
 }  // namespace panelora::win32

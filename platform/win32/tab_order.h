@@ -11,9 +11,6 @@ bool IsUsable(HWND window);
 // Usable, and one at which Tab stops: no label and no frame, to which arrow keys would lead.
 bool TakesFocus(HWND window);
 
-// The first usable control of a dialog in the order of Tab, null when there is none.
-HWND FirstUsable(HWND dialog);
-
 // Where the focus goes from a control of the window that can't keep it (null = from none): to the
 // next one of its page, while that is shown, else to the first of the page that is, else to the
 // window's first; null when nothing takes it.

@@ -8,11 +8,6 @@ namespace panelora::win32 {
 
 namespace {
 
-constexpr int kDropDownHeight = 180;
-
-// The font of the dialog templates.
-constexpr ui::Font kDialogFont{"MS Shell Dlg", 80};
-
 constexpr int kBigIcon = 32;
 constexpr int kSmallIcon = 16;
 
@@ -21,31 +16,6 @@ std::string WindowText(HWND window) {
   std::string text(static_cast<std::size_t>(length) + 1, '\0');
   text.resize(static_cast<std::size_t>(GetWindowTextA(window, text.data(), length + 1)));
   return text;
-}
-
-// Leaves a device context as it was. To save all of it is dearer than most of what is drawn.
-class KeptState {
- public:
-  explicit KeptState(HDC theContext) : context(theContext) {}
-  ~KeptState() {
-    SelectObject(context, font);
-    SetTextColor(context, text);
-    SetBkColor(context, background);
-    SetBkMode(context, mode);
-  }
-  KeptState(const KeptState&) = delete;
-  KeptState& operator=(const KeptState&) = delete;
-
- private:
-  HDC context;
-  HGDIOBJ font = GetCurrentObject(context, OBJ_FONT);
-  COLORREF text = GetTextColor(context);
-  COLORREF background = GetBkColor(context);
-  int mode = GetBkMode(context);
-};
-
-bool HasStyle(HWND window, LONG_PTR style) {
-  return (GetWindowLongPtrA(window, GWL_STYLE) & style) != 0;
 }
 
 }  // namespace
@@ -112,176 +82,6 @@ void Win32Dialog::AdoptControls() {
     const RECT place = Scaled(rect);
     SetWindowPos(window, nullptr, 0, 0, place.right - place.left, place.bottom - place.top,
                  SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  }
-}
-
-int Win32Dialog::Scaled(int value) const { return ScaleForDpi(value, dpi); }
-
-// Edges are scaled, not sizes, so that what touches at 96 dpi touches at every dpi.
-RECT Win32Dialog::Scaled(const ui::Rect& place) const {
-  return {Scaled(place.x), Scaled(place.y), Scaled(place.x + place.width),
-          Scaled(place.y + place.height)};
-}
-
-// What a handler asks for is done when it ends, all in one go and each window once: pages and
-// buttons are hidden and shown again, and captions set twice, on the way to a page. Outside of
-// handlers it is done at once.
-void Win32Dialog::OnChange() {
-  toolkit.unsettled = true;
-  unsettled = true;
-  if (toolkit.depth == 0) toolkit.Settle();
-}
-
-void Win32Dialog::OnChange(Win32Control& control) {
-  control.changed = true;
-  OnChange();
-}
-
-bool Win32Dialog::IsSeen() const { return window != nullptr && HasStyle(window, WS_VISIBLE); }
-
-// The controls of a dialog that nobody sees get what was asked for them when it is shown, and the
-// font even later, when they are seen themselves: most are placed, hidden and given a font at the
-// start, and many are never seen. Only their texts stand at once.
-void Win32Dialog::Settle() {
-  if (!unsettled || window == nullptr) return;
-  unsettled = false;
-  const bool appears = pageShown && !IsSeen();
-  for (auto& [id, control] : controls) {
-    if (control.textChanged) ShowText(control);
-    if (appears || (control.changed && IsSeen())) ShowNow(control);
-  }
-  if (appears) ShowWindow(window, SW_SHOW);
-}
-
-void Win32Dialog::HideWhenAsked() {
-  if (!source.framed && !pageShown && IsSeen()) ShowWindow(window, SW_HIDE);
-}
-
-void Win32Dialog::ShowText(Win32Control& control) {
-  control.textChanged = false;
-  if (WindowText(WindowOf(control)) == control.text) return;  // an equal text would only flicker
-  SetWindowTextA(WindowOf(control), control.text.c_str());
-  if (control.kind == ui::ControlKind::kLabel) Repaint(control);
-}
-
-// What is not seen is painted when it is shown.
-void Win32Dialog::Repaint(const Win32Control& control) {
-  if (IsSeen() && IsWindowVisible(WindowOf(control))) {
-    InvalidateRect(WindowOf(control), nullptr, FALSE);
-  }
-}
-
-void Win32Dialog::ShowNow(Win32Control& control) {
-  const bool seen = HasStyle(WindowOf(control), WS_VISIBLE);
-  if (control.shown != seen) toolkit.usableChanged = true;
-  // Moved and shown or hidden at once: each costs a talk with the system.
-  if (!control.shown) {
-    const bool moved = control.changed && MoveToPlace(control, seen ? SWP_HIDEWINDOW : 0);
-    if (seen && !moved) ShowWindow(WindowOf(control), SW_HIDE);
-    return;
-  }
-  const bool moved = control.changed && LayOutControl(control, seen ? 0 : SWP_SHOWWINDOW);
-  if (!seen && !moved) ShowWindow(WindowOf(control), SW_SHOW);
-}
-
-void Win32Dialog::LayOutSeen() {
-  for (auto& [id, control] : controls) ShowNow(control);
-}
-
-void Win32Dialog::LayOutAll() {
-  for (auto& [id, control] : controls) {
-    if (control.changed) LayOutControl(control);
-  }
-  LayOutSeen();
-}
-
-// True when the control was not yet where it belongs, and was moved, with the flags of
-// SetWindowPos.
-bool Win32Dialog::LayOutControl(Win32Control& control, UINT flags) {
-  control.changed = false;
-  const bool moved = MoveToPlace(control, flags);
-  if (control.fontSet) UseFont(control);
-  return moved;
-}
-
-bool Win32Dialog::MoveToPlace(Win32Control& control, UINT flags) {
-  RECT place = Scaled(control.rect);
-  // A combo box is as high as its open list; closed it takes the height of its font, so that it
-  // never stands where it was placed.
-  if (control.kind == ui::ControlKind::kCombo) place.bottom += Scaled(kDropDownHeight);
-  if (EqualRect(&control.placed, &place)) return false;
-  control.placed = place;
-  RECT now;
-  GetWindowRect(WindowOf(control), &now);
-  MapWindowPoints(nullptr, window, reinterpret_cast<POINT*>(&now), 2);
-  if (EqualRect(&now, &place)) return false;
-  SetWindowPos(WindowOf(control), nullptr, place.left, place.top, place.right - place.left,
-               place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE | flags);
-  return true;
-}
-
-// A caption that is wider than its place is drawn in narrower letters instead of being cut.
-void Win32Dialog::UseFont(Win32Control& control) {
-  const bool fits = control.kind == ui::ControlKind::kLabel;
-  const HFONT font =
-      fits ? toolkit.Gdi().FontToFit(control.font, dpi, control.text, Scaled(control.rect.width))
-           : toolkit.Gdi().FontFor(control.font, dpi);
-  if (fits) LimitToLine(control, font);
-  const LRESULT used = SendMessageA(WindowOf(control), WM_GETFONT, 0, 0);
-  if (used == reinterpret_cast<LRESULT>(font)) return;
-  SendMessageA(WindowOf(control), WM_SETFONT, reinterpret_cast<WPARAM>(font),
-               IsWindowVisible(WindowOf(control)));
-}
-
-// A label that is higher than its one line paints the line only, so that it leaves a frame that
-// runs through its place whole.
-void Win32Dialog::LimitToLine(Win32Control& control, HFONT font) {
-  const int height = Scaled(control.rect.y + control.rect.height) - Scaled(control.rect.y);
-  const int line = toolkit.Gdi().LineHeight(font);
-  const RECT visible = {0, (height - line) / 2, Scaled(control.rect.width) + 1,
-                        (height - line) / 2 + line};
-  const bool limits = line < height;
-  if (limits == control.limited && (!limits || EqualRect(&visible, &control.visible))) return;
-  control.limited = limits;
-  control.visible = visible;
-  SetWindowRgn(WindowOf(control), limits ? CreateRectRgnIndirect(&visible) : nullptr,
-               IsWindowVisible(WindowOf(control)));
-}
-
-void Win32Dialog::SizeForClient(int width, int height, UINT flags) {
-  RECT outer;
-  RECT client;
-  GetWindowRect(window, &outer);
-  GetClientRect(window, &client);
-  SetWindowPos(window, HWND_TOP, 0, 0, (outer.right - outer.left) - client.right + Scaled(width),
-               (outer.bottom - outer.top) - client.bottom + Scaled(height), flags);
-}
-
-void Win32Dialog::Rescale(int newDpi) {
-  dpi = newDpi;
-  for (auto& [id, control] : controls) {
-    OnChange(control);
-    if (!control.fontSet) {  // has the dialog's own font, made for another dpi
-      SendMessageA(WindowOf(control), WM_SETFONT,
-                   reinterpret_cast<WPARAM>(toolkit.Gdi().FontFor(kDialogFont, dpi)), TRUE);
-    }
-  }
-  if (iconNumber != 0) SetIcon(iconNumber);
-  if (!source.framed) {
-    const RECT place = Scaled(rect);
-    SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
-                 place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
-  }
-  InvalidateRect(window, nullptr, TRUE);
-}
-
-void Win32Dialog::OnDpiChanged(int newDpi, const RECT& suggested) {
-  SetWindowPos(window, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
-  Rescale(newDpi);
-  SizeForClient(rect.width, rect.height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  for (Win32Dialog* page : toolkit.dialogs) {
-    if (page->parent == this && !page->source.framed && page->IsOpen()) page->Rescale(newDpi);
   }
 }
 
@@ -412,69 +212,6 @@ INT_PTR Win32Dialog::OnNotify(const NMHDR& header) {
   return FALSE;
 }
 
-void Win32Dialog::DrawControl(const DRAWITEMSTRUCT& item) {
-  const Win32Control* control = Find(static_cast<int>(item.CtlID));
-  if (control == nullptr) return;
-  const KeptState kept(item.hDC);
-  if (control->kind == ui::ControlKind::kLabel) {
-    DrawLabel(*control, item);
-  } else {
-    DrawPicture(*control, item);
-  }
-}
-
-// The first line of the text, in the middle of the label's height.
-void Win32Dialog::DrawLabel(const Win32Control& control, const DRAWITEMSTRUCT& item) {
-  FillRect(item.hDC, &item.rcItem, GetSysColorBrush(COLOR_3DFACE));
-  SelectObject(item.hDC, reinterpret_cast<HGDIOBJ>(SendMessageA(item.hwndItem, WM_GETFONT, 0, 0)));
-  SetBkMode(item.hDC, TRANSPARENT);
-  const bool disabled = (item.itemState & ODS_DISABLED) != 0;
-  SetTextColor(item.hDC, GetSysColor(disabled ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT));
-  const std::string& text = control.text;
-  RECT place = item.rcItem;
-  DrawTextA(item.hDC, text.c_str(), static_cast<int>(std::min(text.find('\n'), text.size())),
-            &place, DT_LEFT | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_EXPANDTABS);
-}
-
-void Win32Dialog::DrawPicture(const Win32Control& control, const DRAWITEMSTRUCT& item) {
-  const bool pressed = (item.itemState & ODS_SELECTED) != 0;
-  const std::string& name = pressed ? control.downPicture : control.upPicture;
-  RECT place = item.rcItem;
-  if (name.empty() || !toolkit.Gdi().Draw(item.hDC, place, name, dpi)) {
-    // No picture yet: an ordinary button with its text.
-    DrawFrameControl(item.hDC, &place, DFC_BUTTON,
-                     static_cast<UINT>(DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0)));
-    SetBkMode(item.hDC, TRANSPARENT);
-    DrawTextA(item.hDC, control.text.c_str(), -1, &place,
-              DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
-  }
-  if ((item.itemState & ODS_FOCUS) != 0 && toolkit.MarksFocus()) {
-    // A light line in a dark one, to be seen on every picture.
-    const int inset = Scaled(3);
-    RECT mark = item.rcItem;
-    InflateRect(&mark, -inset, -inset);
-    FrameRect(item.hDC, &mark, toolkit.Gdi().BrushFor({255, 255, 255}));
-    InflateRect(&mark, -1, -1);
-    SetTextColor(item.hDC, RGB(0, 0, 0));
-    SetBkColor(item.hDC, RGB(255, 255, 255));
-    DrawFocusRect(item.hDC, &mark);
-  }
-}
-
-bool Win32Dialog::PaintMinimised() {
-  if (!IsIconic(window) || bigIcon == nullptr) return false;
-  PAINTSTRUCT paint;
-  const HDC context = BeginPaint(window, &paint);
-  SendMessageA(window, WM_ICONERASEBKGND, reinterpret_cast<WPARAM>(context), 0);
-  RECT client;
-  GetClientRect(window, &client);
-  const int x = (client.right - GetSystemMetrics(SM_CXICON) + 1) / 2;
-  const int y = (client.bottom - GetSystemMetrics(SM_CYICON) + 1) / 2;
-  DrawIcon(context, x, y, bigIcon);
-  EndPaint(window, &paint);
-  return true;
-}
-
 // To look one up is a talk with the system, and most controls of a start nobody sees.
 HWND Win32Dialog::WindowOf(const Win32Control& control) const {
   if (control.window == nullptr) control.window = GetDlgItem(window, control.id);
@@ -567,6 +304,13 @@ std::string Win32Dialog::Text(int control) const {
   const Win32Control* found = Find(control);
   if (found == nullptr) return "";
   return found->HasOwnText() ? WindowText(WindowOf(*found)) : found->text;
+}
+
+void Win32Dialog::ShowText(Win32Control& control) {
+  control.textChanged = false;
+  if (WindowText(WindowOf(control)) == control.text) return;  // an equal text would only flicker
+  SetWindowTextA(WindowOf(control), control.text.c_str());
+  if (control.kind == ui::ControlKind::kLabel) Repaint(control);
 }
 
 void Win32Dialog::SetText(int control, std::string_view text) {
