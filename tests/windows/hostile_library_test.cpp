@@ -81,14 +81,6 @@ TEST_F(HostileLibraryTest, LibraryOfTheWrongBitnessNamesTheBuildToUse) {
   ExpectWholeLibraryIsFound(panel);
 }
 
-TEST_F(HostileLibraryTest, LibraryFromTheOtherCompilerNamesTheBuildToUse) {
-  const std::filesystem::path library = Fake("fake_of_the_other_bitness.dll");
-  if (!std::filesystem::exists(library)) GTEST_SKIP() << "there is no compiler that makes it";
-  const std::string bits = sizeof(void*) == 8 ? "32-bit" : "64-bit";
-  PanelProcess& panel = ExpectUnusable(library, {"DEVLNK.dll", "use the " + bits + " build"});
-  ExpectWholeLibraryIsFound(panel);
-}
-
 // It needs a library itself that is not there.
 TEST_F(HostileLibraryTest, LibraryThatLacksAnotherOneShowsTheDisconnectedLook) {
   ExpectUnusable(FileWith(LibraryWith("KERNEL32.dll", "KERNELXY.dll")),
