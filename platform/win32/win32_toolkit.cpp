@@ -77,8 +77,9 @@ void Win32Toolkit::Settle() {
   ++depth;  // the focus is looked after when all is done
   while (unsettled) {
     unsettled = false;
-    for (Win32Dialog* dialog : dialogs) dialog->HideWhenAsked();
-    for (Win32Dialog* dialog : dialogs) dialog->Settle();
+    // By number: what is sent to a window on the way may open or close another one.
+    for (std::size_t i = 0; i < dialogs.size(); ++i) dialogs[i]->HideWhenAsked();
+    for (std::size_t i = 0; i < dialogs.size(); ++i) dialogs[i]->Settle();
   }
   --depth;
 }
