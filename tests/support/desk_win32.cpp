@@ -160,7 +160,11 @@ void Desk::Repaint(int dialog) {
 }
 
 bool Desk::IsOpen(int dialog) { return inside->toolkit.Find(dialog) != nullptr; }
-bool Desk::IsShown(int dialog) { return IsOpen(dialog) && inside->At(dialog).IsShown(); }
+// By its window's own style, whatever the toolkit says.
+bool Desk::IsShown(int dialog) {
+  if (!IsOpen(dialog)) return false;
+  return (GetWindowLongPtrA(inside->At(dialog).Handle(), GWL_STYLE) & WS_VISIBLE) != 0;
+}
 
 namespace {
 
