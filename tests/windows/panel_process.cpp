@@ -7,6 +7,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "tests/support/pixels_win32.h"
+
 namespace panelora::ui {
 
 void PrintTo(const Rect& rect, std::ostream* out) {
@@ -455,25 +457,7 @@ std::vector<COLORREF> PanelProcess::Pixels(int control) {
   const HWND window = Control(kMain, control);
   RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
   Send(window, WM_NULL);
-  const ui::Rect place = PlaceOf(window);
-  BITMAPINFO info{};
-  info.bmiHeader = {
-      sizeof info.bmiHeader, place.width, -place.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-  const HDC source = GetDC(main);
-  const HDC copy = CreateCompatibleDC(source);
-  void* bits = nullptr;
-  const HBITMAP bitmap = CreateDIBSection(copy, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-  const HGDIOBJ before = SelectObject(copy, bitmap);
-  BitBlt(copy, 0, 0, place.width, place.height, source, place.x, place.y, SRCCOPY);
-  GdiFlush();
-  std::vector<COLORREF> pixels(static_cast<std::size_t>(place.width * place.height));
-  std::memcpy(pixels.data(), bits, pixels.size() * sizeof(COLORREF));
-  for (COLORREF& pixel : pixels) pixel &= 0xFFFFFF;
-  SelectObject(copy, before);
-  DeleteObject(bitmap);
-  DeleteDC(copy);
-  ReleaseDC(main, source);
-  return pixels;
+  return testing::PixelsOf(main, PlaceOf(window));
 }
 
 ProbeMemory PanelProcess::Description() {
