@@ -48,10 +48,15 @@ void Win32Dialog::Settle() {
   if (!unsettled || window == nullptr) return;
   unsettled = false;
   const bool appears = pageShown && !IsSeen();
-  for (auto& [id, control] : controls) {
-    if (control.textChanged) ShowText(control);
-    if (appears || (control.changed && IsSeen())) ShowNow(control);
-  }
+  const auto settle = [&](bool shown) {
+    for (auto& [id, control] : controls) {
+      if (control.shown != shown) continue;
+      if (control.textChanged) ShowText(control);
+      if (appears || (control.changed && IsSeen())) ShowNow(control);
+    }
+  };
+  settle(false);
+  settle(true);
   if (appears) ShowWindow(window, SW_SHOW);
 }
 

@@ -1,6 +1,7 @@
 // In which order a press changes the windows, and how often each.
 #include "platform/win32/win32_toolkit.h"
 #include "tests/support/panel_test.h"
+#include "tests/support/pixels_win32.h"
 
 namespace panelora::testing {
 namespace {
@@ -61,8 +62,8 @@ TEST_F(Settling, PageBeforeStaysUntilTheBoxHasAnswered) {
   Press(kReturnButton);
   EXPECT_EQ(EventsOf(kProcAmpButton),
             (Calls{"get proc amp", "get block 14,0,3", "hide 103", "hide 1001", "hide 1002",
-                   "hide 1003", "hide 1004", "hide 1005", "show 1006", "show 1012", "show 1014",
-                   "hide 1015", "show 106"}));
+                   "hide 1003", "hide 1004", "hide 1005", "hide 1015", "show 1006", "show 1012",
+                   "show 1014", "show 106"}));
 }
 
 // The page is read again, and nothing else is seen of it.
@@ -80,8 +81,19 @@ TEST_F(Settling, CaptionThatComesBackIsNotSet) {
   Press(kReturnButton);
   EXPECT_EQ(EventsOf(kAudioButton),
             (Calls{"get word 0,11", "get word 0,4", "get word 0,6", "get word 0,16", "hide 103",
-                   "hide 1001", "hide 1002", "hide 1003", "hide 1004", "hide 1005", "show 1006",
-                   "show 1007", "hide 1015", "show 105"}));
+                   "hide 1001", "hide 1002", "hide 1003", "hide 1004", "hide 1005", "hide 1015",
+                   "show 1006", "show 1007", "show 105"}));
+}
+
+// Sub-pages lie over one another: what goes leaves nothing behind.
+TEST_F(Settling, NothingRemainsOfTheSubPageBefore) {
+  StartWith(0x0126);
+  const HWND window = static_cast<win32::Win32Toolkit&>(desk.Toolkit()).Find(res::kMain)->Handle();
+  panel->ShowVideoSettings();
+  for (const char* look : {"the second", "the first"}) {
+    Press(kPageUpButton);
+    EXPECT_EQ(StalePixels(window), "") << look;
+  }
 }
 
 }  // namespace
