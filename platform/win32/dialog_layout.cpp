@@ -138,8 +138,9 @@ void Win32Dialog::UseFont(Win32Control& control) {
 void Win32Dialog::LimitToLine(Win32Control& control, HFONT font) {
   const int height = Scaled(control.rect.y + control.rect.height) - Scaled(control.rect.y);
   const int line = toolkit.Gdi().LineHeight(font);
-  const RECT visible = {0, (height - line) / 2, Scaled(control.rect.width) + 1,
-                        (height - line) / 2 + line};
+  const int top = (height - line) / 2;
+  // A letter may hang one pixel below the line of its font.
+  const RECT visible = {0, top, Scaled(control.rect.width) + 1, top + line + 1};
   const bool limits = line < height;
   if (limits == control.limited && (!limits || EqualRect(&visible, &control.visible))) return;
   control.limited = limits;

@@ -41,15 +41,16 @@ void Win32Dialog::DrawControl(const DRAWITEMSTRUCT& item) {
   }
 }
 
-// The first line of the text, in the middle of the label's height.
+// The first line of the text, in the middle of the label's height. Its window may be limited to the
+// line, but such a window is lent its parent's device context, which is not.
 void Win32Dialog::DrawLabel(const Win32Control& control, const DRAWITEMSTRUCT& item) {
-  FillRect(item.hDC, &item.rcItem, GetSysColorBrush(COLOR_3DFACE));
+  RECT place = control.limited ? control.visible : item.rcItem;
+  FillRect(item.hDC, &place, GetSysColorBrush(COLOR_3DFACE));
   SelectObject(item.hDC, reinterpret_cast<HGDIOBJ>(SendMessageA(item.hwndItem, WM_GETFONT, 0, 0)));
   SetBkMode(item.hDC, TRANSPARENT);
   const bool disabled = (item.itemState & ODS_DISABLED) != 0;
   SetTextColor(item.hDC, GetSysColor(disabled ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT));
   const std::string& text = control.text;
-  RECT place = item.rcItem;
   DrawTextA(item.hDC, text.c_str(), static_cast<int>(std::min(text.find('\n'), text.size())),
             &place, DT_LEFT | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_EXPANDTABS);
 }
