@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "app/main_dlg.h"
+#include "device/box_types.h"
 #include "device/properties.h"
 #include "pages/multiview/wall_store.h"
 
@@ -21,43 +22,23 @@ constexpr std::uint32_t kVideoMenuFirmware = 274;
 // Firmware from which the Setting page has something to apply.
 constexpr std::uint32_t kSettingApplyFirmware = 281;
 
-// Models whose Information look lacks buttons.
-struct MissingButtons {
-  std::uint8_t boxType;
-  bool audio;
-  bool procAmp;
-};
-constexpr MissingButtons kMissingButtons[] = {
-    {5, true, true},   {27, true, true},  {19, true, false}, {6, false, true},  {7, false, true},
-    {52, false, true}, {53, false, true}, {54, false, true}, {55, false, true},
-};
+// Models whose Information look lacks a button.
+constexpr BoxTypes kWithoutAudio = {5, 19, 27};
+constexpr BoxTypes kWithoutProcAmp = {5, 6, 7, 27, 52, 53, 54, 55};
 
 // Models that report the four picture values one by one.
-constexpr std::uint8_t kSingleProcAmpTypes[] = {13, 14, 15, 17, 18, 19, 20, 30,
-                                                32, 33, 35, 36, 43, 48, 49};
+constexpr BoxTypes kSingleProcAmp = {13, 14, 15, 17, 18, 19, 20, 30, 32, 33, 35, 36, 43, 48, 49};
 // Models that are not asked for their picture values, which stand in the middle; 5 and 27 are asked
 // and have none either.
-constexpr std::uint8_t kNoProcAmpTypes[] = {6, 7};
+constexpr BoxTypes kUnaskedProcAmp = {6, 7};
 
-template <std::size_t size>
-bool Contains(const std::uint8_t (&types)[size], std::uint8_t boxType) {
-  for (const std::uint8_t type : types) {
-    if (type == boxType) return true;
-  }
-  return false;
-}
+constexpr BoxTypes kThreeVideoSubPagesOfBrand2 = {24, 34};
+constexpr BoxTypes kThreeVideoSubPagesOfOthers = {37, 38};
 
 bool HasThreeVideoSubPages(const Identity& identity) {
-  switch (identity.boxType) {
-    case 24:
-    case 34:
-      return identity.brandCode == 2;
-    case 37:
-    case 38:
-      return identity.brandCode != 2;
-    default:
-      return false;
-  }
+  const BoxTypes& types =
+      identity.brandCode == 2 ? kThreeVideoSubPagesOfBrand2 : kThreeVideoSubPagesOfOthers;
+  return types.Has(identity.boxType);
 }
 
 }  // namespace
@@ -141,17 +122,10 @@ void CMainDlg::ShowButtonAt(int control, int y) {
 
 // The five buttons of the Information look, as far as the model has them.
 void CMainDlg::ShowHomeButtons() {
-  bool hasAudio = true;
-  bool hasProcAmp = true;
-  for (const MissingButtons& row : kMissingButtons) {
-    if (row.boxType != panel.identity.boxType) continue;
-    hasAudio = !row.audio;
-    hasProcAmp = !row.procAmp;
-  }
   ShowButton(kInformationButton);
   ShowButton(kVideoButton);
-  ShowButton(kAudioButton, hasAudio);
-  ShowButton(kProcAmpButton, hasProcAmp);
+  ShowButton(kAudioButton, !kWithoutAudio.Has(panel.identity.boxType));
+  ShowButton(kProcAmpButton, !kWithoutProcAmp.Has(panel.identity.boxType));
   ShowButton(kSettingButton);
 }
 
@@ -231,7 +205,7 @@ void CMainDlg::ReadProcAmpCache() {
   ProcAmpCache& cache = panel.procAmpCache;
   const std::uint8_t boxType = panel.identity.boxType;
   ProcAmpBytes picture;
-  if (Contains(kSingleProcAmpTypes, boxType)) {
+  if (kSingleProcAmp.Has(boxType)) {
     const auto read = [&](std::uint32_t control, std::uint8_t& value) {
       WordBuffer words{};
       if (device.GetVideoProcAmp(panel.deviceHandle, kBoxGroup, control, words) == kSuccess) {
@@ -242,7 +216,7 @@ void CMainDlg::ReadProcAmpCache() {
     read(proc_amp::kContrast, picture.contrast);
     read(proc_amp::kHue, picture.hue);
     read(proc_amp::kSaturation, picture.saturation);
-  } else if (!Contains(kNoProcAmpTypes, boxType)) {
+  } else if (!kUnaskedProcAmp.Has(boxType)) {
     device.GetKiraboxProcAmp(panel.deviceHandle, picture);
   }
   cache[0] = picture.brightness;
