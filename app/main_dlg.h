@@ -114,7 +114,7 @@ class CMainDlg final : public ui::DialogEvents, public VideoPages {
   void ResetSubPages();
   void ReadProcAmpCache();
   void ReadWallLayout();
-  void ChooseWall(std::uint32_t size);
+  void ChooseWall(std::uint8_t size);
   bool IsModel26() const { return panel.identity.boxType == 26; }
   Page& PageOf(PageCode code);
 

@@ -380,7 +380,7 @@ void CMainDlg::OnPageUp() {
   }
 }
 
-void CMainDlg::ChooseWall(std::uint32_t size) {
+void CMainDlg::ChooseWall(std::uint8_t size) {
   panel.wallSize = size;
   panel.tilePosition = 0;
   tvWall.Layout();
@@ -426,23 +426,18 @@ void CMainDlg::OpenTvWall() {
 void CMainDlg::ReadWallLayout() {
   const WallStore* store = FindWallStore(panel.identity.boxType);
   if (store == nullptr) return;
-  std::uint32_t size = panel.wallSize;
-  std::uint32_t tile = panel.tilePosition;
+  const Box box(device, panel.deviceHandle);
+  std::uint8_t size = panel.wallSize;
+  std::uint8_t tile = panel.tilePosition;
   if (store->block != 0) {
     BlockBuffer wall{};
-    if (device.GetKiraboxProperty(panel.deviceHandle, store->block, kNoSub, 20, wall) == kSuccess) {
+    if (box.Read(Block(store->block, 20), wall)) {
       size = wall[0];
       tile = wall[1];
     }
   } else {
-    const auto read = [&](std::uint32_t item, std::uint32_t& value) {
-      WordBuffer words{};
-      if (device.GetBoxProperty(panel.deviceHandle, kBoxGroup, item, words) == kSuccess) {
-        value = words[0] & 0xFF;
-      }
-    };
-    read(store->sizeItem, size);
-    read(store->tileItem, tile);
+    box.Read(Word(store->sizeItem), size);
+    box.Read(Word(store->tileItem), tile);
   }
   if (size < 1 || size > kMaxWallSize) return;
   panel.wallSize = size;

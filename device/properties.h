@@ -226,10 +226,10 @@ constexpr std::uint32_t kSetting21 = 21;
 
 // What word::kCommand makes a box of type 26 do.
 namespace command {
-constexpr std::uint32_t kProcAmpDefaults = 0;            // brightness, contrast, hue, saturation
-constexpr std::uint32_t kHardwareReset = 1;              // the box vanishes for some seconds
-constexpr std::uint32_t kRgbDefaults = 2;                // RGB gain and both offsets
-constexpr std::uint32_t kImageRestore = 3;               // image position and size
+constexpr std::uint8_t kProcAmpDefaults = 0;            // brightness, contrast, hue, saturation
+constexpr std::uint8_t kHardwareReset = 1;              // the box vanishes for some seconds
+constexpr std::uint8_t kRgbDefaults = 2;                // RGB gain and both offsets
+constexpr std::uint8_t kImageRestore = 3;               // image position and size
 }  // namespace command
 
 // Proc-amp controls of Get/SetVideoProcAmp.

@@ -1,14 +1,13 @@
 // The page protocol: what every page offers to the main window, and what it has to work with.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <initializer_list>
 #include <memory>
 #include <span>
 
+#include "device/box.h"
 #include "device/device_link.h"
-#include "device/properties.h"
 #include "pages/panel_state.h"
 #include "ui/dialog.h"
 #include "ui/toolkit.h"
@@ -77,38 +76,31 @@ class Page : public ui::DialogEvents {
  protected:
   ui::Dialog& Window() { return *window; }
 
-  // Block properties; ReadBlock is true when the box answered and `out` holds the bytes.
-  bool ReadBlock(std::uint8_t property, std::uint8_t length, BlockBuffer& out,
-                 std::uint8_t sub = kNoSub) {
-    return device.GetKiraboxProperty(deviceHandle, property, sub, length, out) == kSuccess;
-  }
-  void WriteBlock(std::uint8_t property, std::span<const std::uint8_t> bytes,
-                  std::uint8_t sub = kNoSub) {
-    BlockBuffer buffer{};
-    std::copy(bytes.begin(), bytes.end(), buffer.begin());
-    device.SetKiraboxProperty(deviceHandle, property, sub, static_cast<std::uint8_t>(bytes.size()),
-                              buffer);
-  }
-  void WriteBlock(std::uint8_t property, std::initializer_list<std::uint8_t> bytes,
-                  std::uint8_t sub = kNoSub) {
-    WriteBlock(property, std::span(bytes.begin(), bytes.size()), sub);
-  }
+  // Talks to the box that is attached now; until the next time the page goes on with that handle.
+  void TakeHandle() { box = Box(device, panel.deviceHandle); }
 
-  // Word properties; ReadWord is true when the box answered and `value` holds the low byte.
-  bool ReadWord(std::uint32_t item, std::uint8_t& value) {
-    WordBuffer words{};
-    if (device.GetBoxProperty(deviceHandle, kBoxGroup, item, words) != kSuccess) return false;
-    value = static_cast<std::uint8_t>(words[0] & 0xFF);
-    return true;
+  // True when the box answered; `out`, which is bytes, words or one value, changes only then.
+  template <class Out>
+  bool Read(const Address& at, Out& out) {
+    return box.Read(at, out);
   }
-  void WriteWord(std::uint32_t item, std::uint32_t value) {
-    device.SetBoxProperty(deviceHandle, kBoxGroup, item, value);
+  void Write(const Address& at, std::initializer_list<std::uint8_t> bytes) { box.Write(at, bytes); }
+  void Write(const Address& at, std::span<const std::uint8_t> bytes) { box.Write(at, bytes); }
+
+  // The same for pages that know their properties by number alone.
+  bool ReadBlock(std::uint8_t property, std::uint8_t length, BlockBuffer& out) {
+    return Read(Block(property, length), out);
   }
+  void WriteBlock(std::uint8_t property, std::initializer_list<std::uint8_t> bytes) {
+    Write(Block(property), bytes);
+  }
+  bool ReadWord(std::uint32_t item, std::uint8_t& value) { return Read(Word(item), value); }
+  void WriteWord(std::uint32_t item, std::uint8_t value) { Write(Word(item), {value}); }
 
   PanelState& panel;
   DeviceLink& device;
   ui::Toolkit& toolkit;
-  DeviceHandle deviceHandle = kNoBox;
+  Box box{device, kNoBox};
   ui::SerialHandle serialHandle = ui::kInvalidSerial;
 
  private:

@@ -113,7 +113,7 @@ std::uint8_t Step(std::uint8_t value, int step, int maximum) {
 CAudioDlg::CAudioDlg(PanelContext context) : Page(res::kAudio, context) {}
 
 void CAudioDlg::Init() {
-  deviceHandle = panel.deviceHandle;
+  TakeHandle();
   for (const ui::ControlTemplate& control : res::FindDialog(res::kAudio)->controls) {
     Window().SetFont(control.id, ui::kCaptionFont);
     Window().ShowControl(control.id, false);

@@ -80,11 +80,11 @@ std::uint8_t CDisplayModeDlg::CodeOf(std::uint8_t ofMode) const {
 }
 
 void CDisplayModeDlg::Init(ui::SerialHandle serial) {
-  deviceHandle = panel.deviceHandle;
+  TakeHandle();
   serialHandle = serial;
   nineModes = 0;
   BlockBuffer bytes{};
-  if (ReadBlock(block::kMultiView, 20, bytes)) {
+  if (Read(Block(block::kMultiView, 20), bytes)) {
     mode = bytes[0];
     nineModes = bytes[1];
   }
@@ -156,7 +156,7 @@ void CDisplayModeDlg::PlaceLabelsView() {
 }
 
 void CDisplayModeDlg::OnShowFromMenu() {
-  WriteWord(word::kBoxMenu10, 3);
+  Write(Word(word::kBoxMenu10), {3});
   Refresh(serialHandle);
 }
 
@@ -180,11 +180,11 @@ void CDisplayModeDlg::Refresh(ui::SerialHandle serial) {
 
 void CDisplayModeDlg::ReadModeAndCodes() {
   BlockBuffer bytes{};
-  if (ReadBlock(block::kMultiView, 20, bytes)) {
+  if (Read(Block(block::kMultiView, 20), bytes)) {
     mode = ModeOfBox(bytes[0]);
     lastMode = mode;
   }
-  if (!ReadBlock(block::kChannelCodes, 20, bytes)) return;
+  if (!Read(Block(block::kChannelCodes, 20), bytes)) return;
   for (std::size_t i = 0; i < kModes; ++i) codeByMode[i] = bytes[i];
   code = CodeOf(mode);
   lastCode = code;
@@ -192,12 +192,12 @@ void CDisplayModeDlg::ReadModeAndCodes() {
 
 void CDisplayModeDlg::ReadLabels() {
   BlockBuffer bytes{};
-  if (ReadBlock(block::kInputLabelsState, 2, bytes)) {
+  if (Read(Block(block::kInputLabelsState, 2), bytes)) {
     labelsState = bytes[0];
     ShowLabelsState();
   }
   for (const LabelRow& row : kLabelRows) {
-    if (ReadBlock(block::kInputLabel, 60, bytes, row.sub)) {
+    if (Read(Block(block::kInputLabel, 60, row.sub), bytes)) {
       Window().SetText(row.edit, TextOfLabel(std::span(bytes).first<kLabelLength>()));
     }
   }
@@ -304,8 +304,8 @@ bool CDisplayModeDlg::WritesByView() const {
 
 void CDisplayModeDlg::Apply() {
   if (IsType51()) {
-    WriteBlock(block::kDisplayMode, {mode});
-    WriteBlock(block::kChannelCodes, {code});
+    Write(Block(block::kDisplayMode), {mode});
+    Write(Block(block::kChannelCodes), {code});
     return;  // what is remembered stays as it was read
   }
   if (!IsType13Or15()) return;
@@ -321,18 +321,18 @@ void CDisplayModeDlg::Apply() {
 }
 
 void CDisplayModeDlg::WriteModeAndCode() {
-  WriteWord(word::kDisplayMode, mode);
-  WriteWord(word::kChannelCode, code);
+  Write(Word(word::kDisplayMode), {mode});
+  Write(Word(word::kChannelCode), {code});
 }
 
 void CDisplayModeDlg::WriteLabels() {
   std::array<std::uint8_t, 20> state = {labelsState};  // the other bytes carry no meaning
-  WriteBlock(block::kInputLabelsState, state);
+  Write(Block(block::kInputLabelsState), state);
   if (labelsState == 0) EnableLabels(false);
   if (labelsState != 1) return;
   EnableLabels(true);
   for (const LabelRow& row : kLabelRows) {
-    WriteBlock(block::kInputLabel, CentredLabel(Window().Text(row.edit)), row.sub);
+    Write(Block(block::kInputLabel, 60, row.sub), CentredLabel(Window().Text(row.edit)));
   }
 }
 
@@ -341,7 +341,7 @@ void CDisplayModeDlg::OnTimer(int /*timer*/) {
   do {
     mode = static_cast<std::uint8_t>(toolkit.Random() % count);
   } while (mode == 0);
-  WriteWord(word::kDisplayMode, mode);
+  Write(Word(word::kDisplayMode), {mode});
 }
 
 }  // namespace panelora

@@ -149,7 +149,7 @@ const ModelRow* FindModel(std::uint8_t boxType) {
 }  // namespace
 
 void CGenlockDlg::Init() {
-  deviceHandle = panel.deviceHandle;
+  TakeHandle();
   SetUpGroup(Window(), kGenlockMode, "Genlock Mode", "Free-Run");
   SetUpGroup(Window(), kSyncMode, "Sync Mode", "75 ohms termination");
   for (const CyclingGroup& group : {kGenlockMode, kSyncMode}) {
@@ -190,8 +190,8 @@ void CGenlockDlg::OnShowFromMenu() {
 
 void CGenlockDlg::OpenOnBox() {
   if (const ModelRow* model = FindModel(panel.identity.boxType)) {
-    if (model->menuBlock != kNone) WriteBlock(block::kBoxMenu, {model->menuBlock});
-    if (model->menuWord != kNone) WriteWord(word::kBoxMenu4, model->menuWord);
+    if (model->menuBlock != kNone) Write(Block(block::kBoxMenu), {model->menuBlock});
+    if (model->menuWord != kNone) Write(Word(word::kBoxMenu4), {model->menuWord});
   }
   Refresh(serialHandle);
 }
@@ -206,14 +206,14 @@ void CGenlockDlg::ReadBox() {
   if (model == nullptr) return;
   const GenlockGroup& group = *model->group;
   BlockBuffer format{};  // a format that can't be read is none
-  ReadBlock(group.reference, 30, format);
+  Read(Block(group.reference, 30), format);
   ReadMode(group);
   if (group.tellsLockAndInput) ReadLockAndInput();
   ChooseRanges();
   ReadDelays(group);
   if (hDelayAllowed == 0) hDelay = 0;
   BlockBuffer sync{};
-  if (group.syncMode != kNone && ReadBlock(group.syncMode, 2, sync)) syncMode = sync[0];
+  if (group.syncMode != kNone && Read(Block(group.syncMode, 2), sync)) syncMode = sync[0];
   Window().SetText(
       kFormat, FormatText(LittleEndian(format[0], format[1]), LittleEndian(format[2], format[3]),
                           format[4], format[5], format[6] == 1 ? "p" : "i"));
@@ -225,7 +225,7 @@ void CGenlockDlg::ReadBox() {
 
 void CGenlockDlg::ReadMode(const GenlockGroup& group) {
   BlockBuffer bytes{};
-  if (!ReadBlock(group.mode, 4, bytes)) return;
+  if (!Read(Block(group.mode, 4), bytes)) return;
   genlockMode = bytes[0];
   outputCode = bytes[1];
   if (!group.tellsLockAndInput) inputCode = bytes[3];
@@ -233,17 +233,17 @@ void CGenlockDlg::ReadMode(const GenlockGroup& group) {
 
 void CGenlockDlg::ReadLockAndInput() {
   BlockBuffer bytes{};
-  if (ReadBlock(block::kGenlockLocked, 2, bytes) && bytes[0] <= 1) {
+  if (Read(Block(block::kGenlockLocked, 2), bytes) && bytes[0] <= 1) {
     Window().EnableControl(kGenlockMode.next, bytes[0] == 0);
   }
-  if (ReadBlock(block::kGenlockInputCode, 2, bytes)) inputCode = bytes[0];
+  if (Read(Block(block::kGenlockInputCode, 2), bytes)) inputCode = bytes[0];
 }
 
 // Told little-endian, although they are taken big-endian: the box's own way. What is read while a
 // preview is out is that preview, and not what leaving the page has to go back to.
 void CGenlockDlg::ReadDelays(const GenlockGroup& group) {
   BlockBuffer bytes{};
-  if (!ReadBlock(group.delays, 4, bytes)) return;
+  if (!Read(Block(group.delays, 4), bytes)) return;
   vDelay = LittleEndian(bytes[0], bytes[1]);
   hDelay = LittleEndian(bytes[2], bytes[3]);
   if (previewed) return;
@@ -376,7 +376,7 @@ bool CGenlockDlg::OnKey(ui::Key key) {
 
 void CGenlockDlg::Apply() {
   const ModelRow* model = FindModel(panel.identity.boxType);
-  if (model != nullptr) WriteBlock(model->group->mode, {genlockMode});
+  if (model != nullptr) Write(Block(model->group->mode), {genlockMode});
   if (!TakeEdits()) return;
   vDelayApplied = vDelay;
   hDelayApplied = hDelay;
@@ -387,9 +387,9 @@ void CGenlockDlg::Apply() {
 void CGenlockDlg::SendDelays(bool final) {
   previewed = !final;
   if (const ModelRow* model = FindModel(panel.identity.boxType)) {
-    WriteBlock(model->group->delays, {HighByte(vDelay), LowByte(vDelay), HighByte(hDelay),
-                                      LowByte(hDelay), static_cast<std::uint8_t>(final ? 1 : 0)});
-    if (model->group->takesSyncMode) WriteBlock(model->group->syncMode, {syncMode});
+    Write(Block(model->group->delays), {HighByte(vDelay), LowByte(vDelay), HighByte(hDelay),
+                                        LowByte(hDelay), static_cast<std::uint8_t>(final ? 1 : 0)});
+    if (model->group->takesSyncMode) Write(Block(model->group->syncMode), {syncMode});
   }
   ShowDelays();
 }

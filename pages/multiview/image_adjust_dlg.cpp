@@ -86,29 +86,29 @@ void CImageAdjustDlg::Init() {
 }
 
 void CImageAdjustDlg::OnShowFromMenu() {
-  deviceHandle = panel.deviceHandle;
+  TakeHandle();
   switch (panel.identity.boxType) {
     case 24:
     case 34:
       if (panel.identity.brandCode == 2) {
-        WriteBlock(block::kBoxMenu, {2});
+        Write(Block(block::kBoxMenu), {2});
       } else {
-        WriteWord(word::kBoxMenu5, 2);
+        Write(Word(word::kBoxMenu5), {2});
       }
       break;
     case 50:
-      WriteBlock(block::kBoxMenu, {3});
+      Write(Block(block::kBoxMenu), {3});
       break;
     case 26:
-      WriteWord(word::kCommand, command::kImageRestore);
+      Write(Word(word::kCommand), {command::kImageRestore});
       break;
     case 23:
     case 42:
-      WriteWord(word::kBoxMenu7, 2);
+      Write(Word(word::kBoxMenu7), {2});
       break;
     case 25:
     case 29:
-      WriteWord(word::kBoxMenu4, 2);
+      Write(Word(word::kBoxMenu4), {2});
       break;
     default:
       break;
@@ -154,18 +154,18 @@ void CImageAdjustDlg::ReadEnabling() {
     case 34:
       EnablePositions(false);
       if (panel.identity.brandCode == 2) {
-        if (ReadBlock(block::kImageAspect, 2, bytes)) EnableSizes(bytes[0] == 3);
+        if (Read(Block(block::kImageAspect, 2), bytes)) EnableSizes(bytes[0] == 3);
       } else {
-        if (ReadWord(word::kImageAspect, value)) EnableSizes(value == 3);
+        if (Read(Word(word::kImageAspect), value)) EnableSizes(value == 3);
       }
       break;
     case 50:
-      if (ReadBlock(block::kImageInput50, 2, bytes)) EnablePositions(bytes[0] == 2);
-      if (ReadBlock(block::kImageAspect, 2, bytes)) EnableSizes(bytes[0] == 5);
+      if (Read(Block(block::kImageInput50, 2), bytes)) EnablePositions(bytes[0] == 2);
+      if (Read(Block(block::kImageAspect, 2), bytes)) EnableSizes(bytes[0] == 5);
       break;
     case 26:
-      if (ReadWord(word::kInputSource, value)) EnablePositions(value == 2);
-      if (ReadWord(word::kAspectRatio, value)) EnableSizes(value == 5);
+      if (Read(Word(word::kInputSource), value)) EnablePositions(value == 2);
+      if (Read(Word(word::kAspectRatio), value)) EnableSizes(value == 5);
       break;
     default:
       EnablePositions(true);
@@ -176,14 +176,14 @@ void CImageAdjustDlg::ReadEnabling() {
 
 void CImageAdjustDlg::ReadSizes(std::uint8_t property) {
   BlockBuffer bytes{};
-  if (!ReadBlock(property, 2, bytes)) return;
+  if (!Read(Block(property, 2), bytes)) return;
   hSizePercent = bytes[0];
   vSizePercent = bytes[1];
 }
 
 void CImageAdjustDlg::ReadPositions(std::uint8_t property) {
   BlockBuffer bytes{};
-  if (!ReadBlock(property, 4, bytes)) return;
+  if (!Read(Block(property, 4), bytes)) return;
   hPosition = BigEndian(bytes[0], bytes[1]);
   vPosition = BigEndian(bytes[2], bytes[3]);
 }
@@ -226,13 +226,13 @@ void CImageAdjustDlg::StepSize(std::uint8_t& value, int step) {
 void CImageAdjustDlg::WritePositions() {
   const std::uint8_t property = ModelOf(panel.identity.boxType).position;
   if (property == kNone) return;
-  WriteBlock(property,
-             {HighByte(hPosition), LowByte(hPosition), HighByte(vPosition), LowByte(vPosition)});
+  Write(Block(property),
+        {HighByte(hPosition), LowByte(hPosition), HighByte(vPosition), LowByte(vPosition)});
 }
 
 void CImageAdjustDlg::WriteSizes() {
   const std::uint8_t property = SizeProperty(panel.identity);
-  if (property != kNone) WriteBlock(property, {hSizePercent, vSizePercent});
+  if (property != kNone) Write(Block(property), {hSizePercent, vSizePercent});
 }
 
 }  // namespace panelora

@@ -123,7 +123,7 @@ int CPIPDlg::MinimumOf(const Side& side) { return side.horizontal ? kMinWidth : 
 int CPIPDlg::ScaleOf(const Side& side) const { return side.horizontal && displayMode == 7 ? 2 : 1; }
 
 void CPIPDlg::Init(ui::SerialHandle serial) {
-  deviceHandle = panel.deviceHandle;
+  TakeHandle();
   serialHandle = serial;
   for (const Channel& channel : kChannels) {
     Window().SetFont(channel.frame, ui::kCaptionFont);
@@ -141,9 +141,9 @@ void CPIPDlg::OnShowFromMenu() {
   BlockOfInset firstPlace;
   firstPlace.fill(0xFF);
   if (HasPip()) {
-    WriteBlock(block::kPipWindow1, firstPlace);
-    if (IsType13Or15()) WriteWord(word::kBoxMenu10, 2);
-    if (HasSecondInset()) WriteBlock(block::kPipWindow2, firstPlace);
+    Write(Block(block::kPipWindow1), firstPlace);
+    if (IsType13Or15()) Write(Word(word::kBoxMenu10), {2});
+    if (HasSecondInset()) Write(Block(block::kPipWindow2), firstPlace);
   }
   Refresh(serialHandle);
 }
@@ -161,7 +161,7 @@ void CPIPDlg::Refresh(ui::SerialHandle serial) {
 void CPIPDlg::ReadBox() {
   const auto read = [&](std::uint8_t property, std::uint8_t& value) {
     BlockBuffer bytes{};
-    if (ReadBlock(property, 20, bytes)) value = bytes[0];
+    if (Read(Block(property, 20), bytes)) value = bytes[0];
   };
   if (IsType51()) {
     read(block::kMultiView, displayMode);
@@ -169,8 +169,8 @@ void CPIPDlg::ReadBox() {
     read(block::kPipOutputFormat, outputFormat);
   } else if (IsType13Or15()) {
     read(block::kMultiView, displayMode);
-    ReadWord(word::kPipOption, pipOption);
-    ReadWord(word::kPipOutputFormat, outputFormat);
+    Read(Word(word::kPipOption), pipOption);
+    Read(Word(word::kPipOutputFormat), outputFormat);
   }
 }
 
@@ -182,8 +182,8 @@ void CPIPDlg::ReadInsets() {
     return;
   }
   BlockBuffer bytes{};
-  if (ReadBlock(block::kPipWindow1, 8, bytes)) ch1 = InsetFrom(bytes, LittleEndian);
-  if (HasSecondInset() && ReadBlock(block::kPipWindow2, 8, bytes)) {
+  if (Read(Block(block::kPipWindow1, 8), bytes)) ch1 = InsetFrom(bytes, LittleEndian);
+  if (HasSecondInset() && Read(Block(block::kPipWindow2, 8), bytes)) {
     ch2 = InsetFrom(bytes, BigEndian);
   }
 }
@@ -299,9 +299,9 @@ void CPIPDlg::TakeSize(const Side& side, PipWindow& inset) {
 // the box's own way.
 void CPIPDlg::Apply() {
   if (!HasPip() || !TakeEdits(kChannels[0], ch1)) return;
-  WriteBlock(block::kPipWindow1, IsType51() ? LittleEndianBytes(ch1) : BigEndianBytes(ch1));
+  Write(Block(block::kPipWindow1), IsType51() ? LittleEndianBytes(ch1) : BigEndianBytes(ch1));
   if (!HasSecondInset() || !TakeEdits(kChannels[1], ch2)) return;
-  WriteBlock(block::kPipWindow2, BigEndianBytes(ch2));
+  Write(Block(block::kPipWindow2), BigEndianBytes(ch2));
 }
 
 // False when an edit holds no number; nothing is stored then.

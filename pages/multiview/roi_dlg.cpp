@@ -123,11 +123,11 @@ std::uint8_t CROIDlg::RegionProperty() const {
 }
 
 void CROIDlg::OnShowFromMenu() {
-  deviceHandle = panel.deviceHandle;
+  TakeHandle();
   const std::uint8_t boxType = panel.identity.boxType;
-  if (boxType == 39 || boxType == 40) WriteBlock(block::kBoxMenu, {4});
+  if (boxType == 39 || boxType == 40) Write(Block(block::kBoxMenu), {4});
   if (const std::uint8_t property = RegionProperty(); property != kNone) {
-    WriteBlock(property, {0, 0, 0, 0, 0, 0, 0, 0, 2, 0});
+    Write(Block(property), {0, 0, 0, 0, 0, 0, 0, 0, 2, 0});
   }
   Refresh(serialHandle);
 }
@@ -145,9 +145,9 @@ void CROIDlg::ReadInputCode() {
   const InputSource source = IsOtherKind(panel.identity) ? model.otherInput : model.input;
   if (source.block != kNone) {
     BlockBuffer bytes{};
-    if (!ReadBlock(source.block, 2, bytes)) return;
+    if (!Read(Block(source.block, 2), bytes)) return;
     inputCode = bytes[0];
-  } else if (!ReadWord(source.item, inputCode)) {
+  } else if (!Read(Word(source.item), inputCode)) {
     return;
   }
   for (const FrameRow& row : kFrames) {
@@ -159,7 +159,7 @@ void CROIDlg::ReadInputCode() {
 
 void CROIDlg::ReadRegion() {
   BlockBuffer bytes{};
-  if (ReadBlock(RegionProperty(), 30, bytes)) {
+  if (Read(Block(RegionProperty(), 30), bytes)) {
     roiX = BigEndian(bytes[0], bytes[1]);
     roiY = BigEndian(bytes[2], bytes[3]);
     roiWidth = BigEndian(bytes[4], bytes[5]);
@@ -246,15 +246,15 @@ void CROIDlg::TakeSize(const RoiRow& row, std::uint16_t& size, const RoiRow& pos
 
 void CROIDlg::Apply() {
   const bool off = roiMode == kDisabled && panel.identity.brandCode == 2;
-  Write(off ? 2 : 1, off ? std::uint8_t{0} : roiMode);
+  WriteAs(off ? 2 : 1, off ? std::uint8_t{0} : roiMode);
 }
 
-void CROIDlg::Write(std::uint8_t switchByte, std::uint8_t mode) {
+void CROIDlg::WriteAs(std::uint8_t switchByte, std::uint8_t mode) {
   const std::uint8_t property = RegionProperty();
   if (property == kNone) return;
-  WriteBlock(property,
-             {HighByte(roiX), LowByte(roiX), HighByte(roiY), LowByte(roiY), HighByte(roiWidth),
-              LowByte(roiWidth), HighByte(roiHeight), LowByte(roiHeight), switchByte, mode});
+  Write(Block(property),
+        {HighByte(roiX), LowByte(roiX), HighByte(roiY), LowByte(roiY), HighByte(roiWidth),
+         LowByte(roiWidth), HighByte(roiHeight), LowByte(roiHeight), switchByte, mode});
 }
 
 }  // namespace panelora

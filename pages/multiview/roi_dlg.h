@@ -38,7 +38,7 @@ class CROIDlg final : public Page {
   void RestoreDefaults() override { OnShowFromMenu(); }
 
   // Writes the region alone, with switch and mode zero.
-  void WriteRegion() { Write(0, 0); }
+  void WriteRegion() { WriteAs(0, 0); }
 
   void OnCommand(int control, ui::Notification what) override;
   void OnSliderReleased(int slider) override;
@@ -55,7 +55,7 @@ class CROIDlg final : public Page {
   void TakePosition(const RoiRow& row, std::uint16_t& position);
   void TakeSize(const RoiRow& row, std::uint16_t& size, const RoiRow& positionRow,
                 std::uint16_t& position, int frame);
-  void Write(std::uint8_t switchByte, std::uint8_t mode);
+  void WriteAs(std::uint8_t switchByte, std::uint8_t mode);
 
   std::uint8_t roiMode = 1;         // 0 dot by dot, 1 full screen, 2 disabled
   std::uint8_t inputCode = 0;       // input format

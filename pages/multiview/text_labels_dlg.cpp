@@ -34,15 +34,15 @@ void CTextLabelsDlg::Init() {
 }
 
 void CTextLabelsDlg::OnShowFromMenu() {
-  deviceHandle = panel.deviceHandle;
-  WriteBlock(block::kBoxMenu, {3});
+  TakeHandle();
+  Write(Block(block::kBoxMenu), {3});
   Refresh(serialHandle);
 }
 
 void CTextLabelsDlg::Refresh(ui::SerialHandle serial) {
   serialHandle = serial;
   BlockBuffer bytes{};
-  if (!ReadBlock(block::kTextLabel, 60, bytes)) return;
+  if (!Read(Block(block::kTextLabel, 60), bytes)) return;
   Window().SetText(kLabel, TextOfLabel(std::span(bytes).subspan<1, kLabelLength>()));
   labelState = bytes[0];
   ShowState();
@@ -76,7 +76,7 @@ void CTextLabelsDlg::Apply() {
   std::array<std::uint8_t, 1 + kLabelLength> bytes = {labelState};
   const LabelField label = CentredLabel(Window().Text(kLabel));
   std::copy(label.begin(), label.end(), bytes.begin() + 1);
-  WriteBlock(block::kTextLabel, bytes);
+  Write(Block(block::kTextLabel), bytes);
 }
 
 }  // namespace panelora

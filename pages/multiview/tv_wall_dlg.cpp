@@ -24,7 +24,7 @@ constexpr Grid kGrids[] = {
     {4, 120, 75},
 };
 
-const Grid* GridOf(std::uint32_t wallSize) {
+const Grid* GridOf(std::uint8_t wallSize) {
   return wallSize >= 1 && wallSize <= kMaxWallSize ? &kGrids[wallSize - 1] : nullptr;
 }
 
@@ -47,7 +47,7 @@ int CTVWallDlg::Tiles() const {
 }
 
 void CTVWallDlg::Init() {
-  deviceHandle = panel.deviceHandle;
+  TakeHandle();
   Layout();
 }
 
@@ -78,7 +78,7 @@ void CTVWallDlg::OnMousePress(int control) {
   const int tile = control - kFirstTile;
   if (tile < 0 || tile >= Tiles()) return;
   ShowChosen(tile);
-  panel.tilePosition = static_cast<std::uint32_t>(tile);
+  panel.tilePosition = static_cast<std::uint8_t>(tile);
   WriteChoice();
 }
 
@@ -86,12 +86,11 @@ void CTVWallDlg::WriteChoice() {
   const WallStore* store = FindWallStore(panel.identity.boxType);
   if (store == nullptr) return;
   if (store->block != 0) {
-    WriteBlock(store->block, {static_cast<std::uint8_t>(panel.wallSize),
-                              static_cast<std::uint8_t>(panel.tilePosition)});
+    Write(Block(store->block), {panel.wallSize, panel.tilePosition});
     return;
   }
-  WriteWord(store->sizeItem, panel.wallSize);
-  WriteWord(store->tileItem, panel.tilePosition);
+  Write(Word(store->sizeItem), {panel.wallSize});
+  Write(Word(store->tileItem), {panel.tilePosition});
 }
 
 }  // namespace panelora

@@ -84,7 +84,7 @@ constexpr CommitRow kCommits[] = {{24, 262}, {34, 262}, {25, 265}, {29, 265}, {2
 CProcAmpDlg::CProcAmpDlg(PanelContext context) : Page(res::kProcAmp, context) {}
 
 void CProcAmpDlg::Init(ui::SerialHandle serial, ProcAmpCache& cache) {
-  deviceHandle = panel.deviceHandle;
+  TakeHandle();
   serialHandle = serial;
   Window().SetFont(kFrame, kFrameFont);
   Window().SetText(kFrame, "Proc Amp");
@@ -157,7 +157,7 @@ void CProcAmpDlg::OnSliderRepainted(int slider) {
       SendRgb();
       return;
     }
-    device.SetVideoProcAmp(deviceHandle, kBoxGroup, row.control, position);
+    Write(ProcAmp(row.control), {position});
     // Brand 2 keeps the old value, so that every later repaint sends again: deliberate.
     if (!HasEdits()) values[i] = position;
     return;
@@ -166,11 +166,11 @@ void CProcAmpDlg::OnSliderRepainted(int slider) {
 
 void CProcAmpDlg::SendPicture(std::size_t index) {
   Window().SetSliderPosition(kValues[index].slider, values[index]);
-  device.SetVideoProcAmp(deviceHandle, kBoxGroup, kValues[index].control, values[index]);
+  Write(ProcAmp(kValues[index].control), {values[index]});
 }
 
 void CProcAmpDlg::SendRgb() {
-  WriteBlock(block::kRgb, {values[kGain], values[kOffset], values[kOffset2]});
+  Write(Block(block::kRgb), {values[kGain], values[kOffset], values[kOffset2]});
 }
 
 std::optional<int> CProcAmpDlg::Typed(std::size_t index) {
@@ -197,7 +197,7 @@ void CProcAmpDlg::Apply() {
     values[i] = value;
     SendPicture(i);
   }
-  if (Commits()) device.SetVideoProcAmp(deviceHandle, kBoxGroup, proc_amp::kCommit, 1);
+  if (Commits()) Write(ProcAmp(proc_amp::kCommit), {1});
 }
 
 void CProcAmpDlg::Leave() {
@@ -217,7 +217,7 @@ void CProcAmpDlg::Leave() {
 bool CProcAmpDlg::OnKey(ui::Key key) {
   if (key == ui::Key::kEnter && Commits()) {
     Apply();
-    device.SetVideoProcAmp(deviceHandle, kBoxGroup, proc_amp::kCommit, 0);
+    Write(ProcAmp(proc_amp::kCommit), {0});
   }
   return true;
 }
@@ -235,16 +235,16 @@ void CProcAmpDlg::RestoreDefaults() {
 void CProcAmpDlg::ReadDefaults26() {
   values[kGain] = 128;
   values[kOffset] = 128;
-  WriteWord(word::kCommand, viewMode == 0 ? command::kProcAmpDefaults : command::kRgbDefaults);
+  Write(Word(word::kCommand), {viewMode == 0 ? command::kProcAmpDefaults : command::kRgbDefaults});
   // The result of this call is not tested: what it does not fill keeps its value.
   ProcAmpBytes picture{values[0], values[1], values[2], values[3]};
-  device.GetKiraboxProcAmp(deviceHandle, picture);
+  box.Read(picture);
   values[0] = picture.brightness;
   values[1] = picture.contrast;
   values[2] = picture.hue;
   values[3] = picture.saturation;
   BlockBuffer rgb{};
-  if (ReadBlock(block::kRgb, 3, rgb)) {
+  if (Read(Block(block::kRgb, 3), rgb)) {
     values[kGain] = rgb[0];
     values[kOffset] = rgb[1];
   }
@@ -253,17 +253,13 @@ void CProcAmpDlg::ReadDefaults26() {
 void CProcAmpDlg::ReadDefaultsOneByOne() {
   const std::uint32_t item = ChannelItem(panel.identity.boxType);
   if (item == kByBlock) {
-    WriteBlock(block::kBoxMenu, {0});
+    Write(Block(block::kBoxMenu), {0});
   } else {
-    WriteWord(item, 0);
+    Write(Word(item), {0});
   }
   for (std::size_t i = 0; i < kPictureValues; ++i) {
-    WordBuffer words{};
-    if (device.GetVideoProcAmp(deviceHandle, kBoxGroup, kValues[i].control, words) == kSuccess) {
-      values[i] = static_cast<std::uint8_t>(words[0] & 0xFF);
-    } else {
-      toolkit.DebugOutput(kValues[i].failure);
-    }
+    const bool told = Read(ProcAmp(kValues[i].control), values[i]);
+    if (!told) toolkit.DebugOutput(kValues[i].failure);
   }
 }
 

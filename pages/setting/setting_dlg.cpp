@@ -130,7 +130,7 @@ CSettingDlg::CSettingDlg(PanelContext context)
     : Page(res::kSetting, context), caution(context.toolkit) {}
 
 void CSettingDlg::Init() {
-  deviceHandle = panel.deviceHandle;
+  TakeHandle();
   for (const TextRow& row : kTexts) {
     SetUpGroup(Window(), row.group, row.caption, row.firstValue);
     Window().SetFont(row.group.value, ui::kCaptionFont);

@@ -180,7 +180,7 @@ const char* CInformationDlg::WebAddress(std::uint8_t brandCode) {
 }
 
 void CInformationDlg::Init() {
-  deviceHandle = panel.deviceHandle;
+  TakeHandle();
   for (const TextRow& row : kTexts) {
     Window().SetFont(row.control, ui::kCaptionFont);
     Window().SetText(row.control, row.text);
@@ -235,7 +235,7 @@ void CInformationDlg::RefreshInputFormat() {
 
 // The result of this read is not tested: after a failure the buffer's earlier contents are shown.
 std::string CInformationDlg::FormatFromBigBlock() {
-  ReadBlock(block::kInputFormat, 30, inputFormat);
+  Read(Block(block::kInputFormat, 30), inputFormat);
   const BlockBuffer& b = inputFormat;
   return FormatText(BigEndian(b[0], b[1]), BigEndian(b[2], b[3]), b[4], b[5],
                     b[6] != 0 ? "i" : "p");
@@ -244,7 +244,7 @@ std::string CInformationDlg::FormatFromBigBlock() {
 // None when the box did not answer.
 std::optional<std::string> CInformationDlg::FormatFromLittleBlock() {
   BlockBuffer b{};
-  if (!ReadBlock(block::kInputFormatLittle, 30, b)) return std::nullopt;
+  if (!Read(Block(block::kInputFormatLittle, 30), b)) return std::nullopt;
   const char* scan = b[6] == 1 ? "p" : b[6] == 2 ? "s" : "i";
   return FormatText(LittleEndian(b[0], b[1]), LittleEndian(b[2], b[3]), b[4], b[5], scan);
 }
@@ -252,9 +252,7 @@ std::optional<std::string> CInformationDlg::FormatFromLittleBlock() {
 // None when the box did not answer; blank for a rate that the format does not have.
 std::optional<std::string> CInformationDlg::FormatFromCode() {
   WordBuffer words{};
-  if (device.GetBoxProperty(deviceHandle, kBoxGroup, word::kFormatCode, words) != kSuccess) {
-    return std::nullopt;
-  }
+  if (!Read(Word(word::kFormatCode), words)) return std::nullopt;
   return InputFormatName(panel.identity.boxType, static_cast<std::uint8_t>(words[0] & 0xFF),
                          words[1] == 1);
 }
@@ -262,7 +260,7 @@ std::optional<std::string> CInformationDlg::FormatFromCode() {
 void CInformationDlg::ReadFirmware() {
   WordBuffer words{};
   const std::uint32_t item = ModelOf(panel.identity.boxType).firmwareItem;
-  if (device.GetBoxProperty(deviceHandle, kBoxGroup, item, words) == kSuccess) {
+  if (Read(Word(item), words)) {
     firmwareVersion = (words[1] & 0xFF) * 256 + (words[0] & 0xFF);
   }
 }

@@ -101,14 +101,14 @@ CVideoMenuDlg::CVideoMenuDlg(PanelContext context, VideoPages& thePages)
     : Page(res::kVideoMenu, context), pages(thePages) {}
 
 void CVideoMenuDlg::Init(ui::SerialHandle serial) {
-  deviceHandle = panel.deviceHandle;
+  TakeHandle();
   serialHandle = serial;
   for (const ButtonRow& row : kButtons) Window().SetPictures(row.control, row.up, row.down);
   const std::uint8_t boxType = panel.identity.boxType;
   if (boxType == 13 || boxType == 15) {
     BlockBuffer
         multiView{};  // asked for when the menu is prepared; the menu itself uses none of it
-    ReadBlock(block::kMultiView, 20, multiView);
+    Read(Block(block::kMultiView, 20), multiView);
   }
   LayOut();
 }

@@ -108,7 +108,7 @@ constexpr std::uint8_t kVgaInput = 2;
 CVideoSettingsDlg::CVideoSettingsDlg(PanelContext context) : Page(res::kVideoSettings, context) {}
 
 void CVideoSettingsDlg::Init() {
-  deviceHandle = panel.deviceHandle;
+  TakeHandle();
   selection[kOutputLevel] = 0;
   passThrough.reset();
   for (const ControlRow& row : kControls) {
