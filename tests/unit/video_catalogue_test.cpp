@@ -1,6 +1,6 @@
 // The option tables of the Video settings page, row by row, against a list of their own: also the
 // values that no page reads or writes yet.
-#include "pages/video/video_options.h"
+#include "catalogue/video.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ struct Block {
 };
 struct Table {
   const char* name;
-  const OptionRow* table;
+  video::Option option;
   std::vector<Block> blocks;
   std::string endCaption;  // of the end row, which a reported index of 255 finds
 };
@@ -40,7 +40,7 @@ const std::vector<Row> kOffOn = {{0, "Disable", 0}, {1, "Enable", 1}};
 
 const Table kTables[] = {
     {"input source",
-     kInputSources,
+     video::kInputSource,
      {{{26, 50}, {{0, "VGA", 2}, {1, "HDMI", 1}, {2, "SDI", 4}}},
       {{24, 34}, kScalerInputs},
       {{48, 49}, {{0, "SDI 1", 0}, {1, "SDI 2", 1}}},
@@ -61,7 +61,7 @@ const Table kTables[] = {
         {6, "S-VIDEO", 6}}}},
      ""},
     {"output format",
-     kOutputFormats,
+     video::kOutputFormat,
      {{{},
        {{1, "1920x1080 60.00p", 15},
         {2, "1920x1080 59.94p", 16},
@@ -84,7 +84,7 @@ const Table kTables[] = {
         {19, "720x576 50.00i", 2}}}},
      ""},
     {"aspect ratio",
-     kAspectRatios,
+     video::kAspectRatio,
      {{{26, 50}, kAspects},
       {{},
        {{0, "16 : 9", 0},
@@ -93,47 +93,49 @@ const Table kTables[] = {
         {3, "Keep Aspect Ratio", 3},
         {4, "Full Screen", 4}}}},
      ""},
-    {"HDMI EQ", kHdmiEqs, {{{26}, {{2, "LOW", 2}, {0, "MIDDLE", 0}, {1, "HIGH", 1}}}}, ""},
-    {"output level", kOutputLevels, {{{26}, {{0, "Limit Range", 0}, {1, "Full Range", 1}}}}, ""},
-    {"output colour", kOutputColours, {{{26}, kColours}}, ""},
+    {"HDMI EQ", video::kHdmiEq, {{{26}, {{2, "LOW", 2}, {0, "MIDDLE", 0}, {1, "HIGH", 1}}}}, ""},
+    {"output level",
+     video::kOutputLevel,
+     {{{26}, {{0, "Limit Range", 0}, {1, "Full Range", 1}}}},
+     ""},
+    {"output colour", video::kOutputColour, {{{26}, kColours}}, ""},
     {"edge enhance",
-     kEdgeEnhances,
+     video::kEdgeEnhance,
      {{{}, {{0, "Disable", 0}, {1, "Min", 1}, {2, "Mid", 2}, {3, "Max", 3}}}},
      "Error"},
-    {"colour up filter", kColourUpFilters, {{{}, kOffOn}}, "Error"},
+    {"colour up filter", video::kColourUpFilter, {{{}, kOffOn}}, "Error"},
     {"SDI type",
-     kSdiTypes,
+     video::kSdiType,
      {{{}, {{0, "SD", 1}, {1, "HD", 4}, {2, "3GA", 9}, {3, "3GB", 10}}}},
      ""},
     {"second output level",
-     kSecondOutputLevels,
+     video::kSecondOutputLevel,
      {{{}, {{1, "Full Range", 1}, {0, "Limit Range", 0}}}},
      ""},
-    {"SDI output colour", kSdiOutputColours, {{{}, kColours}}, ""},
-    {"HDMI output mode", kHdmiOutputModes, {{{}, {{1, "HDMI", 1}, {0, "DVI", 0}}}}, ""},
+    {"SDI output colour", video::kSdiOutputColour, {{{}, kColours}}, ""},
+    {"HDMI output mode", video::kHdmiOutputMode, {{{}, {{1, "HDMI", 1}, {0, "DVI", 0}}}}, ""},
     {"image mirror",
-     kImageMirrors,
+     video::kImageMirror,
      {{{}, {{0, "Disable", 0}, {1, "Hor.", 1}, {2, "Ver.", 2}, {3, "Hor. + Ver.", 3}}}},
      ""},
-    {"re-clock", kReclocks, {{{}, kOffOn}}, ""},
+    {"re-clock", video::kReclock, {{{}, kOffOn}}, ""},
     {"SDI EQ",
-     kSdiEqs,
+     video::kSdi0Eq,
      {{{24, 34}, {{0, "DISABLE", 0}, {1, "SMALL", 1}, {2, "MEDIUM", 2}, {3, "LARGE", 3}}}},
      ""},
-    {"GPI mode", kGpiModes, {{{24, 34}, {{0, "Pulse", 0}, {1, "Level", 1}}}}, ""},
-    {"error LED", kErrorLeds, {{{24, 34}, {{0, "OFF", 0}, {1, "ON", 1}}}}, ""},
+    {"GPI mode", video::kGpiMode, {{{24, 34}, {{0, "Pulse", 0}, {1, "Level", 1}}}}, ""},
+    {"error LED", video::kErrorLed, {{{24, 34}, {{0, "OFF", 0}, {1, "ON", 1}}}}, ""},
     {"genlock mode",
-     kGenlockModes,
+     video::kGenlockMode,
      {{{30, 43, 46, 47, 50}, {{0, "Free-Run", 0}, {1, "External", 1}}},
       {{39, 40, 48, 49}, {{0, "Free-Run", 0}, {1, "SDI-In", 1}, {2, "Ref-In", 2}}}},
      ""},
     {"IRE level",
-     kIreLevels,
+     video::kIreLevel,
      {{{23, 42}, {{0, "0   IRE", 0}, {1, "7.5 IRE", 1}}},
       {{25, 29}, {{0, "7.5 IRE", 0}, {1, "0   IRE", 1}}}},
      ""},
-    {"output source", kOutputSources, {{{}, {{0, "VGA + HDMI", 0}}}}, ""},
-    {"none", kNoOptions, {}, ""},
+    {"output source", video::kOutputSource, {{{}, {{0, "VGA + HDMI", 0}}}}, ""},
 };
 
 const std::vector<Row>& RowsOf(const Table& table, int type) {
@@ -173,19 +175,20 @@ TEST(VideoOptions, EveryIndexAndValueOfEveryTypeFindsItsRow) {
         const auto hasIndex = [&](const Row& row) { return row.index == key; };
         const auto hasValue = [&](const Row& row) { return row.value == key; };
         const auto byIndex = std::find_if(rows.begin(), rows.end(), hasIndex);
-        const OptionRow* found = FindOption(table.table, byte(type), byte(key));
+        const Choices choices = video::Options().options[table.option].choices;
+        const Choice* found = FindIndex(choices, byte(type), byte(key));
         if (key == 255 && !table.endCaption.empty()) {
           ASSERT_NE(found, nullptr) << what();
-          ASSERT_EQ(found->caption, table.endCaption) << what();
+          ASSERT_EQ(found->text, table.endCaption) << what();
         } else if (byIndex == rows.end()) {
           ASSERT_EQ(found, nullptr) << what();
         } else {
           ASSERT_NE(found, nullptr) << what();
-          ASSERT_EQ(found->caption, byIndex->caption) << what();
+          ASSERT_EQ(found->text, byIndex->caption) << what();
           ASSERT_EQ(found->value, byIndex->value) << what();
         }
         const auto byValue = std::find_if(rows.begin(), rows.end(), hasValue);
-        found = FindOptionValue(table.table, byte(type), byte(key));
+        found = FindValue(choices, byte(type), byte(key));
         ASSERT_EQ(found != nullptr, byValue != rows.end()) << what();
         ASSERT_TRUE(found == nullptr || found->index == byValue->index) << what();
       }
