@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/video.h"
 #include "pages/audio/audio_options.h"
 #include "pages/option_table.h"
-#include "pages/video/video_options.h"
 #include "res/dialog_templates.h"
 #include "ui/text.h"
 
@@ -31,8 +31,12 @@ std::vector<std::string> TextsOf(const Row* row, std::uint8_t Row::*key, const c
   }
 }
 
-std::vector<std::string> Options(const OptionRow* table) {
-  return TextsOf(table, &OptionRow::index, &OptionRow::caption);
+std::vector<std::string> Options(video::Option option) {
+  std::vector<std::string> texts;
+  for (const Choice& choice : video::Options().options[option].choices) {
+    texts.emplace_back(choice.text);
+  }
+  return texts;
 }
 std::vector<std::string> Options(const AudioOptionRow* table) {
   return TextsOf(table, &AudioOptionRow::value, &AudioOptionRow::text);
@@ -45,7 +49,7 @@ std::vector<std::string> And(std::vector<std::string> texts,
 
 std::vector<std::string> FormatLabels() {
   std::vector<std::string> labels = {"Output Format "};
-  for (const std::string& format : Options(kOutputFormats)) {
+  for (const std::string& format : Options(video::kOutputFormat)) {
     labels.push_back("Output Format ( " + format + ")");
   }
   return labels;
@@ -110,19 +114,19 @@ const std::vector<ReadingRow>& Readings() {
        1055,
        {"Keep Aspect Ratio", "Full Screen (16:9)", "Dot By Dot", "4 : 3", "14 : 9", "UnderScan",
         "Pan Scan 16 : 9", "Full Screen", "16 : 9"}},
-      {res::kVideoSettings, 1019, Options(kInputSources)},
-      {res::kVideoSettings, 1023, Options(kOutputLevels)},
-      {res::kVideoSettings, 1025, Options(kAspectRatios)},
-      {res::kVideoSettings, 1028, And(Options(kOutputFormats), {"Pass Through"})},
+      {res::kVideoSettings, 1019, Options(video::kInputSource)},
+      {res::kVideoSettings, 1023, Options(video::kOutputLevel)},
+      {res::kVideoSettings, 1025, Options(video::kAspectRatio)},
+      {res::kVideoSettings, 1028, And(Options(video::kOutputFormat), {"Pass Through"})},
       {res::kVideoSettings, 1030, {"HDMI Output Range"}},
       {res::kVideoSettings, 1032, FormatLabels()},
-      {res::kVideoSettings, 1035, Options(kOutputColours)},
-      {res::kVideoSettings, 1036, Options(kOutputColours)},
-      {res::kVideoSettings, 1044, Options(kOutputSources)},
-      {res::kVideoSettings, 1042, Options(kOutputSources)},
-      {res::kVideoSettings, 1047, Options(kHdmiEqs)},
-      {res::kVideoSettings, 1048, Options(kHdmiEqs)},
-      {res::kVideoSettings, 1084, Options(kEdgeEnhances)},
+      {res::kVideoSettings, 1035, Options(video::kOutputColour)},
+      {res::kVideoSettings, 1036, Options(video::kOutputColour)},
+      {res::kVideoSettings, 1044, Options(video::kOutputSource)},
+      {res::kVideoSettings, 1042, Options(video::kOutputSource)},
+      {res::kVideoSettings, 1047, Options(video::kHdmiEq)},
+      {res::kVideoSettings, 1048, Options(video::kHdmiEq)},
+      {res::kVideoSettings, 1084, Options(video::kEdgeEnhance)},
       {res::kDisplayMode, 1045, kModes},
       {res::kDisplayMode, 1048, kChannels},
       {res::kDisplayMode, 1051, kChannels},
