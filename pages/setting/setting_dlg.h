@@ -1,20 +1,16 @@
 // The Setting page (template 107): unit-wide options and the hardware reset. ">>" steps the pending
 // values, Apply writes them; "Hardware Reset" acts at once.
 //
-// Models: box type 26 is complete. Of the others the texts are known, and the properties that they
-// use between them; which type uses which (kResets of setting_dlg.cpp) is a choice of
-// this page: types that take their commands by block keep OSD in block 21, no-signal in 22 and DIP
-// 8 in 15; the others keep lock, pattern and no-signal in word items 12, 13 and 17. A reset is the
-// value 1 on the property by which the type takes its commands, or 0 on 17 and 35; a type without a
-// row takes them by word item 3.
+// Models: which box has which option where, and what resets it, stands in catalogue/setting.h.
 #pragma once
 
-#include "pages/page.h"
+#include "catalogue/setting.h"
+#include "pages/option_page.h"
 #include "pages/setting/caution_dlg.h"
 
 namespace panelora {
 
-class CSettingDlg final : public Page {
+class CSettingDlg final : public OptionPage {
  public:
   explicit CSettingDlg(PanelContext context);
 
@@ -26,7 +22,8 @@ class CSettingDlg final : public Page {
   // row keeps the text.
   void Refresh(ui::SerialHandle serial) override;
 
-  // Writes every option of model 26, whatever is shown, and warns once when the DIP 8 mode changed.
+  // Writes every option of the model, whatever its firmware shows, and warns once when the DIP 8
+  // mode changed.
   void Apply() override;
 
   // There are no defaults to restore: the page is read again.
@@ -35,27 +32,14 @@ class CSettingDlg final : public Page {
   void OnCommand(int control, ui::Notification what) override;
 
  private:
-  void OnNextLock();
-  void OnNextOsd();
-  void OnNextPattern();
-  void OnNextNoSignal();
+  int LastIndex(int option) const override;
+  void LayOut();
+  void ReadDip8(const Kept& kept);
+  void WriteDip8(const Kept& kept);
   void OnNextDip8();
   void OnHardwareReset();
+  bool IsModel26() const { return kShippedType.Has(panel.identity.boxType); }
 
-  void LayOut();
-  void ShowDip8();
-  void RefreshModel26();
-  bool TakesBlocks() const;
-  void RefreshOtherTypes();
-  void ApplyOtherTypes();
-  void WarnOfChangedDip8();
-  bool IsModel26() const { return panel.identity.boxType == 26; }
-
-  std::uint8_t lock = 0;           // 1 = the front panel's buttons are locked
-  std::uint8_t pattern = 0;        // test pattern 0 to 13
-  std::uint8_t osd = 0;            // 1 = the on-screen display is hidden
-  std::uint8_t noSignal = 0;       // 0 black, 1 blue screen, 2 output disabled
-  std::uint8_t dip8 = 0;           // what DIP switch 8 does
   std::uint8_t dip8Confirmed = 0;  // the mode last read from the box or warned of
   std::uint8_t dip8Extra = 0;      // goes back to the box as it came
   CCautionDlg caution;
