@@ -87,16 +87,6 @@ class Page : public ui::DialogEvents {
   void Write(const Address& at, std::initializer_list<std::uint8_t> bytes) { box.Write(at, bytes); }
   void Write(const Address& at, std::span<const std::uint8_t> bytes) { box.Write(at, bytes); }
 
-  // The same for pages that know their properties by number alone.
-  bool ReadBlock(std::uint8_t property, std::uint8_t length, BlockBuffer& out) {
-    return Read(Block(property, length), out);
-  }
-  void WriteBlock(std::uint8_t property, std::initializer_list<std::uint8_t> bytes) {
-    Write(Block(property), bytes);
-  }
-  bool ReadWord(std::uint32_t item, std::uint8_t& value) { return Read(Word(item), value); }
-  void WriteWord(std::uint32_t item, std::uint8_t value) { Write(Word(item), {value}); }
-
   PanelState& panel;
   DeviceLink& device;
   ui::Toolkit& toolkit;

@@ -1,19 +1,17 @@
-// The Audio page (template 105): mute, source and standard of the embedded audio. ">>" steps the
-// pending selections, Apply writes them.
+// The Audio page (template 105): mute, source and standard of the embedded audio, and what else a
+// box does with it. ">>" steps the pending selections, Apply writes them.
 //
-// Models: box type 26 is complete; type 50 has its rows. Of the other types the controls, texts and
-// level rules are known, and the properties of the volumes; the rest is a choice of this page:
-// mute, source, XLR level, XLR impedance and output channel of those types are blocks 6, 10 (9 on
-// 14 and 36), 7, 32 and 32, the audio level combo belongs to brand 2 of 24, 34, 25 and 29, and the
-// HDMI volume's text stands in label 1052.
+// Models: which box has which option and volume where stands in catalogue/audio.h. That the audio
+// level combo belongs to brand 2 of 24, 34, 25 and 29, and that the HDMI volume's text stands in
+// label 1052, is a choice of this page.
 #pragma once
 
-#include "pages/cycling_group.h"
-#include "pages/page.h"
+#include "pages/audio/audio_volumes.h"
+#include "pages/option_page.h"
 
 namespace panelora {
 
-class CAudioDlg final : public Page {
+class CAudioDlg final : public OptionPage {
  public:
   explicit CAudioDlg(PanelContext context);
 
@@ -23,7 +21,7 @@ class CAudioDlg final : public Page {
   // Reads the box. A failed read keeps field and text; a value without a row keeps the text.
   void Refresh(ui::SerialHandle serial) override;
 
-  // Writes source, mute and standard, or what the model has instead; mute only where it is shown.
+  // Writes the source, then what else is shown; volumes that are not sent at once.
   void Apply() override;
 
   // There are no defaults to restore: the page is read again.
@@ -35,53 +33,24 @@ class CAudioDlg final : public Page {
   void OnCommand(int control, ui::Notification what) override;
 
  private:
-  void OnNextMute();
-  void OnNextSource();
-  void OnNextStandard();
-  void OnNextXlrLevel();
-  void OnNextXlrImpedance();
-  void OnNextChannel();
-  void OnVolumeDown() { StepVolume(-1); }
-  void OnVolumeUp() { StepVolume(1); }
-  void OnHdmiVolumeDown() { StepHdmiVolume(-1); }
-  void OnHdmiVolumeUp() { StepHdmiVolume(1); }
+  const Choice* Find(int option, std::uint8_t index) const override;
+  int LastIndex(int option) const override;
+  bool Has(int option) const;
+  bool ShowsMute() const;
+  bool IsLevelByDip() const;
+  audio::VolumeKind Kind() const { return volumes.KindOf(panel.identity); }
+
+  void LayOut();
+  void PlaceVolume(int top);
+  void PlaceLevels(int top);
+  void PlaceHdmiVolume(int top);
+  void ShowVolumes(std::uint8_t source);
+  void ShowBar(const VolumeBar& bar, int control, int caption);
+  void OnVolume(int louder);
   void OnLevelChosen();
 
-  void ShowMute();
-  void ShowSource();
-  void ShowStandard();
-  void ShowVolumes();
-  void ShowOutputLevel();
-  void ShowInputLevel();
-  void StepVolume(int louder);
-  void StepHdmiVolume(int louder);
-  void StepInputVolume(int louder);
-  void SendInputVolumes();
-  void SendOutputLevel();
-  void LayOut();
-  void PlaceVolume(int top, bool hasScale);
-  void PlaceHdmiVolume(int top);
-  void FillLevels();
-  void RefreshModel26();
-  void RefreshOtherTypes();
-  bool ReadVolumes();
-  bool ReadByte(std::uint8_t property, std::uint8_t& value);
-  void ApplyOtherTypes();
-  int LastSource() const;
-  bool HasLevelCombo() const;
-  bool ShowsMute() const;
-
-  std::uint8_t mute = 0;           // 1 = on
-  std::uint8_t standard = 0;       // 0 SMPTE, 1 EBU
-  std::uint8_t source = 0;         // index within the rows of the input
-  std::uint8_t input = 0;          // the box's video input code
-  std::uint8_t volume = 0;         // 0 to 100; raw 0 to 80 where the input level is shown
-  std::uint8_t volume2 = 0;        // 0 to 100: the second input, or HDMI
-  std::uint8_t pendingVolume = 0;  // the volume of the last Apply
-  std::uint8_t outputLevel = 62;   // raw 0 to 112, half decibels around 62
-  std::uint8_t xlrLevel = 0;
-  std::uint8_t xlrImpedance = 0;
-  std::uint8_t channel = 0;  // value of the type's output channel
+  std::uint8_t input = 0;  // the box's video input code
+  AudioVolumes volumes;
 };
 
 }  // namespace panelora

@@ -5,9 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/audio.h"
 #include "catalogue/video.h"
-#include "pages/audio/audio_options.h"
-#include "pages/option_table.h"
 #include "res/dialog_templates.h"
 #include "ui/text.h"
 
@@ -22,24 +21,23 @@ struct ReadingRow {
   std::vector<std::string> patterns;
 };
 
-template <class Row>
-std::vector<std::string> TextsOf(const Row* row, std::uint8_t Row::*key, const char* Row::*text) {
+std::vector<std::string> Options(Choices choices) {
   std::vector<std::string> texts;
-  for (;; ++row) {
-    if (row->*text != nullptr && *(row->*text) != '\0') texts.emplace_back(row->*text);
-    if (row->*key == kTableEnd) return texts;
-  }
-}
-
-std::vector<std::string> Options(video::Option option) {
-  std::vector<std::string> texts;
-  for (const Choice& choice : video::Options().options[option].choices) {
-    texts.emplace_back(choice.text);
-  }
+  for (const Choice& choice : choices) texts.emplace_back(choice.text);
   return texts;
 }
-std::vector<std::string> Options(const AudioOptionRow* table) {
-  return TextsOf(table, &AudioOptionRow::value, &AudioOptionRow::text);
+std::vector<std::string> Options(video::Option option) {
+  return Options(video::Options().options[option].choices);
+}
+std::vector<std::string> Options(audio::Option option) {
+  return Options(audio::Options().options[option].choices);
+}
+std::vector<std::string> Sources() {
+  std::vector<std::string> texts;
+  for (const audio::Sources& each : audio::AllSources()) {
+    for (const Choice& choice : each.choices) texts.emplace_back(choice.text);
+  }
+  return texts;
 }
 std::vector<std::string> And(std::vector<std::string> texts,
                              std::initializer_list<const char*> more) {
@@ -74,13 +72,13 @@ const std::vector<ReadingRow>& Readings() {
        {"www.telvero.example", "www.brightmoor.example", "www.corvane-pro.example",
         "www.quintrel.example", "www.lumexa.example", "www.pandrel.example",
         "www.corvane.example"}},
-      {res::kAudio, 1025, Options(kAudioMutes)},
-      {res::kAudio, 1028, TextsOf(kAudioSources, &AudioSourceRow::index, &AudioSourceRow::text)},
-      {res::kAudio, 1037, Options(kAudioStandards)},
+      {res::kAudio, 1025, Options(audio::kMute)},
+      {res::kAudio, 1028, Sources()},
+      {res::kAudio, 1037, Options(audio::kStandard)},
       {res::kAudio, 1055, {"L/R Audio Level"}},
-      {res::kAudio, 1040, Options(kXlrLevels)},
-      {res::kAudio, 1043, Options(kXlrImpedances)},
-      {res::kAudio, 1048, Options(kOutputChannels)},
+      {res::kAudio, 1040, Options(audio::kXlrLevel)},
+      {res::kAudio, 1043, Options(audio::kXlrImpedance)},
+      {res::kAudio, 1048, Options(audio::kChannel)},
       {res::kAudio,
        1058,
        {"L/R Audio Volume ( $ )", "Audio Volume ( # )", " Analog L/R Audio Output Level ( + #.# )",

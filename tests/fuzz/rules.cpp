@@ -156,7 +156,7 @@ Writes AudioApply(const Identity& id) {
   if (type != 51) writes.push_back(Perhaps(Block(6, 1)));
   if (In(type, {24, 34, 14, 36})) writes.push_back(Block(7, 1));
   if (type == 14) writes.push_back(Block(32, 1));
-  if (In(type, {29, 18, 32})) writes.push_back(Block(32, 1));
+  if (In(type, {29, 18, 32})) writes.push_back(Perhaps(Block(32, 1)));
   if (In(type, {46, 47, 48, 49, 52})) writes.push_back(Block(11, 2));
   if (In(type, {24, 34})) writes.push_back(Block(44, 2));
   return writes;

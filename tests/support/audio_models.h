@@ -247,7 +247,11 @@ class AudioModels : public ModelWalk {
     if (row) calls.push_back(SetBlock(SourceBlock(box.boxType), {row->code}));
     if (HasPart(box, 'm')) calls.push_back(SetBlock(6, {held.mute}));
     if (HasPart(box, 'x')) calls.push_back(SetBlock(7, {held.xlrLevel}));
-    if (HasPart(box, 'i') || HasPart(box, 'c')) calls.push_back(SetBlock(32, {held.option32}));
+    // A channel that has no name is not sent back.
+    const bool named = held.option32 >= 2 && held.option32 <= 8 && held.option32 / 2 != 2;
+    if (HasPart(box, 'i') || (HasPart(box, 'c') && named)) {
+      calls.push_back(SetBlock(32, {held.option32}));
+    }
     const Volume volume = VolumeOf(box.boxType);
     if (volume == Volume::kAttenuation) {
       calls.push_back(SetBlock(11, {held.volume, held.volume2}));
