@@ -33,9 +33,7 @@ CMainDlg::CMainDlg(DeviceLink& theDevice, ui::Toolkit& theToolkit,
 CMainDlg::~CMainDlg() {
   // While everything that hears of it still exists.
   if (window != nullptr) window->Close();
-  for (int code = 0; code <= static_cast<int>(PageCode::kTextLabels); ++code) {
-    PageOf(static_cast<PageCode>(code)).Destroy();
-  }
+  for (Page* page : pages) page->Destroy();
 }
 
 bool CMainDlg::IsAdmitted(std::uint8_t boxType) const {
@@ -79,10 +77,7 @@ bool CMainDlg::Init() {
 // its type is 255 by then.
 bool CMainDlg::ReadIdentity() {
   BlockBuffer block{};
-  if (device.GetKiraboxProperty(panel.deviceHandle, block::kIdentity, kNoSub, 20, block) !=
-      kSuccess) {
-    return false;
-  }
+  if (!Box(device, panel.deviceHandle).Read(Block(block::kIdentity, 20), block)) return false;
   if (block[0] != panel.identity.boxType) {
     panel.identity = {block[0], block[1], block[2], block[3], block[4]};
     panel.identityPair = {block[0], block[1]};
@@ -92,10 +87,10 @@ bool CMainDlg::ReadIdentity() {
 
 bool CMainDlg::CreatePages() {
   // In the order of their templates, all in the same place; only the first stays shown.
-  Page* const pages[] = {&information,   &videoMenu,   &audio,     &procAmp, &setting,
-                         &videoSettings, &displayMode, &tvWall,    &pip,     &genlock,
-                         &imageAdjust,   &roi,         &textLabels};
-  for (Page* page : pages) {
+  Page* const byTemplate[] = {&information,   &videoMenu,   &audio,     &procAmp, &setting,
+                              &videoSettings, &displayMode, &tvWall,    &pip,     &genlock,
+                              &imageAdjust,   &roi,         &textLabels};
+  for (Page* page : byTemplate) {
     if (!page->Create(*window)) return false;
     page->Place(kPageArea, kPictureButton);
   }
@@ -151,8 +146,7 @@ void CMainDlg::ApplyDevicePicture() {
   bool pipMark = false;
   if (PictureNeedsMultiViewBlock(panel.identity)) {
     BlockBuffer multiView{};
-    if (device.GetKiraboxProperty(panel.deviceHandle, block::kMultiView, kNoSub, 20, multiView) ==
-        kSuccess) {
+    if (Box(device, panel.deviceHandle).Read(Block(block::kMultiView, 20), multiView)) {
       panel.fittedOption = multiView[2];
       pipMark = multiView[1] == 1;
     }

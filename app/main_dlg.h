@@ -3,12 +3,13 @@
 // whether the box is there.
 #pragma once
 
+#include <array>
 #include <memory>
 #include <span>
 
 #include "app/about_dlg.h"
 #include "app/device_picture.h"
-#include "app/page_code.h"
+#include "catalogue/page_code.h"
 #include "pages/audio/audio_dlg.h"
 #include "pages/multiview/display_mode_dlg.h"
 #include "pages/multiview/genlock_dlg.h"
@@ -17,11 +18,11 @@
 #include "pages/multiview/roi_dlg.h"
 #include "pages/multiview/text_labels_dlg.h"
 #include "pages/multiview/tv_wall_dlg.h"
+#include "pages/page_opener.h"
 #include "pages/procamp/proc_amp_dlg.h"
 #include "pages/setting/setting_dlg.h"
 #include "pages/status/information_dlg.h"
 #include "pages/video/video_menu_dlg.h"
-#include "pages/video/video_pages.h"
 #include "pages/video/video_settings_dlg.h"
 
 namespace panelora {
@@ -29,7 +30,7 @@ namespace panelora {
 // The box types that this build treats as a box, from PANELORA_ADMITTED_BOX_TYPES.
 std::span<const std::uint8_t> AdmittedBoxTypes();
 
-class CMainDlg final : public ui::DialogEvents, public VideoPages {
+class CMainDlg final : public ui::DialogEvents, public PageOpener {
  public:
   // Every box type that is not admitted is treated as no box.
   CMainDlg(DeviceLink& theDevice, ui::Toolkit& theToolkit,
@@ -47,18 +48,10 @@ class CMainDlg final : public ui::DialogEvents, public VideoPages {
   bool IsConnected() const { return connected; }
   PageCode CurrentPage() const { return pageCode; }
 
-  // The show procedures that the Video menu calls. Each hides everything else, opens the page's
-  // function on the box (Video settings and TV Wall have none), reads the box and shows the page
-  // with its navigation buttons.
-  void ShowVideoSettings() override;
-  void ShowDisplayMode() override;
-  void ShowTvWall() override;
-  void ShowPip() override;
-  void ShowGenlock() override;
-  void ShowImageAdjust() override;
-  void ShowRoi() override;
-  // No button opens the Text Labels page.
-  void ShowTextLabels();
+  // Hides everything else, opens the page's function on the box where it has one, reads the box and
+  // shows the page with its navigation buttons; the keyboard goes to its first control. No button
+  // leads to Text Labels, and Information is shown otherwise.
+  void OpenPage(PageCode code) override;
 
   void OnCommand(int control, ui::Notification what) override;
   void OnTimer(int timer) override;
@@ -82,9 +75,9 @@ class CMainDlg final : public ui::DialogEvents, public VideoPages {
   // navigation.cpp: the buttons
   void OnInformation();
   void OnVideo();
-  void OnAudio();
-  void OnProcAmp();
-  void OnSetting();
+  void OnAudio() { OpenPage(PageCode::kAudio); }
+  void OnProcAmp() { OpenPage(PageCode::kProcAmp); }
+  void OnSetting() { OpenPage(PageCode::kSetting); }
   void OnReturn();
   void OnApply();
   void OnDefault();
@@ -102,21 +95,14 @@ class CMainDlg final : public ui::DialogEvents, public VideoPages {
   void ShowButtonAt(int control, int y);
   void MoveButton(int control, int y);
   void ShowHomeButtons();
-  void ShowSubPageButtons();
-  template <class SubPage>
-  void OpenSubPage(PageCode code, SubPage& page);
-  void EnterPage(PageCode code);
-  void OpenProcAmp();
-  void OpenTvWall();
-  void LeaveCurrentPage();
+  void ReopenPage(PageCode code);
+  void PlaceButtonsOf(PageCode code);
   void ReturnToInformation();
   void ReturnFromVideoPage();
   void ResetSubPages();
-  void ReadProcAmpCache();
-  void ReadWallLayout();
   void ChooseWall(std::uint8_t size);
-  bool IsModel26() const { return panel.identity.boxType == 26; }
-  Page& PageOf(PageCode code);
+  bool IsModel26() const { return kShippedType.Has(panel.identity.boxType); }
+  Page& PageOf(PageCode code) { return *pages[static_cast<std::size_t>(code)]; }
 
   DeviceLink& device;
   ui::Toolkit& toolkit;
@@ -142,6 +128,10 @@ class CMainDlg final : public ui::DialogEvents, public VideoPages {
   CImageAdjustDlg imageAdjust{context};
   CROIDlg roi{context};
   CTextLabelsDlg textLabels{context};
+  // By their codes.
+  std::array<Page*, 13> pages = {&information, &videoMenu,   &audio,         &procAmp, &setting,
+                                 &tvWall,      &displayMode, &videoSettings, &pip,     &genlock,
+                                 &imageAdjust, &roi,         &textLabels};
   CAboutDlg about;
 };
 

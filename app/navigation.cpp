@@ -3,12 +3,11 @@
 #include "app/navigation.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 #include "app/main_dlg.h"
-#include "device/box_types.h"
-#include "device/properties.h"
-#include "pages/multiview/wall_store.h"
+#include "catalogue/menu.h"
 
 namespace panelora {
 
@@ -22,24 +21,55 @@ constexpr std::uint32_t kVideoMenuFirmware = 274;
 // Firmware from which the Setting page has something to apply.
 constexpr std::uint32_t kSettingApplyFirmware = 281;
 
-// Models whose Information look lacks a button.
-constexpr BoxTypes kWithoutAudio = {5, 19, 27};
-constexpr BoxTypes kWithoutProcAmp = {5, 6, 7, 27, 52, 53, 54, 55};
+// What Default does on a page, and what Refresh does.
+enum class DefaultDoes : std::uint8_t { kProcAmp, kOwn, kOwnThenRefresh };
+enum class RefreshDoes : std::uint8_t { kRead, kReopen, kNothing };
 
-// Models that report the four picture values one by one.
-constexpr BoxTypes kSingleProcAmp = {13, 14, 15, 17, 18, 19, 20, 30, 32, 33, 35, 36, 43, 48, 49};
-// Models that are not asked for their picture values, which stand in the middle; 5 and 27 are asked
-// and have none either.
-constexpr BoxTypes kUnaskedProcAmp = {6, 7};
+// A button that a page shows, and its top; or where it stood last.
+constexpr int kStays = -1;
+struct ButtonPlace {
+  int control = 0;
+  int y = kStays;
+};
 
-constexpr BoxTypes kThreeVideoSubPagesOfBrand2 = {24, 34};
-constexpr BoxTypes kThreeVideoSubPagesOfOthers = {37, 38};
+struct PageRow {
+  DefaultDoes onDefault;
+  RefreshDoes onRefresh;
+  std::array<ButtonPlace, 5> buttons;
+};
 
-bool HasThreeVideoSubPages(const Identity& identity) {
-  const BoxTypes& types =
-      identity.brandCode == 2 ? kThreeVideoSubPagesOfBrand2 : kThreeVideoSubPagesOfOthers;
-  return types.Has(identity.boxType);
-}
+using enum DefaultDoes;
+using enum RefreshDoes;
+
+constexpr std::array<ButtonPlace, 5> kThreeButtons = {
+    {{kApplyButton, 65}, {kDefaultButton, 105}, {kReturnButton, 145}}};
+
+// By page code. That Default acts on the proc amp on pages without a default is deliberate. What
+// the model, its brand or its firmware adds or moves is code: see PlaceButtonsOf and OnVideo.
+constexpr PageRow kPages[] = {
+    /* Information   */ {kProcAmp, kRead, {}},
+    /* Video menu    */ {kProcAmp, kNothing, {{{kReturnButton}}}},
+    /* Audio         */ {kOwn, kRead, {{{kApplyButton, 65}, {kReturnButton, 105}}}},
+    /* Proc Amp      */ {kProcAmp, kReopen, {{{kDefaultButton, 65}}}},
+    /* Setting       */ {kOwn, kRead, {{{kReturnButton}}}},
+    /* TV Wall       */
+    {kProcAmp,
+     kReopen,
+     {{{kWall1Button}, {kWall2Button}, {kWall3Button}, {kWall4Button}, {kReturnButton, 225}}}},
+    /* Display Mode  */
+    {kOwn,
+     kRead,
+     {{{kApplyButton, 65}, {kDefaultButton, 105}, {kReturnButton, 145}, {kPageUpButton, 185}}}},
+    /* Video settings */
+    {kProcAmp, kRead, {{{kPageUpButton, 65}, {kApplyButton, 105}, {kReturnButton, 145}}}},
+    /* PIP           */ {kOwnThenRefresh, kRead, kThreeButtons},
+    /* Genlock       */ {kOwn, kRead, kThreeButtons},
+    /* Image Adjust  */ {kOwn, kRead, kThreeButtons},
+    /* ROI           */ {kOwn, kRead, kThreeButtons},
+    /* Text Labels   */ {kOwn, kNothing, kThreeButtons},
+};
+
+const PageRow& RowOf(PageCode code) { return kPages[static_cast<std::size_t>(code)]; }
 
 }  // namespace
 
@@ -69,46 +99,12 @@ void CMainDlg::OnCommand(int control, ui::Notification what) {
   DispatchCommand(*this, kCommands, control, what);
 }
 
-Page& CMainDlg::PageOf(PageCode code) {
-  switch (code) {
-    case PageCode::kInformation:
-      return information;
-    case PageCode::kVideoMenu:
-      return videoMenu;
-    case PageCode::kAudio:
-      return audio;
-    case PageCode::kProcAmp:
-      return procAmp;
-    case PageCode::kSetting:
-      return setting;
-    case PageCode::kTvWall:
-      return tvWall;
-    case PageCode::kDisplayMode:
-      return displayMode;
-    case PageCode::kVideoSettings:
-      return videoSettings;
-    case PageCode::kPip:
-      return pip;
-    case PageCode::kGenlock:
-      return genlock;
-    case PageCode::kImageAdjust:
-      return imageAdjust;
-    case PageCode::kRoi:
-      return roi;
-    case PageCode::kTextLabels:
-      return textLabels;
-  }
-  return information;
-}
-
 void CMainDlg::HideAllButtons() {
   for (const NavigationButton& button : kNavigationButtons) ShowButton(button.control, false);
 }
 
 void CMainDlg::HideAllPages() {
-  for (int code = 0; code <= static_cast<int>(PageCode::kTextLabels); ++code) {
-    PageOf(static_cast<PageCode>(code)).Show(false);
-  }
+  for (Page* page : pages) page->Show(false);
 }
 
 void CMainDlg::MoveButton(int control, int y) {
@@ -124,8 +120,8 @@ void CMainDlg::ShowButtonAt(int control, int y) {
 void CMainDlg::ShowHomeButtons() {
   ShowButton(kInformationButton);
   ShowButton(kVideoButton);
-  ShowButton(kAudioButton, !kWithoutAudio.Has(panel.identity.boxType));
-  ShowButton(kProcAmpButton, !kWithoutProcAmp.Has(panel.identity.boxType));
+  ShowButton(kAudioButton, !menu::kWithoutAudio.Has(panel.identity.boxType));
+  ShowButton(kProcAmpButton, !menu::kWithoutProcAmp.Has(panel.identity.boxType));
   ShowButton(kSettingButton);
 }
 
@@ -143,139 +139,67 @@ void CMainDlg::OnInformation() {
   information.Show(true);
 }
 
-void CMainDlg::EnterPage(PageCode code) {
+void CMainDlg::OpenPage(PageCode code) {
+  ReopenPage(code);
+  PageOf(code).FocusFirst();
+}
+
+// The keyboard stays where it is.
+void CMainDlg::ReopenPage(PageCode code) {
   pageCode = code;
   HideAllButtons();
   HideAllPages();
+  PageOf(code).Open();
+  PlaceButtonsOf(code);
+  PageOf(code).Show(true);
+}
+
+void CMainDlg::PlaceButtonsOf(PageCode code) {
+  for (const ButtonPlace& place : RowOf(code).buttons) {
+    if (place.control == 0) continue;
+    if (place.y != kStays) MoveButton(place.control, place.y);
+    ShowButton(place.control);
+  }
+  if (code == PageCode::kProcAmp) {
+    // Brand 2 has edits to apply, and without Page Up the RGB view of model 26 could not be
+    // reached.
+    int next = 105;
+    if (panel.identity.brandCode == 2) {
+      ShowButtonAt(kApplyButton, next);
+      next += kButtonHeight;
+    }
+    ShowButtonAt(kReturnButton, next);
+    if (IsModel26()) ShowButtonAt(kPageUpButton, next + kButtonHeight);
+  }
+  // Below that firmware model 26 has nothing to apply, and Return stays where it was last.
+  if (code == PageCode::kSetting &&
+      (!IsModel26() || panel.firmwareVersion >= kSettingApplyFirmware)) {
+    ShowButtonAt(kApplyButton, 65);
+    MoveButton(kReturnButton, 105);
+  }
 }
 
 void CMainDlg::OnVideo() {
-  pageCode = PageCode::kVideoMenu;
-  videoMenu.Init(panel.serialHandle);
-  HideAllButtons();
-  HideAllPages();
-  ShowButton(kReturnButton);
-  videoMenu.Show(true);
-  videoMenu.FocusFirst();
+  OpenPage(PageCode::kVideoMenu);
   if (!IsModel26()) return;
   if (panel.firmwareVersion >= kVideoMenuFirmware) {
     MoveButton(kReturnButton, 65);
   } else {
-    ShowVideoSettings();
+    OpenPage(PageCode::kVideoSettings);
   }
-}
-
-void CMainDlg::OnAudio() {
-  EnterPage(PageCode::kAudio);
-  audio.Init();
-  ShowButtonAt(kApplyButton, 65);
-  MoveButton(kReturnButton, 105);
-  audio.Refresh(panel.serialHandle);
-  ShowButton(kReturnButton);
-  audio.Show(true);
-  audio.FocusFirst();
-}
-
-void CMainDlg::OnProcAmp() {
-  OpenProcAmp();
-  procAmp.FocusFirst();
-}
-
-void CMainDlg::OpenProcAmp() {
-  pageCode = PageCode::kProcAmp;
-  ReadProcAmpCache();
-  HideAllButtons();
-  HideAllPages();
-  procAmp.Init(panel.serialHandle, panel.procAmpCache);
-  ShowButtonAt(kDefaultButton, 65);
-  int next = 105;
-  if (panel.identity.brandCode == 2) {
-    ShowButtonAt(kApplyButton, next);
-    next += kButtonHeight;
-  }
-  ShowButtonAt(kReturnButton, next);
-  // Without Page Up the RGB view of model 26 could not be reached.
-  if (IsModel26()) ShowButtonAt(kPageUpButton, next + kButtonHeight);
-  procAmp.Show(true);
-}
-
-// Values that the box does not tell are 128, the second RGB offset 0; the bytes behind those read
-// keep their earlier values.
-void CMainDlg::ReadProcAmpCache() {
-  ProcAmpCache& cache = panel.procAmpCache;
-  const std::uint8_t boxType = panel.identity.boxType;
-  ProcAmpBytes picture;
-  if (kSingleProcAmp.Has(boxType)) {
-    const auto read = [&](std::uint32_t control, std::uint8_t& value) {
-      WordBuffer words{};
-      if (device.GetVideoProcAmp(panel.deviceHandle, kBoxGroup, control, words) == kSuccess) {
-        value = static_cast<std::uint8_t>(words[0] & 0xFF);
-      }
-    };
-    read(proc_amp::kBrightness, picture.brightness);
-    read(proc_amp::kContrast, picture.contrast);
-    read(proc_amp::kHue, picture.hue);
-    read(proc_amp::kSaturation, picture.saturation);
-  } else if (!kUnaskedProcAmp.Has(boxType)) {
-    device.GetKiraboxProcAmp(panel.deviceHandle, picture);
-  }
-  cache[0] = picture.brightness;
-  cache[1] = picture.contrast;
-  cache[2] = picture.hue;
-  cache[3] = picture.saturation;
-  if (!IsModel26()) return;
-
-  constexpr std::uint8_t kRgbStart[] = {128, 128, 0};
-  BlockBuffer rgb{};
-  const bool read =
-      device.GetKiraboxProperty(panel.deviceHandle, block::kRgb, kNoSub, 3, rgb) == kSuccess;
-  for (std::size_t i = 0; i < 3; ++i) cache[4 + i] = read ? rgb[i] : kRgbStart[i];
-}
-
-void CMainDlg::OnSetting() {
-  EnterPage(PageCode::kSetting);
-  setting.Init();
-  setting.Refresh(panel.serialHandle);
-  ShowButton(kReturnButton);
-  // Below that firmware model 26 has nothing to apply, and Return stays where it was last.
-  if (!IsModel26() || panel.firmwareVersion >= kSettingApplyFirmware) {
-    ShowButtonAt(kApplyButton, 65);
-    MoveButton(kReturnButton, 105);
-  }
-  setting.Show(true);
-  setting.FocusFirst();
 }
 
 void CMainDlg::OnReturn() {
   HideAllButtons();
   HideAllPages();
   const PageCode left = pageCode;
-  LeaveCurrentPage();
+  PageOf(left).Leave();
   if (left <= PageCode::kSetting || left == PageCode::kTextLabels) {
     ReturnToInformation();
   } else {
     ReturnFromVideoPage();
   }
   ResetSubPages();
-}
-
-void CMainDlg::LeaveCurrentPage() {
-  switch (pageCode) {
-    case PageCode::kVideoSettings:
-      videoSettings.StopTimer();
-      break;
-    case PageCode::kProcAmp:
-      procAmp.Leave();
-      break;
-    case PageCode::kAudio:
-      audio.Leave();
-      break;
-    case PageCode::kGenlock:
-      genlock.RestoreDelays();
-      break;
-    default:
-      break;
-  }
 }
 
 void CMainDlg::ReturnToInformation() {
@@ -310,7 +234,7 @@ void CMainDlg::ReturnFromVideoPage() {
 void CMainDlg::ResetSubPages() {
   panel.cycleState = 0;
   videoSettings.SetSubPage(0);
-  procAmp.SetViewMode(0);
+  procAmp.SetSubPage(0);
   displayMode.ResetView();
 }
 
@@ -321,63 +245,32 @@ void CMainDlg::OnApply() {
 
 void CMainDlg::OnDefault() {
   panel.tickSkip = kSkipAfterRefresh;
-  switch (pageCode) {
-    case PageCode::kPip:
-      pip.RestoreDefaults();
-      OnRefresh();
-      break;
-    case PageCode::kGenlock:
-    case PageCode::kRoi:
-    case PageCode::kImageAdjust:
-    case PageCode::kSetting:
-    case PageCode::kDisplayMode:
-    case PageCode::kAudio:
-    case PageCode::kTextLabels:
-      PageOf(pageCode).RestoreDefaults();
-      break;
-    default:
-      procAmp.RestoreDefaults();  // deliberate: Default on any other page acts on the proc amp
-      break;
-  }
+  const DefaultDoes what = RowOf(pageCode).onDefault;
+  Page& page = what == kProcAmp ? procAmp : PageOf(pageCode);
+  page.RestoreDefaults();
+  if (what == kOwnThenRefresh) OnRefresh();
 }
 
 void CMainDlg::OnRefresh() {
-  switch (pageCode) {
-    case PageCode::kVideoMenu:
-    case PageCode::kTextLabels:
-      break;
-    case PageCode::kProcAmp:
-      OpenProcAmp();  // the keyboard stays where it is
-      break;
-    case PageCode::kTvWall:
-      OpenTvWall();
-      break;
-    default:
+  switch (RowOf(pageCode).onRefresh) {
+    case kRead:
       PageOf(pageCode).Refresh(panel.serialHandle);
+      break;
+    case kReopen:
+      ReopenPage(pageCode);
+      break;
+    case kNothing:
       break;
   }
   panel.tickSkip = kSkipAfterRefresh;
 }
 
 void CMainDlg::OnPageUp() {
-  switch (pageCode) {
-    case PageCode::kDisplayMode:
-      panel.cycleState = panel.cycleState == 0 ? 1 : 0;
-      displayMode.ShowView(panel.cycleState);
-      displayMode.Refresh(panel.serialHandle);
-      break;
-    case PageCode::kProcAmp:
-      panel.cycleState = panel.cycleState == 0 ? 1 : 0;
-      procAmp.SetViewMode(panel.cycleState);
-      break;
-    case PageCode::kVideoSettings:
-      panel.cycleState = (panel.cycleState + 1) % (HasThreeVideoSubPages(panel.identity) ? 3 : 2);
-      videoSettings.SetSubPage(panel.cycleState);
-      videoSettings.Refresh(panel.serialHandle);
-      break;
-    default:
-      break;
-  }
+  Page& page = PageOf(pageCode);
+  if (page.SubPages() < 2) return;
+  panel.cycleState = (panel.cycleState + 1) % page.SubPages();
+  page.SetSubPage(panel.cycleState);
+  page.Refresh(panel.serialHandle);
 }
 
 void CMainDlg::ChooseWall(std::uint8_t size) {
@@ -385,88 +278,6 @@ void CMainDlg::ChooseWall(std::uint8_t size) {
   panel.tilePosition = 0;
   tvWall.Layout();
 }
-
-void CMainDlg::ShowVideoSettings() {
-  EnterPage(PageCode::kVideoSettings);
-  panel.cycleState = 0;
-  videoSettings.SetSubPage(0);
-  videoSettings.Refresh(panel.serialHandle);
-  ShowButtonAt(kPageUpButton, 65);
-  ShowButtonAt(kApplyButton, 105);
-  ShowButtonAt(kReturnButton, 145);
-  videoSettings.Show(true);
-  videoSettings.FocusFirst();
-}
-
-// What the pages with defaults of their own have in common.
-void CMainDlg::ShowSubPageButtons() {
-  ShowButtonAt(kApplyButton, 65);
-  ShowButtonAt(kDefaultButton, 105);
-  ShowButtonAt(kReturnButton, 145);
-}
-
-void CMainDlg::ShowTvWall() {
-  OpenTvWall();
-  tvWall.FocusFirst();
-}
-
-void CMainDlg::OpenTvWall() {
-  EnterPage(PageCode::kTvWall);
-  ReadWallLayout();
-  tvWall.Init();
-  for (const int button : {kWall1Button, kWall2Button, kWall3Button, kWall4Button}) {
-    ShowButton(button);
-  }
-  ShowButtonAt(kReturnButton, 225);
-  tvWall.Show(true);
-}
-
-// A failed read keeps the earlier layout, and so does a size that no wall has: what is shown can
-// still be pressed.
-void CMainDlg::ReadWallLayout() {
-  const WallStore* store = FindWallStore(panel.identity.boxType);
-  if (store == nullptr) return;
-  const Box box(device, panel.deviceHandle);
-  std::uint8_t size = panel.wallSize;
-  std::uint8_t tile = panel.tilePosition;
-  if (store->block != 0) {
-    BlockBuffer wall{};
-    if (box.Read(Block(store->block, 20), wall)) {
-      size = wall[0];
-      tile = wall[1];
-    }
-  } else {
-    box.Read(Word(store->sizeItem), size);
-    box.Read(Word(store->tileItem), tile);
-  }
-  if (size < 1 || size > kMaxWallSize) return;
-  panel.wallSize = size;
-  panel.tilePosition = tile;
-}
-
-template <class SubPage>
-void CMainDlg::OpenSubPage(PageCode code, SubPage& page) {
-  EnterPage(code);
-  page.OnShowFromMenu();
-  ShowSubPageButtons();
-  page.Show(true);
-  page.FocusFirst();
-}
-
-void CMainDlg::ShowDisplayMode() {
-  OpenSubPage(PageCode::kDisplayMode, displayMode);
-  ShowButtonAt(kPageUpButton, 185);
-}
-
-void CMainDlg::ShowPip() { OpenSubPage(PageCode::kPip, pip); }
-
-void CMainDlg::ShowGenlock() { OpenSubPage(PageCode::kGenlock, genlock); }
-
-void CMainDlg::ShowImageAdjust() { OpenSubPage(PageCode::kImageAdjust, imageAdjust); }
-
-void CMainDlg::ShowRoi() { OpenSubPage(PageCode::kRoi, roi); }
-
-void CMainDlg::ShowTextLabels() { OpenSubPage(PageCode::kTextLabels, textLabels); }
 
 // The port is bound to the pages; nothing is sent to or read from it.
 void CMainDlg::OnPortChosen() {

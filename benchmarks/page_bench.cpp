@@ -32,16 +32,16 @@ constexpr Identity kGenlocked = {46, 0, 0, 0, 0};
 // The two pages that a refresh does not read, the video menu and the text labels, have no row.
 const Route kRoutes[] = {
     {"Information", kShipped, [](CMainDlg& panel) { Press(panel, kInformationButton); }},
-    {"VideoSettings", kShipped, [](CMainDlg& panel) { panel.ShowVideoSettings(); }},
+    {"VideoSettings", kShipped, [](CMainDlg& panel) { panel.OpenPage(PageCode::kVideoSettings); }},
     {"Audio", kShipped, [](CMainDlg& panel) { Press(panel, kAudioButton); }},
     {"ProcAmp", kShipped, [](CMainDlg& panel) { Press(panel, kProcAmpButton); }},
     {"Setting", kShipped, [](CMainDlg& panel) { Press(panel, kSettingButton); }},
-    {"ImageAdjust", kShipped, [](CMainDlg& panel) { panel.ShowImageAdjust(); }},
-    {"DisplayMode", kMultiViewer, [](CMainDlg& panel) { panel.ShowDisplayMode(); }},
-    {"TvWall", kWall, [](CMainDlg& panel) { panel.ShowTvWall(); }},
-    {"Pip", kMultiViewer, [](CMainDlg& panel) { panel.ShowPip(); }},
-    {"Genlock", kGenlocked, [](CMainDlg& panel) { panel.ShowGenlock(); }},
-    {"Roi", kGenlocked, [](CMainDlg& panel) { panel.ShowRoi(); }},
+    {"ImageAdjust", kShipped, [](CMainDlg& panel) { panel.OpenPage(PageCode::kImageAdjust); }},
+    {"DisplayMode", kMultiViewer, [](CMainDlg& panel) { panel.OpenPage(PageCode::kDisplayMode); }},
+    {"TvWall", kWall, [](CMainDlg& panel) { panel.OpenPage(PageCode::kTvWall); }},
+    {"Pip", kMultiViewer, [](CMainDlg& panel) { panel.OpenPage(PageCode::kPip); }},
+    {"Genlock", kGenlocked, [](CMainDlg& panel) { panel.OpenPage(PageCode::kGenlock); }},
+    {"Roi", kGenlocked, [](CMainDlg& panel) { panel.OpenPage(PageCode::kRoi); }},
 };
 
 void Refresh(::benchmark::State& state, const Route& route) {

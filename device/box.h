@@ -11,7 +11,8 @@
 
 namespace panelora {
 
-// Reads are true when the box answered, and change nothing otherwise.
+// Reads are true when the box answered. What a failed one leaves in bytes or words is nothing to
+// look at; a single value is left as it was.
 class Box {
  public:
   Box(DeviceLink& theLink, DeviceHandle theHandle) : link(&theLink), handle(theHandle) {}

@@ -65,6 +65,16 @@ class Page : public ui::DialogEvents {
   // Closes the window, for a main window that goes.
   void Destroy() { window.reset(); }
 
+  // The operator comes to the page: takes the handle of the box, opens the page's function on it
+  // where it has one, reads it and lays the page out.
+  virtual void Open() {}
+  // The operator goes by Return.
+  virtual void Leave() {}
+
+  // What Page Up steps through; a page without sub-pages has one.
+  virtual int SubPages() const { return 1; }
+  virtual void SetSubPage(int /*number*/) {}
+
   // Reads the box into the page. A failed read keeps what was shown, but for the formats of which
   // the pages say otherwise. The serial handle is kept and never used for input or output.
   virtual void Refresh(ui::SerialHandle serial) { serialHandle = serial; }
@@ -79,7 +89,7 @@ class Page : public ui::DialogEvents {
   // Talks to the box that is attached now; until the next time the page goes on with that handle.
   void TakeHandle() { box = Box(device, panel.deviceHandle); }
 
-  // True when the box answered; `out`, which is bytes, words or one value, changes only then.
+  // True when the box answered; see Box for what a failure leaves.
   template <class Out>
   bool Read(const Address& at, Out& out) {
     return box.Read(at, out);

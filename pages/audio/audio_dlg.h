@@ -18,6 +18,11 @@ class CAudioDlg final : public OptionPage {
   // Copies the device handle, sets fonts and captions, and shows the controls of the box type.
   void Init();
 
+  void Open() override {
+    Init();
+    Refresh(panel.serialHandle);
+  }
+
   // Reads the box. A failed read keeps field and text; a value without a row keeps the text.
   void Refresh(ui::SerialHandle serial) override;
 
@@ -26,9 +31,6 @@ class CAudioDlg final : public OptionPage {
 
   // There are no defaults to restore: the page is read again.
   void RestoreDefaults() override { Refresh(serialHandle); }
-
-  // The operator leaves the page by Return: pending selections are dropped by the next refresh.
-  void Leave() {}
 
   void OnCommand(int control, ui::Notification what) override;
 

@@ -113,11 +113,11 @@ void CDisplayModeDlg::ResetView() {
   view = 0;
 }
 
-void CDisplayModeDlg::ShowView(int shownView) {
+void CDisplayModeDlg::SetSubPage(int number) {
   HideEverything();
-  if (shownView == 0) PlaceModeView(nineModes == 1);
-  if (shownView == 1) PlaceLabelsView();
-  view = shownView;
+  if (number == 0) PlaceModeView(nineModes == 1);
+  if (number == 1) PlaceLabelsView();
+  view = number;
 }
 
 void CDisplayModeDlg::HideEverything() {
@@ -155,7 +155,7 @@ void CDisplayModeDlg::PlaceLabelsView() {
   }
 }
 
-void CDisplayModeDlg::OnShowFromMenu() {
+void CDisplayModeDlg::Open() {
   Write(Word(word::kBoxMenu10), {3});
   Refresh(serialHandle);
 }

@@ -21,7 +21,7 @@ class CDisplayModeDlg final : public Page {
   void Init(ui::SerialHandle serial);
 
   // Opens the function on the box, then refreshes.
-  void OnShowFromMenu();
+  void Open() override;
 
   // Reads what the view shows. A failed read keeps field and text; a mode, state or combination
   // without a row keeps the texts.
@@ -31,10 +31,11 @@ class CDisplayModeDlg final : public Page {
   void Apply() override;
 
   // Opening the function is the box's only restore.
-  void RestoreDefaults() override { OnShowFromMenu(); }
+  void RestoreDefaults() override { Open(); }
 
   // 0 shows the display mode, 1 the input labels, anything else nothing.
-  void ShowView(int shownView);
+  void SetSubPage(int number) override;
+  int SubPages() const override { return 2; }
 
   // Back to view 0 as Init laid it out.
   void ResetView();

@@ -183,7 +183,7 @@ void CGenlockDlg::Init() {
 }
 
 // What the box has now is what leaving the page goes back to.
-void CGenlockDlg::OnShowFromMenu() {
+void CGenlockDlg::Open() {
   previewed = false;
   OpenOnBox();
 }
@@ -394,7 +394,7 @@ void CGenlockDlg::SendDelays(bool final) {
   ShowDelays();
 }
 
-void CGenlockDlg::RestoreDelays() {
+void CGenlockDlg::Leave() {
   const bool changed = vDelay != vDelayApplied || hDelay != hDelayApplied;
   if (!std::exchange(previewed, false) || !changed) return;
   vDelay = vDelayApplied;

@@ -22,7 +22,7 @@ class CGenlockDlg final : public Page {
   void Init();
 
   // Opens the function on the box, then refreshes.
-  void OnShowFromMenu();
+  void Open() override;
 
   // Reads the box. A failed read keeps value and text, a value without a row keeps the text.
   void Refresh(ui::SerialHandle serial) override;
@@ -38,7 +38,7 @@ class CGenlockDlg final : public Page {
   void SendDelays(bool final);
 
   // The operator leaves the page: what previews changed is taken back, and nothing else is written.
-  void RestoreDelays();
+  void Leave() override;
 
   void OnCommand(int control, ui::Notification what) override;
   void OnSliderReleased(int slider) override;

@@ -85,7 +85,7 @@ void CImageAdjustDlg::Init() {
   Window().SetFont(kLowerFrame, ui::kCaptionFont);
 }
 
-void CImageAdjustDlg::OnShowFromMenu() {
+void CImageAdjustDlg::Open() {
   TakeHandle();
   switch (panel.identity.boxType) {
     case 24:

@@ -21,12 +21,12 @@ class CImageAdjustDlg final : public Page {
 
   // Takes the handle of the box, since a connection change does not initialise this page; opens the
   // function on the box (on box type 26 this restores position and size), then refreshes.
-  void OnShowFromMenu();
+  void Open() override;
 
   // Lays the page out for the box type and reads values and enabling. A failed read keeps both.
   void Refresh(ui::SerialHandle serial) override;
 
-  void RestoreDefaults() override { OnShowFromMenu(); }
+  void RestoreDefaults() override { Open(); }
 
   void OnCommand(int control, ui::Notification what) override;
 

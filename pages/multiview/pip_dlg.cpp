@@ -137,7 +137,7 @@ void CPIPDlg::Init(ui::SerialHandle serial) {
   }
 }
 
-void CPIPDlg::OnShowFromMenu() {
+void CPIPDlg::Open() {
   BlockOfInset firstPlace;
   firstPlace.fill(0xFF);
   if (HasPip()) {

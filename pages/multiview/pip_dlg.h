@@ -28,7 +28,7 @@ class CPIPDlg final : public Page {
 
   // Opens the function on the box, which puts the insets back in their first place, by the display
   // mode of the last refresh; then refreshes.
-  void OnShowFromMenu();
+  void Open() override;
 
   // Reads the box and lays the page out. What could not be read keeps its earlier value, and an
   // output format without a frame keeps the earlier frame.
@@ -38,7 +38,7 @@ class CPIPDlg final : public Page {
   // edit without a number ends it there, with the channel before it written.
   void Apply() override;
 
-  void RestoreDefaults() override { OnShowFromMenu(); }
+  void RestoreDefaults() override { Open(); }
 
   void OnSliderReleased(int slider) override;
 

@@ -122,7 +122,7 @@ std::uint8_t CROIDlg::RegionProperty() const {
   return IsOtherKind(panel.identity) ? model->otherRegion : model->region;
 }
 
-void CROIDlg::OnShowFromMenu() {
+void CROIDlg::Open() {
   TakeHandle();
   const std::uint8_t boxType = panel.identity.boxType;
   if (boxType == 39 || boxType == 40) Write(Block(block::kBoxMenu), {4});

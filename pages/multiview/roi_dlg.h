@@ -26,7 +26,7 @@ class CROIDlg final : public Page {
 
   // Takes the handle of the box, since a connection change does not initialise this page; switches
   // the region off on the box, then refreshes.
-  void OnShowFromMenu();
+  void Open() override;
 
   // Reads input format and region; a region without a size is set to half the input and written. A
   // failed read keeps what was shown.
@@ -35,7 +35,7 @@ class CROIDlg final : public Page {
   // Writes region and mode, and switches the region on; brand 2 can switch it off.
   void Apply() override;
 
-  void RestoreDefaults() override { OnShowFromMenu(); }
+  void RestoreDefaults() override { Open(); }
 
   // Writes the region alone, with switch and mode zero.
   void WriteRegion() { WriteAs(0, 0); }

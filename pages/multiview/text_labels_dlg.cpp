@@ -33,7 +33,7 @@ void CTextLabelsDlg::Init() {
   Window().PlaceControl(kLabel, {50, 175, 310, 35});
 }
 
-void CTextLabelsDlg::OnShowFromMenu() {
+void CTextLabelsDlg::Open() {
   TakeHandle();
   Write(Block(block::kBoxMenu), {3});
   Refresh(serialHandle);

@@ -16,14 +16,14 @@ class CTextLabelsDlg final : public Page {
 
   // Takes the handle of the box, since a connection change does not initialise this page; opens the
   // function on the box, whatever its type, then refreshes.
-  void OnShowFromMenu();
+  void Open() override;
 
   // Reads the label; a failed read changes nothing.
   void Refresh(ui::SerialHandle serial) override;
 
   void Apply() override;
 
-  void RestoreDefaults() override { OnShowFromMenu(); }
+  void RestoreDefaults() override { Open(); }
 
   void OnCommand(int control, ui::Notification what) override;
 

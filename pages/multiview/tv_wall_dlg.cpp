@@ -1,6 +1,6 @@
 #include "pages/multiview/tv_wall_dlg.h"
 
-#include "pages/multiview/wall_store.h"
+#include "catalogue/wall.h"
 #include "ui/text.h"
 
 namespace panelora {
@@ -25,7 +25,7 @@ constexpr Grid kGrids[] = {
 };
 
 const Grid* GridOf(std::uint8_t wallSize) {
-  return wallSize >= 1 && wallSize <= kMaxWallSize ? &kGrids[wallSize - 1] : nullptr;
+  return wallSize >= 1 && wallSize <= wall::kMaxSize ? &kGrids[wallSize - 1] : nullptr;
 }
 
 ui::Rect PlaceOf(const Grid& grid, int tile) {
@@ -46,9 +46,28 @@ int CTVWallDlg::Tiles() const {
   return grid == nullptr ? 0 : grid->size * grid->size;
 }
 
-void CTVWallDlg::Init() {
+void CTVWallDlg::Open() {
   TakeHandle();
+  ReadWall();
   Layout();
+}
+
+void CTVWallDlg::ReadWall() {
+  const wall::Store* store = wall::Find(panel.identity.boxType);
+  if (store == nullptr) return;
+  std::uint8_t size = panel.wallSize;
+  std::uint8_t tile = panel.tilePosition;
+  BlockBuffer bytes{};
+  if (store->tile.kind != Address::Kind::kNone) {
+    Read(store->size, size);
+    Read(store->tile, tile);
+  } else if (Read(store->size, bytes)) {
+    size = bytes[0];
+    tile = bytes[1];
+  }
+  if (size < 1 || size > wall::kMaxSize) return;
+  panel.wallSize = size;
+  panel.tilePosition = tile;
 }
 
 void CTVWallDlg::Layout() {
@@ -83,14 +102,14 @@ void CTVWallDlg::OnMousePress(int control) {
 }
 
 void CTVWallDlg::WriteChoice() {
-  const WallStore* store = FindWallStore(panel.identity.boxType);
+  const wall::Store* store = wall::Find(panel.identity.boxType);
   if (store == nullptr) return;
-  if (store->block != 0) {
-    Write(Block(store->block), {panel.wallSize, panel.tilePosition});
+  if (store->tile.kind == Address::Kind::kNone) {
+    Write(store->size, {panel.wallSize, panel.tilePosition});
     return;
   }
-  Write(Word(store->sizeItem), {panel.wallSize});
-  Write(Word(store->tileItem), {panel.tilePosition});
+  Write(store->size, {panel.wallSize});
+  Write(store->tile, {panel.tilePosition});
 }
 
 }  // namespace panelora

@@ -16,8 +16,10 @@ class CTVWallDlg final : public Page {
  public:
   explicit CTVWallDlg(PanelContext context) : Page(res::kTvWall, context) {}
 
-  // Copies the device handle and lays out the grid of the panel state.
-  void Init();
+  // Copies the device handle, reads the layout of the wall into the panel state, and lays it out.
+  // A failed read keeps the layout, and so does a size that no wall has: what is shown can still be
+  // pressed.
+  void Open() override;
 
   // Places the tiles of the grid, none of them chosen, and hides the others. A wall size outside 1
   // to 4 changes nothing.
@@ -29,6 +31,7 @@ class CTVWallDlg final : public Page {
   std::optional<ui::Colour> BackgroundColour() override { return ui::Colour{0, 0, 0}; }
 
  private:
+  void ReadWall();
   int Tiles() const;
   void ShowChosen(int chosen);
   void WriteChoice();

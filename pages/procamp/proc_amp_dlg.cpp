@@ -47,41 +47,39 @@ constexpr ValueRow kValues[] = {
     {1046, "RGB Offset", 1047, 1048, kNoEdit, 64},
 };
 
-bool HasNoPictureValues(std::uint8_t boxType) {
-  return boxType == 5 || boxType == 27 || boxType == 6 || boxType == 7;
-}
-
-// How other models select the channel whose values are read back: the value 0 on the property by
-// which they take their commands. Types without a row take word::kBoxMenu4.
-struct ChannelRow {
-  std::uint8_t boxType;
-  std::uint32_t item;  // kByBlock = block::kBoxMenu instead
-};
-constexpr std::uint32_t kByBlock = 0;
-constexpr ChannelRow kChannels[] = {
-    {24, word::kBoxMenu5}, {34, word::kBoxMenu5}, {23, word::kBoxMenu7}, {42, word::kBoxMenu7},
-    {37, kByBlock},        {38, kByBlock},        {39, kByBlock},        {40, kByBlock},
-    {46, kByBlock},        {47, kByBlock},        {48, kByBlock},        {49, kByBlock},
-    {50, kByBlock},        {51, kByBlock},
-};
-
-std::uint32_t ChannelItem(std::uint8_t boxType) {
-  for (const ChannelRow& row : kChannels) {
-    if (row.boxType == boxType) return row.item;
-  }
-  return word::kBoxMenu4;
-}
-
-// Models that store what Apply sent only when they are told to, and from which firmware.
-struct CommitRow {
-  std::uint8_t boxType;
-  std::uint32_t firmware;
-};
-constexpr CommitRow kCommits[] = {{24, 262}, {34, 262}, {25, 265}, {29, 265}, {20, 0}, {33, 0}};
-
 }  // namespace
 
 CProcAmpDlg::CProcAmpDlg(PanelContext context) : Page(res::kProcAmp, context) {}
+
+void CProcAmpDlg::Open() {
+  TakeHandle();
+  ReadCache();
+  Init(panel.serialHandle, panel.procAmpCache);
+}
+
+// Values that the box does not tell are 128, the second RGB offset 0; the bytes behind those read
+// keep their earlier values.
+void CProcAmpDlg::ReadCache() {
+  ProcAmpBytes told;
+  if (picture::kToldOneByOne.Has(panel.identity.boxType)) {
+    Read(ProcAmp(proc_amp::kBrightness), told.brightness);
+    Read(ProcAmp(proc_amp::kContrast), told.contrast);
+    Read(ProcAmp(proc_amp::kHue), told.hue);
+    Read(ProcAmp(proc_amp::kSaturation), told.saturation);
+  } else if (!picture::kNotAsked.Has(panel.identity.boxType)) {
+    box.Read(told);
+  }
+  ProcAmpCache& cache = panel.procAmpCache;
+  cache[0] = told.brightness;
+  cache[1] = told.contrast;
+  cache[2] = told.hue;
+  cache[3] = told.saturation;
+  if (!IsModel26()) return;
+
+  BlockBuffer rgb{};
+  if (!Read(picture::kRgb, rgb)) rgb = {128, 128, 0};
+  std::copy_n(rgb.begin(), 3, cache.begin() + kGain);
+}
 
 void CProcAmpDlg::Init(ui::SerialHandle serial, ProcAmpCache& cache) {
   TakeHandle();
@@ -99,7 +97,7 @@ void CProcAmpDlg::Init(ui::SerialHandle serial, ProcAmpCache& cache) {
     Window().SetFont(row.edit, ui::kCaptionFont);
     Window().SetTextLimit(row.edit, kEditCharacters);
   }
-  const bool adjustable = !HasNoPictureValues(panel.identity.boxType);
+  const bool adjustable = !picture::kWithoutValues.Has(panel.identity.boxType);
   if (!adjustable) std::fill_n(cache.begin(), kPictureValues, std::uint8_t{128});
   for (std::size_t i = 0; i < kPictureValues; ++i) {
     Window().EnableControl(kValues[i].slider, adjustable);
@@ -122,8 +120,8 @@ void CProcAmpDlg::ShowValues() {
   }
 }
 
-void CProcAmpDlg::SetViewMode(int mode) {
-  viewMode = mode;
+void CProcAmpDlg::SetSubPage(int number) {
+  viewMode = number;
   ShowView();
 }
 
@@ -170,19 +168,11 @@ void CProcAmpDlg::SendPicture(std::size_t index) {
 }
 
 void CProcAmpDlg::SendRgb() {
-  Write(Block(block::kRgb), {values[kGain], values[kOffset], values[kOffset2]});
+  Write(picture::kRgb, {values[kGain], values[kOffset], values[kOffset2]});
 }
 
 std::optional<int> CProcAmpDlg::Typed(std::size_t index) {
   return ui::ParseNumber(Window().Text(kValues[index].edit));
-}
-
-bool CProcAmpDlg::Commits() const {
-  if (panel.identity.brandCode != 2) return false;
-  for (const CommitRow& row : kCommits) {
-    if (row.boxType == panel.identity.boxType) return panel.firmwareVersion >= row.firmware;
-  }
-  return false;
 }
 
 void CProcAmpDlg::Apply() {
@@ -237,26 +227,21 @@ void CProcAmpDlg::ReadDefaults26() {
   values[kOffset] = 128;
   Write(Word(word::kCommand), {viewMode == 0 ? command::kProcAmpDefaults : command::kRgbDefaults});
   // The result of this call is not tested: what it does not fill keeps its value.
-  ProcAmpBytes picture{values[0], values[1], values[2], values[3]};
-  box.Read(picture);
-  values[0] = picture.brightness;
-  values[1] = picture.contrast;
-  values[2] = picture.hue;
-  values[3] = picture.saturation;
+  ProcAmpBytes told{values[0], values[1], values[2], values[3]};
+  box.Read(told);
+  values[0] = told.brightness;
+  values[1] = told.contrast;
+  values[2] = told.hue;
+  values[3] = told.saturation;
   BlockBuffer rgb{};
-  if (Read(Block(block::kRgb, 3), rgb)) {
+  if (Read(picture::kRgb, rgb)) {
     values[kGain] = rgb[0];
     values[kOffset] = rgb[1];
   }
 }
 
 void CProcAmpDlg::ReadDefaultsOneByOne() {
-  const std::uint32_t item = ChannelItem(panel.identity.boxType);
-  if (item == kByBlock) {
-    Write(Block(block::kBoxMenu), {0});
-  } else {
-    Write(Word(item), {0});
-  }
+  Write(picture::ChannelOf(panel.identity.boxType), {0});
   for (std::size_t i = 0; i < kPictureValues; ++i) {
     const bool told = Read(ProcAmp(kValues[i].control), values[i]);
     if (!told) toolkit.DebugOutput(kValues[i].failure);

@@ -2,14 +2,13 @@
 // its second view RGB gain and two RGB offsets. A slider writes as soon as it repaints with another
 // value.
 //
-// Models: box type 26 is complete. Other types show the picture controls only; the properties that
-// select the channel before their values are read back (kChannels of proc_amp_dlg.cpp) are those by
-// which they take their commands, and committing with control 255 is taken to belong to 24 and 34
-// from firmware 262, 25 and 29 from 265, and 20 and 33: a choice of this page.
+// Models: box type 26 is complete, the others show the picture controls only; how each tells its
+// values stands in catalogue/picture.h.
 #pragma once
 
 #include <optional>
 
+#include "catalogue/picture.h"
 #include "pages/page.h"
 
 namespace panelora {
@@ -22,8 +21,12 @@ class CProcAmpDlg final : public Page {
   // them. Types without picture values get 128 in the first four bytes of the cache.
   void Init(ui::SerialHandle serial, ProcAmpCache& cache);
 
+  // Reads the values into the cache of the panel state and takes them over from there.
+  void Open() override;
+
   // 0 = the picture controls, 1 = the RGB controls.
-  void SetViewMode(int mode);
+  void SetSubPage(int number) override;
+  int SubPages() const override { return 2; }
 
   // Takes the four edits over, one after the other, and sends what changed; ends at the first text
   // that is no number. Numbers above 255, and negative ones, become 255.
@@ -31,7 +34,7 @@ class CProcAmpDlg final : public Page {
 
   // The operator leaves by Return: on brand 2 the stored values are sent again where an edit shows
   // another number, and the edits are forgotten.
-  void Leave();
+  void Leave() override;
 
   // Has a box of type 26 restore the values of the view and reads them back, all but the second RGB
   // offset; selects the channel of another type and reads its picture values.
@@ -49,9 +52,10 @@ class CProcAmpDlg final : public Page {
   std::optional<int> Typed(std::size_t index);
   void ReadDefaults26();
   void ReadDefaultsOneByOne();
-  bool Commits() const;
+  void ReadCache();
+  bool Commits() const { return picture::Commits(panel.identity, panel.firmwareVersion); }
   bool HasEdits() const { return panel.identity.brandCode == 2; }
-  bool IsModel26() const { return panel.identity.boxType == 26; }
+  bool IsModel26() const { return kShippedType.Has(panel.identity.boxType); }
 
   // Brightness, contrast, hue, saturation, RGB gain, RGB offset (0 to 255 each), RGB offset 2 (0 to
   // 64) and three spare bytes.

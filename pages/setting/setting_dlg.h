@@ -18,6 +18,11 @@ class CSettingDlg final : public OptionPage {
   // have.
   void Init();
 
+  void Open() override {
+    Init();
+    Refresh(panel.serialHandle);
+  }
+
   // Reads the options that the firmware has. A failed read keeps value and text; a value without a
   // row keeps the text.
   void Refresh(ui::SerialHandle serial) override;

@@ -78,6 +78,12 @@ void CVideoSettingsDlg::Init() {
   SetSubPage(panel.cycleState);
 }
 
+void CVideoSettingsDlg::Open() {
+  panel.cycleState = 0;
+  SetSubPage(0);
+  Refresh(panel.serialHandle);
+}
+
 void CVideoSettingsDlg::SetSubPage(int number) {
   subPage = number;
   HideOptions();

@@ -20,8 +20,12 @@ class CVideoSettingsDlg final : public OptionPage {
   // sub-page of the panel state.
   void Init();
 
+  // Shows the first sub-page as the box has it; the handle is that of Init.
+  void Open() override;
+
   // Hides every control, then places and shows those of the sub-page (0, 1 or 2).
-  void SetSubPage(int number);
+  void SetSubPage(int number) override;
+  int SubPages() const override { return video::SubPages(panel.identity); }
 
   // Reads what the panel state's sub-page shows. A failed read keeps selection and text (output
   // colour falls back to value 0); a value without a row keeps the text and is not written back.
@@ -32,6 +36,7 @@ class CVideoSettingsDlg final : public OptionPage {
 
   // Stops the refresh timer, which Apply starts on boxes that can pass their input through.
   void StopTimer();
+  void Leave() override { StopTimer(); }
 
   void OnCommand(int control, ui::Notification what) override;
   void OnTimer(int timer) override;

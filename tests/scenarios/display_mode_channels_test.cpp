@@ -37,7 +37,7 @@ class DisplayModeChannels : public PanelTest {
     // The number of modes is read when the page is initialised.
     panel.reset();
     Start();
-    panel->ShowDisplayMode();
+    panel->OpenPage(PageCode::kDisplayMode);
     model = wanted;
     model.Take(wanted.mode);
     leadsTo.clear();

@@ -87,7 +87,7 @@ TEST_F(DisplayMode, Brand12ComesBackFromItsLabelsInThreeGroupsUntilThePageIsLeft
   Press(kPageUpButton);
   EXPECT_EQ(ShownControls(), kThreeGroups);
   Press(kReturnButton);
-  panel->ShowDisplayMode();
+  panel->OpenPage(PageCode::kDisplayMode);
   EXPECT_EQ(ShownControls(), kFourGroups);
 }
 
@@ -95,7 +95,7 @@ TEST_F(DisplayMode, LeavingThePageFromTheLabelsComesBackToTheModes) {
   Open({15, 0, 0, 0, 0});
   Press(kPageUpButton);
   Press(kReturnButton);
-  panel->ShowDisplayMode();
+  panel->OpenPage(PageCode::kDisplayMode);
   EXPECT_EQ(ShownControls(), kFourGroups);
   Press(kPageUpButton);
   EXPECT_EQ(ShownControls(), kLabelsView);
@@ -104,7 +104,7 @@ TEST_F(DisplayMode, LeavingThePageFromTheLabelsComesBackToTheModes) {
 TEST_F(DisplayMode, OpeningAndDefaultTellTheBoxAndRead) {
   for (const std::uint8_t type : Bytes{13, 15, 51}) {
     Open({type, 0, 0, 0, 0});
-    panel->ShowDisplayMode();
+    panel->OpenPage(PageCode::kDisplayMode);
     EXPECT_EQ(TakeCalls(), Join({kOpening, kModeReads})) << int{type};
     EXPECT_EQ(CallsOf(kDefaultButton), Join({kOpening, kModeReads})) << int{type};
     EXPECT_EQ(CallsOf(kPictureButton), kModeReads) << int{type};
@@ -123,7 +123,7 @@ TEST_F(DisplayMode, OtherTypesAreOnlyToldThatThePageIsOpen) {
     Start();
     const Calls start = TakeCalls();
     EXPECT_EQ(std::count(start.begin(), start.end(), "get block 1,0,20"), 1);
-    panel->ShowDisplayMode();
+    panel->OpenPage(PageCode::kDisplayMode);
     EXPECT_EQ(TakeCalls(), kOpening);
     EXPECT_EQ(CallsOf(kPictureButton), Calls{});
     EXPECT_EQ(CallsOf(kApplyButton), Calls{});
@@ -379,7 +379,7 @@ TEST_F(DisplayMode, TakesTheHandleOfABoxThatCameBack) {
   box.SetPresent(true);
   device.AnswerHandle(0x77);
   Tick();
-  panel->ShowDisplayMode();
+  panel->OpenPage(PageCode::kDisplayMode);
   box.Block(1)[0] = 3;
   Press(kPictureButton);
   EXPECT_EQ(Mode(), "Mode 3\t\t\t");
@@ -460,7 +460,7 @@ TEST_F(DisplayMode, InitTakesTheMode) {
   panel.reset();
   Start();
   device.Fail("get block 1,0,20");
-  panel->ShowDisplayMode();
+  panel->OpenPage(PageCode::kDisplayMode);
   EXPECT_EQ(Mode(), "Mode 4\t\t\t");
 }
 

@@ -52,12 +52,10 @@ class Endurance : public PanelTest {
 };
 
 TEST_F(Endurance, PagesThatAreOpenedAndLeft) {
-  using Show = void (CMainDlg::*)();
   StartWith(0x0126);
-  const Show shows[] = {&CMainDlg::ShowVideoSettings, &CMainDlg::ShowDisplayMode,
-                        &CMainDlg::ShowTvWall,        &CMainDlg::ShowPip,
-                        &CMainDlg::ShowGenlock,       &CMainDlg::ShowImageAdjust,
-                        &CMainDlg::ShowRoi,           &CMainDlg::ShowTextLabels};
+  const PageCode pages[] = {
+      PageCode::kVideoSettings, PageCode::kDisplayMode, PageCode::kTvWall, PageCode::kPip,
+      PageCode::kGenlock,       PageCode::kImageAdjust, PageCode::kRoi,    PageCode::kTextLabels};
   ExpectLevel(kPageCycles, [&] {
     for (const int button :
          {kInformationButton, kVideoButton, kAudioButton, kProcAmpButton, kSettingButton}) {
@@ -65,8 +63,8 @@ TEST_F(Endurance, PagesThatAreOpenedAndLeft) {
       if (desk.Shows(res::kMain, kPageUpButton)) Press(kPageUpButton);
       if (desk.Shows(res::kMain, kReturnButton)) Press(kReturnButton);
     }
-    for (const Show show : shows) {
-      (panel.get()->*show)();
+    for (const PageCode code : pages) {
+      panel->OpenPage(code);
       if (desk.Shows(res::kMain, kPageUpButton)) Press(kPageUpButton);
       Press(kReturnButton);
     }

@@ -31,7 +31,7 @@ TEST_F(FirstValues, FirmwareIsUnknown) {
 
 TEST_F(FirstValues, DisplayModeIsMode1OfItsFirstCode) {
   StartSilent({15, 0, 0, 0, 0});
-  panel->ShowDisplayMode();
+  panel->OpenPage(PageCode::kDisplayMode);
   EXPECT_EQ(desk.Text(res::kDisplayMode, 1045), "Mode 1");
   EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,1 = 1", "set word 0,2 = 1"}));
 }
@@ -39,7 +39,7 @@ TEST_F(FirstValues, DisplayModeIsMode1OfItsFirstCode) {
 // Five modes without the flag for nine.
 TEST_F(FirstValues, DisplayModesGoToMode5) {
   StartSilent({15, 0, 0, 0, 0});
-  panel->ShowDisplayMode();
+  panel->OpenPage(PageCode::kDisplayMode);
   for (int i = 0; i < 4; ++i) desk.Press(res::kDisplayMode, 1046);
   EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,1 = 5", "set word 0,2 = 0"}));
   desk.Press(res::kDisplayMode, 1046);
@@ -48,7 +48,7 @@ TEST_F(FirstValues, DisplayModesGoToMode5) {
 
 TEST_F(FirstValues, InputLabelsAreOff) {
   StartSilent({15, 2, 0, 0, 0});
-  panel->ShowDisplayMode();
+  panel->OpenPage(PageCode::kDisplayMode);
   Press(kPageUpButton);
   EXPECT_EQ(desk.Text(res::kDisplayMode, 1061), "OFF");
   desk.Press(res::kDisplayMode, 1062);
@@ -57,7 +57,7 @@ TEST_F(FirstValues, InputLabelsAreOff) {
 
 TEST_F(FirstValues, PipHasNoInset) {
   StartSilent({15, 0, 0, 0, 0});
-  panel->ShowPip();
+  panel->OpenPage(PageCode::kPip);
   for (const int slider : {1055, 1056, 1057, 1058}) EXPECT_FALSE(desk.Enables(res::kPip, slider));
   for (const int edit : {1076, 1077, 1078, 1079}) EXPECT_EQ(desk.Text(res::kPip, edit), "0000");
   EXPECT_EQ(CallsOf(kApplyButton), Calls{"set block 13,0,8: 00 00 00 00 00 00 00 00"});
@@ -65,7 +65,7 @@ TEST_F(FirstValues, PipHasNoInset) {
 
 TEST_F(FirstValues, GenlockRunsFreeWithoutDelays) {
   StartSilent({43, 0, 0, 0, 0});
-  panel->ShowGenlock();
+  panel->OpenPage(PageCode::kGenlock);
   EXPECT_EQ(desk.Text(res::kGenlock, 1079), "Free-Run");
   EXPECT_EQ(desk.Text(res::kGenlock, 1094), "75 ohms termination");
   for (const int slider : {1086, 1087}) EXPECT_FALSE(desk.Enables(res::kGenlock, slider));
@@ -81,7 +81,7 @@ TEST_F(FirstValues, GenlockRunsFreeWithoutDelays) {
 // The buttons of this model are enabled without a read.
 TEST_F(FirstValues, ImageStandsAtTheEndsOfItsRanges) {
   StartSilent({23, 0, 0, 0, 0});
-  panel->ShowImageAdjust();
+  panel->OpenPage(PageCode::kImageAdjust);
   TakeCalls();
   EXPECT_EQ(CallsOnPage(res::kImageAdjust, 1092), Calls{"set block 13,0,4: 00 05 00 05"});
   EXPECT_EQ(CallsOnPage(res::kImageAdjust, 1094), Calls{"set block 13,0,4: 00 05 00 05"});
@@ -92,7 +92,7 @@ TEST_F(FirstValues, ImageStandsAtTheEndsOfItsRanges) {
 TEST_F(FirstValues, RegionIsTheFullScreenOfAFrameOf1920By1080) {
   StartSilent({46, 0, 0, 0, 0});
   device.Fail("get block 18,0,30");  // which the opening writes
-  panel->ShowRoi();
+  panel->OpenPage(PageCode::kRoi);
   EXPECT_EQ(desk.Text(res::kRoi, 1045), "Full Screen");
   EXPECT_EQ(desk.SliderRange(res::kRoi, 1055), std::make_pair(0, 1920));
   EXPECT_EQ(desk.SliderRange(res::kRoi, 1056), std::make_pair(0, 1080));
@@ -103,7 +103,7 @@ TEST_F(FirstValues, RegionIsTheFullScreenOfAFrameOf1920By1080) {
 
 TEST_F(FirstValues, TextLabelIsDisabledAndBlank) {
   StartSilent({26, 0, 0, 0, 0});
-  panel->ShowTextLabels();
+  panel->OpenPage(PageCode::kTextLabels);
   EXPECT_EQ(desk.Text(res::kTextLabels, 1112), "Disable");
   EXPECT_EQ(
       CallsOf(kApplyButton),

@@ -75,7 +75,7 @@ TEST_F(Genlock, UnknownOutputAtTheStartHasNoRange) {
   box.Become({46, 0, 0, 0, 0}, 0x0126);
   box.Block(26) = {1, 99, 0, 0};
   Start();
-  panel->ShowGenlock();
+  panel->OpenPage(PageCode::kGenlock);
   EXPECT_EQ(desk.SliderRange(kPage, kVSlider), std::make_pair(0, 0));
   EXPECT_FALSE(desk.Shows(kPage, kHSlider));
   EXPECT_EQ(desk.Text(kPage, kVEdit), "100");
@@ -86,7 +86,7 @@ TEST_F(Genlock, BoxIsLockedWithBothDelaysAsItLeavesTheFactory) {
     for (const std::uint8_t type : group.types) {
       panel.reset();
       StartWith({type, 0, 0, 0, 0});
-      panel->ShowGenlock();
+      panel->OpenPage(PageCode::kGenlock);
       EXPECT_NE(ModeName(), "Free-Run") << int{type};
       EXPECT_TRUE(desk.Enables(kPage, kHSlider)) << int{type};
       ExpectShown(100, 200);
@@ -134,7 +134,7 @@ TEST_F(Genlock, LeavingFreeRunDoesNotAllowWhatTheReferenceForbids) {
 TEST_F(Genlock, FreeRunPreviewsNoDelayAndLeavingItWritesNothing) {
   Open(46, 0);
   EXPECT_EQ(CallsOf(kReturnButton), Calls{});
-  panel->ShowGenlock();
+  panel->OpenPage(PageCode::kGenlock);
   TakeCalls();
   desk.PressKey(kPage, kVEdit, ui::Key::kEnter);  // is disabled and gets no keys
   EXPECT_EQ(TakeCalls(), Calls{});
@@ -257,10 +257,10 @@ TEST_F(Genlock, ReturnTakesAPreviewBack) {
     Open(type, type == 20 ? 2 : 1);
     const Calls back = Delays(100, 200, false);
     EXPECT_EQ(CallsOf(kReturnButton), Calls{});  // nothing to take back
-    panel->ShowGenlock();
+    panel->OpenPage(PageCode::kGenlock);
     Slide(kVSlider, 300);
     EXPECT_EQ(CallsOf(kReturnButton), back);
-    panel->ShowGenlock();
+    panel->OpenPage(PageCode::kGenlock);
     ExpectShown(100, 200);
     desk.Press(kPage, kHUp);
     EXPECT_EQ(CallsOf(kReturnButton), back);
@@ -272,7 +272,7 @@ TEST_F(Genlock, ReturnAfterApplyWritesNothing) {
   Slide(kVSlider, 300);
   Press(kApplyButton);
   EXPECT_EQ(CallsOf(kReturnButton), Calls{});
-  panel->ShowGenlock();
+  panel->OpenPage(PageCode::kGenlock);
   Slide(kVSlider, 301);
   EXPECT_EQ(CallsOf(kReturnButton), Delays(300, 200, false));
 }
@@ -295,7 +295,7 @@ TEST_F(Genlock, AnotherBoxIsNotGivenTheDelaysOfTheOneBefore) {
   box.SetPresent(true);
   device.AnswerHandle(0x77);
   Tick();
-  panel->ShowGenlock();
+  panel->OpenPage(PageCode::kGenlock);
   ExpectShown(100, 200);
   EXPECT_EQ(CallsOf(kReturnButton), Calls{});
 }
@@ -353,7 +353,7 @@ TEST_F(Genlock, WhatNoPreviewChangedIsNotTakenBack) {
     // The box has other delays by now: they are what counts.
     const auto reopenWith = [&](int vertical, int horizontal) {
       SetBox(type == 20 ? 2 : 1, 10, 15, vertical, horizontal);
-      panel->ShowGenlock();
+      panel->OpenPage(PageCode::kGenlock);
       ExpectShown(vertical, horizontal);
     };
     reopenWith(300, 250);
@@ -394,7 +394,7 @@ TEST_F(Genlock, NothingOfTheBoxBeforeIsShown) {
   box.SetPresent(true);
   for (const std::string& read : Reads(39)) device.Fail(read);
   Tick();
-  panel->ShowGenlock();
+  panel->OpenPage(PageCode::kGenlock);
   EXPECT_EQ(FormatText(), "-  NO SIGNAL  -");
   EXPECT_EQ(ModeName(), "Free-Run");
   EXPECT_EQ(SyncName(), "75 ohms termination");

@@ -39,7 +39,7 @@ TEST_F(Genlock, OpeningTellsTheBoxThenReads) {
   for (const auto& [type, opening] : openings) {
     Open(Number(type));
     const Calls expected = Join({{opening}, Reads(Number(type))});
-    panel->ShowGenlock();
+    panel->OpenPage(PageCode::kGenlock);
     EXPECT_EQ(TakeCalls(), expected) << type;
     EXPECT_EQ(CallsOf(kDefaultButton), expected) << type;
     EXPECT_EQ(CallsOf(kPictureButton), Reads(Number(type))) << type;
@@ -62,7 +62,7 @@ TEST_F(Genlock, InitialisationReadsTheBox) {
 
 TEST_F(Genlock, OtherTypesAreAskedAndToldNothing) {
   StartWith({26, 0, 0, 0, 0});
-  panel->ShowGenlock();
+  panel->OpenPage(PageCode::kGenlock);
   for (const int button : {kPictureButton, kApplyButton, kDefaultButton}) Press(button);
   for (const int button : {kNextMode, kNextSync, kVUp, kVDown}) desk.Press(kPage, button);
   desk.PressKey(kPage, kVEdit, ui::Key::kEnter);
@@ -97,7 +97,7 @@ TEST_F(Genlock, FormatThatWasNeverReadIsNoSignal) {
     panel.reset();
     device.Fail(ui::Format("get block %d,0,30", GroupOf(type).reference));
     StartWith({type, 0, 0, 0, 0});
-    panel->ShowGenlock();
+    panel->OpenPage(PageCode::kGenlock);
     EXPECT_EQ(FormatText(), "-  NO SIGNAL  -");
     device.FailNothing();
   }

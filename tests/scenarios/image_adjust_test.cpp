@@ -39,7 +39,7 @@ TEST_F(ImageAdjust, OpensOnModel26WithARestoreAndItsReads) {
 TEST_F(ImageAdjust, LaysOutOneFrameOnModels26And50) {
   for (const std::uint8_t type : Bytes{26, 50}) {
     Open({type, 0, 0, 0, 0});
-    panel->ShowImageAdjust();
+    panel->OpenPage(PageCode::kImageAdjust);
     EXPECT_FALSE(desk.Shows(kPage, 1100));
     EXPECT_TRUE(desk.Shows(kPage, 1099));
     const int tops[] = {45, 105, 165, 225};
@@ -55,7 +55,7 @@ TEST_F(ImageAdjust, LaysOutOneFrameOnModels26And50) {
 TEST_F(ImageAdjust, LaysOutTwoFramesOnOtherModels) {
   for (const std::uint8_t type : Bytes{24, 34, 23, 42, 25, 29}) {
     Open({type, 0, 0, 0, 0});
-    panel->ShowImageAdjust();
+    panel->OpenPage(PageCode::kImageAdjust);
     EXPECT_EQ(desk.Text(kPage, 1099), "Position Adjust(VGA only)");
     EXPECT_EQ(desk.PlaceOf(kPage, 1099), (Rect{45, 5, 390, 135}));
     EXPECT_EQ(desk.PlaceOf(kPage, 1100), (Rect{45, 140, 390, 140}));
@@ -82,7 +82,7 @@ TEST_F(ImageAdjust, CaptionsAndFonts) {
 
 TEST_F(ImageAdjust, Model26EnablesPositionsOnVgaAndSizesOnUnderScan) {
   Open();
-  panel->ShowImageAdjust();
+  panel->OpenPage(PageCode::kImageAdjust);
   EXPECT_EQ(Enabled(), std::make_pair(false, false));
   box.Word(4) = {2, 0};
   box.Word(7) = {5, 0};
@@ -100,7 +100,7 @@ TEST_F(ImageAdjust, FailedReadLeavesTheEnabling) {
   Open();
   box.Word(4) = {2, 0};
   box.Word(7) = {5, 0};
-  panel->ShowImageAdjust();
+  panel->OpenPage(PageCode::kImageAdjust);
   device.Fail("get word 0,4");
   device.Fail("get word 0,7");
   box.Word(4) = {1, 0};
@@ -111,7 +111,7 @@ TEST_F(ImageAdjust, FailedReadLeavesTheEnabling) {
 
 TEST_F(ImageAdjust, DisabledButtonsWriteNothing) {
   Open();
-  panel->ShowImageAdjust();
+  panel->OpenPage(PageCode::kImageAdjust);
   for (const int button : kButtons) EXPECT_EQ(CallsOfPress(button), Calls{}) << button;
 }
 
@@ -121,7 +121,7 @@ class ImageAdjustOpen : public ImageAdjust {
     Open();
     box.Word(4) = {2, 0};
     box.Word(7) = {5, 0};
-    panel->ShowImageAdjust();
+    panel->OpenPage(PageCode::kImageAdjust);
     box.Block(17) = std::move(position);
     box.Block(18) = std::move(size);
     Press(kPictureButton);
@@ -220,7 +220,7 @@ TEST_F(ImageAdjust, EveryModelReadsAndWritesItsProperties) {
     // Whatever enables the buttons of this model.
     if (row.identity.boxType == 50) box.Block(15) = {5, 0};
     if (row.identity.boxType == 24 || row.identity.boxType == 34) box.Block(15) = {3, 0};
-    panel->ShowImageAdjust();
+    panel->OpenPage(PageCode::kImageAdjust);
     EXPECT_EQ(TakeCalls(), row.opening) << int{row.identity.boxType};
     EXPECT_EQ(CallsOfPress(1091), row.horizontalUp) << int{row.identity.boxType};
     EXPECT_EQ(CallsOfPress(1096), row.sizeDown) << int{row.identity.boxType};
@@ -234,7 +234,7 @@ TEST_F(ImageAdjust, ScalersEnableSizesOnlyForOneAspectRatio) {
     for (const std::uint8_t aspect : Bytes{3, 2, 5}) {
       box.Block(15) = {aspect, 0};
       box.Word(11) = {aspect, 0};
-      panel->ShowImageAdjust();
+      panel->OpenPage(PageCode::kImageAdjust);
       EXPECT_EQ(Enabled(), std::make_pair(false, aspect == 3)) << int{brand};
     }
     panel.reset();
@@ -243,12 +243,12 @@ TEST_F(ImageAdjust, ScalersEnableSizesOnlyForOneAspectRatio) {
 
 TEST_F(ImageAdjust, FramesAndRowsHaveTheirPlaces) {
   Open();
-  panel->ShowImageAdjust();
+  panel->OpenPage(PageCode::kImageAdjust);
   EXPECT_EQ(desk.Text(kPage, 1099), "Image Adjust");
   EXPECT_EQ(desk.PlaceOf(kPage, 1099), (Rect{45, 15, 390, 265}));
   panel.reset();
   Open({23, 0, 0, 0, 0});
-  panel->ShowImageAdjust();
+  panel->OpenPage(PageCode::kImageAdjust);
   const int tops[] = {35, 85, 170, 225};
   for (int row = 0; row < 4; ++row) {
     EXPECT_EQ(desk.PlaceOf(kPage, 1091 + 2 * row), (Rect{310, tops[row], 40, 40}));
@@ -269,7 +269,7 @@ TEST_F(ImageAdjust, FailedReadsOfOtherModelsKeepValuesAndEnabling) {
     Open(row.identity);
     box.Block(15) = {static_cast<std::uint8_t>(row.identity.boxType == 50 ? 5 : 3), 0};
     box.Block(static_cast<std::uint8_t>(row.sizeBlock)) = {90, 91};
-    panel->ShowImageAdjust();
+    panel->OpenPage(PageCode::kImageAdjust);
     device.Fail(row.enabling);
     device.Fail(row.sizes);
     box.Block(15) = {0, 0};
@@ -290,7 +290,7 @@ TEST_F(ImageAdjust, Model50EnablesByItsBlocks) {
     for (const std::uint8_t aspect : Bytes{5, 3}) {
       box.Block(3) = {input, 0};
       box.Block(15) = {aspect, 0};
-      panel->ShowImageAdjust();
+      panel->OpenPage(PageCode::kImageAdjust);
       EXPECT_EQ(Enabled(), std::make_pair(input == 2, aspect == 5));
     }
   }
@@ -298,7 +298,7 @@ TEST_F(ImageAdjust, Model50EnablesByItsBlocks) {
 
 TEST_F(ImageAdjust, DefaultRestoresAndReads) {
   Open();
-  panel->ShowImageAdjust();
+  panel->OpenPage(PageCode::kImageAdjust);
   TakeCalls();
   Press(kDefaultButton);
   EXPECT_EQ(TakeCalls(), (Calls{"set word 0,3 = 3", "get word 0,4", "get word 0,7",
@@ -307,7 +307,7 @@ TEST_F(ImageAdjust, DefaultRestoresAndReads) {
 
 TEST_F(ImageAdjust, ApplyWritesNothing) {
   Open();
-  panel->ShowImageAdjust();
+  panel->OpenPage(PageCode::kImageAdjust);
   TakeCalls();
   Press(kApplyButton);
   EXPECT_EQ(TakeCalls(), Calls{});
@@ -320,7 +320,7 @@ TEST_F(ImageAdjust, TakesTheHandleOfABoxThatCameLater) {
   device.AnswerHandle(0x77);
   Tick();
   box.Word(4) = {2, 0};
-  panel->ShowImageAdjust();
+  panel->OpenPage(PageCode::kImageAdjust);
   EXPECT_EQ(Enabled(), std::make_pair(true, false));
 }
 

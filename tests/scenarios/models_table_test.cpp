@@ -52,9 +52,9 @@ const std::string& CellOf(const Column& column, int boxType) {
 
 class ModelsTable : public PanelTest {
  protected:
-  Calls Opening(void (CMainDlg::*show)()) {
+  Calls Opening(PageCode code) {
     TakeCalls();
-    ((*panel).*show)();
+    panel->OpenPage(code);
     return TakeCalls();
   }
   static bool Asks(const Calls& calls) {
@@ -65,20 +65,19 @@ class ModelsTable : public PanelTest {
 
 TEST_F(ModelsTable, PagesAskTheTypesThatTheTableNames) {
   const std::map<std::string, Column> table = ReadTable();
-  const std::pair<const char*, void (CMainDlg::*)()> pages[] = {
-      {"Image Adjust", &CMainDlg::ShowImageAdjust},
-      {"Display Mode", &CMainDlg::ShowDisplayMode},
-      {"PIP", &CMainDlg::ShowPip},
-      {"TV Wall", &CMainDlg::ShowTvWall},
-      {"Genlock", &CMainDlg::ShowGenlock},
-      {"ROI", &CMainDlg::ShowRoi}};
+  const std::pair<const char*, PageCode> pages[] = {{"Image Adjust", PageCode::kImageAdjust},
+                                                    {"Display Mode", PageCode::kDisplayMode},
+                                                    {"PIP", PageCode::kPip},
+                                                    {"TV Wall", PageCode::kTvWall},
+                                                    {"Genlock", PageCode::kGenlock},
+                                                    {"ROI", PageCode::kRoi}};
   for (int boxType = 0; boxType < 255; ++boxType) {
     panel.reset();
     StartWith({static_cast<std::uint8_t>(boxType), 0, 0, 0, 0});
-    for (const auto& [name, show] : pages) {
+    for (const auto& [name, code] : pages) {
       ASSERT_TRUE(table.contains(name)) << name;
       const bool knows = CellOf(table.at(name), boxType) != "-";
-      const Calls opening = Opening(show);
+      const Calls opening = Opening(code);
       EXPECT_EQ(Asks(opening), knows) << name << " on " << boxType;
       if (knows) continue;
       // Nothing is told either, but for the one exception that is written beside the table.
@@ -90,7 +89,7 @@ TEST_F(ModelsTable, PagesAskTheTypesThatTheTableNames) {
     }
     // This one is for every type.
     TakeCalls();
-    panel->ShowTextLabels();
+    panel->OpenPage(PageCode::kTextLabels);
     EXPECT_EQ(TakeCalls(), (Calls{"set block 1,0,1: 03", "get block 41,0,60"})) << boxType;
   }
 }

@@ -134,34 +134,26 @@ TEST_F(Navigation, InformationButtonRefreshesAndKeepsTheOtherButtons) {
 struct MenuRow {
   PageCode code;
   int page;
-  void (CMainDlg::*show)();
   Texts buttons;
 };
 
 TEST_F(Navigation, VideoSubPagesShowTheirButtonsAndReturnToTheMenu) {
   const Texts usual = {"Apply 65", "Default 105", "Return 145"};
   const MenuRow rows[] = {
-      {PageCode::kVideoSettings,
-       res::kVideoSettings,
-       &CMainDlg::ShowVideoSettings,
-       {"Page Up 65", "Apply 105", "Return 145"}},
+      {PageCode::kVideoSettings, res::kVideoSettings, {"Page Up 65", "Apply 105", "Return 145"}},
       {PageCode::kDisplayMode,
        res::kDisplayMode,
-       &CMainDlg::ShowDisplayMode,
        {"Apply 65", "Default 105", "Return 145", "Page Up 185"}},
-      {PageCode::kTvWall,
-       res::kTvWall,
-       &CMainDlg::ShowTvWall,
-       {"1X1 65", "2X2 105", "3X3 145", "4X4 185", "Return 225"}},
-      {PageCode::kPip, res::kPip, &CMainDlg::ShowPip, usual},
-      {PageCode::kGenlock, res::kGenlock, &CMainDlg::ShowGenlock, usual},
-      {PageCode::kImageAdjust, res::kImageAdjust, &CMainDlg::ShowImageAdjust, usual},
-      {PageCode::kRoi, res::kRoi, &CMainDlg::ShowRoi, usual},
+      {PageCode::kTvWall, res::kTvWall, {"1X1 65", "2X2 105", "3X3 145", "4X4 185", "Return 225"}},
+      {PageCode::kPip, res::kPip, usual},
+      {PageCode::kGenlock, res::kGenlock, usual},
+      {PageCode::kImageAdjust, res::kImageAdjust, usual},
+      {PageCode::kRoi, res::kRoi, usual},
   };
   Start();
   for (const MenuRow& row : rows) {
     Press(kVideoButton);
-    ((*panel).*row.show)();
+    panel->OpenPage(row.code);
     EXPECT_EQ(panel->CurrentPage(), row.code);
     EXPECT_EQ(ShownPages(), std::vector<int>{row.page});
     EXPECT_EQ(Buttons(), row.buttons) << row.page;
@@ -176,7 +168,7 @@ TEST_F(Navigation, VideoSubPagesShowTheirButtonsAndReturnToTheMenu) {
 
 TEST_F(Navigation, TextLabelsReturnsToInformation) {
   Start();
-  panel->ShowTextLabels();
+  panel->OpenPage(PageCode::kTextLabels);
   EXPECT_EQ(panel->CurrentPage(), PageCode::kTextLabels);
   EXPECT_EQ(ShownPages(), std::vector<int>{res::kTextLabels});
   EXPECT_EQ(Buttons(), (Texts{"Apply 65", "Default 105", "Return 145"}));
@@ -265,17 +257,16 @@ TEST_F(Navigation, PageUpDoesNothingOnPagesWithoutASecondView) {
     stays();
     Press(kReturnButton);
   }
-  for (const auto show :
-       {&CMainDlg::ShowTvWall, &CMainDlg::ShowPip, &CMainDlg::ShowGenlock,
-        &CMainDlg::ShowImageAdjust, &CMainDlg::ShowRoi, &CMainDlg::ShowTextLabels}) {
-    (panel.get()->*show)();
+  for (const PageCode code : {PageCode::kTvWall, PageCode::kPip, PageCode::kGenlock,
+                              PageCode::kImageAdjust, PageCode::kRoi, PageCode::kTextLabels}) {
+    panel->OpenPage(code);
     stays();
   }
 }
 
 TEST_F(Navigation, PageUpTogglesOnDisplayMode) {
   Start();
-  panel->ShowDisplayMode();
+  panel->OpenPage(PageCode::kDisplayMode);
   for (const int state : {1, 0, 1}) {
     Press(kPageUpButton);
     EXPECT_EQ(panel->Panel().cycleState, state);
@@ -293,7 +284,7 @@ TEST_F(Navigation, VideoSettingsHasThreeSubPagesOnSomeModelsAndBrands) {
   admitted = {20, 24, 26, 34, 37, 38, 50};
   for (const Row& row : rows) {
     StartWith(0x0126, {row.boxType, row.brandCode, 0, 0, 0});
-    panel->ShowVideoSettings();
+    panel->OpenPage(PageCode::kVideoSettings);
     for (int press = 1; press <= 6; ++press) {
       Press(kPageUpButton);
       EXPECT_EQ(panel->Panel().cycleState, press % row.subPages)
@@ -305,9 +296,9 @@ TEST_F(Navigation, VideoSettingsHasThreeSubPagesOnSomeModelsAndBrands) {
 
 TEST_F(Navigation, OpeningVideoSettingsStartsAtSubPageZero) {
   Start();
-  panel->ShowVideoSettings();
+  panel->OpenPage(PageCode::kVideoSettings);
   Press(kPageUpButton);
-  panel->ShowVideoSettings();
+  panel->OpenPage(PageCode::kVideoSettings);
   EXPECT_EQ(panel->Panel().cycleState, 0);
 }
 
@@ -327,7 +318,7 @@ TEST_F(Navigation, WallButtonsSetSizeAndFirstTile) {
   admitted = {14};
   StartWith(0x0126, {14, 0, 0, 0, 0});
   box.Block(8) = {2, 3};
-  panel->ShowTvWall();
+  panel->OpenPage(PageCode::kTvWall);
   EXPECT_EQ(panel->Panel().wallSize, 2U);
   EXPECT_EQ(panel->Panel().tilePosition, 3U);
   const int buttons[] = {kWall1Button, kWall2Button, kWall3Button, kWall4Button};
@@ -354,7 +345,7 @@ TEST_F(Navigation, WallLayoutIsReadFromThePropertyOfTheModel) {
     for (const std::uint8_t type : row.types) {
       admitted = {type};
       StartWith(0x0126, {type, 0, 0, 0, 0});
-      panel->ShowTvWall();
+      panel->OpenPage(PageCode::kTvWall);
       EXPECT_EQ(TakeCalls(), row.calls) << int{type};
       panel.reset();
     }
@@ -365,10 +356,10 @@ TEST_F(Navigation, FailedWallReadKeepsTheEarlierLayout) {
   admitted = {14};
   StartWith(0x0126, {14, 0, 0, 0, 0});
   box.Block(8) = {3, 7};
-  panel->ShowTvWall();
+  panel->OpenPage(PageCode::kTvWall);
   device.Fail("get block 8,0,20");
   box.Block(8) = {1, 0};
-  panel->ShowTvWall();
+  panel->OpenPage(PageCode::kTvWall);
   EXPECT_EQ(panel->Panel().wallSize, 3U);
   EXPECT_EQ(panel->Panel().tilePosition, 7U);
 }
@@ -445,7 +436,7 @@ TEST_F(Navigation, PortListBindsAPortAndShowsInformation) {
 
 TEST_F(Navigation, InformationHidesThePagesUpToTvWallAndKeepsTheOthers) {
   Start();
-  panel->ShowRoi();
+  panel->OpenPage(PageCode::kRoi);
   Press(kInformationButton);
   EXPECT_EQ(ShownPages(), (std::vector<int>{res::kInformation, res::kRoi}));
   EXPECT_TRUE(desk.Shows(res::kMain, kApplyButton));
@@ -464,7 +455,7 @@ TEST_F(Navigation, InformationResetsPageUp) {
 TEST_F(Navigation, RefreshOnTheWallReadsItsLayoutAgain) {
   admitted = {14};
   StartWith(0x0126, {14, 0, 0, 0, 0});
-  panel->ShowTvWall();
+  panel->OpenPage(PageCode::kTvWall);
   TakeCalls();
   Press(kPictureButton);
   EXPECT_EQ(TakeCalls(), Calls{"get block 8,0,20"});

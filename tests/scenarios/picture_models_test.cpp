@@ -255,7 +255,7 @@ TEST_F(ImageModels, EveryTypeOpensAsksAndShows) {
       if (brand == 2 && !Has({20, 24, 26, 34, 50}, type)) continue;
       SCOPED_TRACE(Named(Box(type, brand)));
       StartAs(Box(type, brand));
-      panel->ShowImageAdjust();
+      panel->OpenPage(PageCode::kImageAdjust);
       EXPECT_EQ(TakeCalls(), Join({OpeningOf(type, brand), ReadsOf(type, brand)}));
       EXPECT_EQ(CallsOf(kPictureButton), ReadsOf(type, brand));
       EXPECT_EQ(CallsOf(kApplyButton), Calls{});
@@ -307,7 +307,7 @@ TEST_F(ImageModels, EveryValueStepsToItsEndsAndIsWrittenAtOnce) {
     for (const int brand : {0, 2}) {
       const Blocks blocks = BlocksOf(type, brand);
       StartAs(Box(type, brand));
-      panel->ShowImageAdjust();
+      panel->OpenPage(PageCode::kImageAdjust);
       for (const Values& start : starts) {
         SCOPED_TRACE(Named(Box(type, brand)) + " from " + std::to_string(start.horizontal));
         for (int button = 1091; button <= 1098; ++button) {
@@ -338,7 +338,7 @@ TEST_F(ImageModels, EveryReportEnablesWhatItLets) {
     for (const int brand : {0, 2}) {
       if (brand == 2 && !Has({20, 24, 26, 34, 50}, type)) continue;
       StartAs(Box(type, brand));
-      panel->ShowImageAdjust();
+      panel->OpenPage(PageCode::kImageAdjust);
       for (const int input : {1, 2, 3, 255}) {
         for (const int aspect : {2, 3, 4, 5, 6}) {
           const auto byte = [](int value) { return static_cast<std::uint8_t>(value); };
@@ -379,7 +379,7 @@ TEST_F(ImageModels, LayoutFollowsTheBoxThatIsConnected) {
     box.Become(Box(type), 0x0126);
     box.SetPresent(true);
     Tick();
-    panel->ShowImageAdjust();
+    panel->OpenPage(PageCode::kImageAdjust);
     const bool oneFrame = type == 26 || type == 50;
     EXPECT_EQ(desk.Shows(kPage, 1100), !oneFrame) << int{type};
     EXPECT_EQ(desk.Text(kPage, 1099), oneFrame ? "Image Adjust" : "Position Adjust(VGA only)");

@@ -40,7 +40,7 @@ class Pip : public PanelTest {
     box.Block(1)[0] = mode;
     SetInset(100, 50, 640, 360);
     SetFrame(1, 4);
-    panel->ShowPip();
+    panel->OpenPage(PageCode::kPip);
     SetInset(100, 50, 640, 360);  // the opening put it in its first place
     Press(kPictureButton);
     TakeCalls();
@@ -143,7 +143,7 @@ TEST_F(Pip, OpeningTellsTheBoxThenReads) {
   };
   for (const Row& row : rows) {
     Open({row.type, 0, 0, 0, 0}, row.mode);
-    panel->ShowPip();
+    panel->OpenPage(PageCode::kPip);
     EXPECT_EQ(TakeCalls(), Join({row.opening, Reads(row.type, row.mode)})) << int{row.type};
     EXPECT_EQ(CallsOf(kPictureButton), Reads(row.type, row.mode));
     // Default opens again and then refreshes.
@@ -155,13 +155,13 @@ TEST_F(Pip, OpeningTellsTheBoxThenReads) {
 TEST_F(Pip, OpeningGoesByTheModeOfTheLastRefresh) {
   Open({15, 0, 0, 0, 0}, 4);
   box.Block(1)[0] = 6;
-  panel->ShowPip();
+  panel->OpenPage(PageCode::kPip);
   EXPECT_EQ(TakeCalls(), Join({{"set block 13,0,8" + kOnes, "set word 0,10 = 2"}, Reads(15, 6)}));
 }
 
 TEST_F(Pip, OtherTypesAreAskedAndToldNothing) {
   StartWith({26, 0, 0, 0, 0});
-  panel->ShowPip();
+  panel->OpenPage(PageCode::kPip);
   for (const int button : {kPictureButton, kApplyButton, kDefaultButton}) Press(button);
   EXPECT_EQ(TakeCalls(), Calls{});
 }
@@ -549,7 +549,7 @@ TEST_F(Pip, TakesTheHandleOfABoxThatCameBack) {
   box.SetPresent(true);
   device.AnswerHandle(0x77);
   Tick();
-  panel->ShowPip();
+  panel->OpenPage(PageCode::kPip);
   SetInset(1, 2, 300, 200);
   Press(kPictureButton);
   EXPECT_EQ(Edits(kCh1), (Texts{"0001", "0002", "0300", "0200"}));
@@ -559,7 +559,7 @@ TEST_F(Pip, TakesTheHandleOfABoxThatCameBack) {
 TEST_F(Pip, FirstOpeningKnowsNoModeYet) {
   StartWith({15, 0, 0, 0, 0});
   box.Block(1)[0] = 6;
-  panel->ShowPip();
+  panel->OpenPage(PageCode::kPip);
   EXPECT_EQ(TakeCalls(), Join({{"set block 13,0,8" + kOnes, "set word 0,10 = 2"}, Reads(15, 6)}));
   EXPECT_EQ(Edits(kCh1), (Texts{"0100", "0100", "0640", "0360"}));
   EXPECT_EQ(Edits(kCh2), (Texts{"1100", "0100", "0640", "0360"}));
@@ -572,7 +572,7 @@ TEST_F(Pip, ModeSurvivesTheLossOfTheBox) {
   box.SetPresent(true);
   Tick();
   TakeCalls();
-  panel->ShowPip();
+  panel->OpenPage(PageCode::kPip);
   EXPECT_EQ(TakeCalls(),
             Join({{"set block 13,0,8" + kOnes, "set word 0,10 = 2", "set block 14,0,8" + kOnes},
                   Reads(15, 6)}));
@@ -588,7 +588,7 @@ TEST_F(Pip, ModeOfAnotherTypeAsksATypeWithoutInsetsNothing) {
   Tick();
   ASSERT_EQ(panel->Panel().identity.boxType, 26);
   TakeCalls();
-  panel->ShowPip();
+  panel->OpenPage(PageCode::kPip);
   for (const int button : {kPictureButton, kApplyButton, kDefaultButton}) Press(button);
   EXPECT_EQ(TakeCalls(), Calls{});
 }

@@ -286,7 +286,7 @@ TEST_F(ProcAmp, DefaultOnPagesWithoutDefaultsActsHere) {
   TakeCalls();
   Press(kDefaultButton);
   EXPECT_EQ(TakeCalls(), (Calls{"set word 0,3 = 0", "get proc amp", "get block 14,0,3"}));
-  panel->ShowVideoSettings();
+  panel->OpenPage(PageCode::kVideoSettings);
   TakeCalls();
   Press(kDefaultButton);
   EXPECT_EQ(TakeCalls(), (Calls{"set word 0,3 = 0", "get proc amp", "get block 14,0,3"}));

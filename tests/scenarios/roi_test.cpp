@@ -64,7 +64,7 @@ class Roi : public PanelTest {
   void OpenModel(const Identity& identity, const Region& region) {
     panel.reset();
     StartWith(identity);
-    panel->ShowRoi();  // switches the region off
+    panel->OpenPage(PageCode::kRoi);  // switches the region off
     for (const ModelRow& model : kModels) {
       if (model.identity.boxType == identity.boxType) property = model.region;
     }
@@ -147,7 +147,7 @@ TEST_F(Roi, EveryModelHasItsProperties) {
     if (model.identity.boxType == 39 || model.identity.boxType == 40) {
       opening.insert(opening.begin(), "set block 1,0,1: 04");
     }
-    panel->ShowRoi();
+    panel->OpenPage(PageCode::kRoi);
     EXPECT_EQ(TakeCalls(), opening);
     EXPECT_EQ(Values(), (Ints{0, 0, 960, 540}));
     EXPECT_EQ(CallsOf(kDefaultButton), opening);
@@ -158,7 +158,7 @@ TEST_F(Roi, OtherTypesAreAskedAndToldNothing) {
   for (const std::uint8_t type : Bytes{26, 50, 15, 37}) {
     panel.reset();
     StartWith({type, 0, 0, 0, 0});
-    panel->ShowRoi();
+    panel->OpenPage(PageCode::kRoi);
     for (const int button : {kPictureButton, kApplyButton}) Press(button);
     Slide(1055, 10);
     desk.Press(kPage, kNextMode);
@@ -169,7 +169,7 @@ TEST_F(Roi, OtherTypesAreAskedAndToldNothing) {
 // Where it keeps its region is not known.
 TEST_F(Roi, Type33IsAskedForItsInputAlone) {
   StartWith({33, 0, 0, 0, 0});
-  panel->ShowRoi();
+  panel->OpenPage(PageCode::kRoi);
   EXPECT_EQ(TakeCalls(), Calls{"get word 0,1"});
   Press(kApplyButton);
   Slide(1057, 10);
@@ -253,7 +253,7 @@ TEST_F(Roi, InputThatWasNeverReadKeepsTheFrame) {
     StartWith(0x0126, model.identity);
     SetRegion({0, 0, 0, 0, 1, 0});
     device.Fail(model.input);
-    panel->ShowRoi();
+    panel->OpenPage(PageCode::kRoi);
     EXPECT_EQ(Values(), (Ints{0, 0, 960, 540})) << int{model.identity.boxType};
     EXPECT_EQ(desk.SliderRange(kPage, 1057).second, 960);
     device.FailNothing();
@@ -389,7 +389,7 @@ TEST_F(Roi, FailedWritesAreNotMinded) {
   OpenModel({39, 0, 0, 0, 0}, {100, 50, 640, 360, 1, 0});
   device.Fail("set block 1,0,1: 04");
   device.Fail(Write(18, {0, 0, 0, 0, 2, 0}));
-  panel->ShowRoi();
+  panel->OpenPage(PageCode::kRoi);
   EXPECT_EQ(TakeCalls(), (Calls{"set block 1,0,1: 04", Write(18, {0, 0, 0, 0, 2, 0}),
                                 "get block 4,0,2", "get block 18,0,30"}));
   EXPECT_EQ(Values(), (Ints{100, 50, 640, 360}));
@@ -402,7 +402,7 @@ TEST_F(Roi, TakesTheHandleOfABoxThatCameBack) {
   box.SetPresent(true);
   device.AnswerHandle(0x77);
   Tick();
-  panel->ShowRoi();
+  panel->OpenPage(PageCode::kRoi);
   SetRegion({1, 2, 300, 200, 1, 0});
   Press(kPictureButton);
   EXPECT_EQ(Values(), (Ints{1, 2, 300, 200}));
@@ -411,7 +411,7 @@ TEST_F(Roi, TakesTheHandleOfABoxThatCameBack) {
 TEST_F(Roi, RegionThatWasNotReadIsNotWritten) {
   device.Fail("get block 18,0,30");
   StartWith({46, 0, 0, 0, 0});
-  panel->ShowRoi();
+  panel->OpenPage(PageCode::kRoi);
   EXPECT_EQ(TakeCalls(),
             (Calls{Write(18, {0, 0, 0, 0, 2, 0}), "get block 4,0,2", "get block 18,0,30"}));
   EXPECT_EQ(Mode(), "Full Screen");
@@ -427,7 +427,7 @@ TEST_F(Roi, RefreshReplacesAModeThatWasNotApplied) {
   SetRegion({100, 50, 640, 360, 1, 1});
   Press(kPictureButton);
   device.Fail("get block 18,0,30");
-  panel->ShowRoi();
+  panel->OpenPage(PageCode::kRoi);
   EXPECT_EQ(Mode(), "Full Screen");
 }
 

@@ -14,7 +14,7 @@ class TextLabels : public PanelTest {
   void Open(std::uint8_t type = 46) {
     panel.reset();
     StartWith({type, 0, 0, 0, 0});
-    panel->ShowTextLabels();
+    panel->OpenPage(PageCode::kTextLabels);
     TakeCalls();
   }
   // Refresh does nothing on this page: it is opened again.
@@ -23,7 +23,7 @@ class TextLabels : public PanelTest {
     block.insert(block.end(), label.begin(), label.end());
     block.resize(60, 'x');  // what stands behind the field is no part of it
     box.Block(41) = block;
-    panel->ShowTextLabels();
+    panel->OpenPage(PageCode::kTextLabels);
     TakeCalls();
   }
   static Calls Written(std::uint8_t state, const std::string& label) {
@@ -60,7 +60,7 @@ TEST_F(TextLabels, OpeningAndDefaultTellEveryBoxAndRead) {
   const Calls opening = {"set block 1,0,1: 03", "get block 41,0,60"};
   for (const std::uint8_t type : Bytes{26, 46, 15, 50, 51, 24}) {
     Open(type);
-    panel->ShowTextLabels();
+    panel->OpenPage(PageCode::kTextLabels);
     EXPECT_EQ(TakeCalls(), opening) << int{type};
     EXPECT_EQ(CallsOf(kDefaultButton), opening) << int{type};
     EXPECT_EQ(CallsOf(kPictureButton), Calls{}) << int{type};  // Refresh has nothing to read here
@@ -127,7 +127,7 @@ TEST_F(TextLabels, FailedReadChangesNothing) {
   Show(1, "        CAM         ");
   box.Block(41) = {0, 'N', 'E', 'W'};
   device.Fail("get block 41,0,60");
-  panel->ShowTextLabels();
+  panel->OpenPage(PageCode::kTextLabels);
   EXPECT_EQ(desk.Text(kPage, kState), "Enable");
   EXPECT_EQ(desk.Text(kPage, kLabel), "CAM");
   EXPECT_TRUE(desk.Enables(kPage, kLabel));
@@ -181,7 +181,7 @@ TEST_F(TextLabels, FailedWritesAreNotMinded) {
   Open();
   Show(1, "        CAM         ");
   device.Fail("set block 1,0,1: 03");
-  panel->ShowTextLabels();
+  panel->OpenPage(PageCode::kTextLabels);
   EXPECT_EQ(TakeCalls(), (Calls{"set block 1,0,1: 03", "get block 41,0,60"}));
   device.Fail(Written(1, "        CAM         ").front());
   EXPECT_EQ(CallsOf(kApplyButton), Written(1, "        CAM         "));

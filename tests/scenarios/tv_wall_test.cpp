@@ -1,5 +1,5 @@
 // The TV Wall page: grids, pictures of the tiles, and what a press on a tile writes.
-#include "pages/multiview/wall_store.h"
+#include "catalogue/wall.h"
 #include "tests/support/panel_test.h"
 
 namespace panelora::testing {
@@ -30,7 +30,7 @@ class TvWall : public PanelTest {
       box.Word(item) = {sizeByte, 0};
       box.Word(item + 1) = {tileByte, 0};
     }
-    panel->ShowTvWall();
+    panel->OpenPage(PageCode::kTvWall);
     TakeCalls();
   }
   Calls CallsOfTile(int tile) {
@@ -168,7 +168,7 @@ TEST_F(TvWall, TilesAreWrittenAsTheTypeTakesThem) {
       default:
         break;
     }
-    EXPECT_EQ(FindWallStore(static_cast<std::uint8_t>(type)) != nullptr, !expected.empty()) << type;
+    EXPECT_EQ(wall::Find(static_cast<std::uint8_t>(type)) != nullptr, !expected.empty()) << type;
     // On the page every type of the table, and some of the others.
     if (expected.empty() && type % 16 != 10) continue;
     Open(static_cast<std::uint8_t>(type));
@@ -190,7 +190,7 @@ TEST_F(TvWall, OpeningLaysOutTheGridOfTheBoxAndDrawsNoTileAsChosen) {
     Press(kPictureButton);
     EXPECT_EQ(Shown(), Grid(3)) << int{type};
     EXPECT_EQ(panel->Panel().tilePosition, 8U);
-    panel->ShowTvWall();
+    panel->OpenPage(PageCode::kTvWall);
     EXPECT_EQ(Shown(), Grid(3)) << int{type};
   }
 }
@@ -219,7 +219,7 @@ TEST_F(TvWall, FailedReadKeepsTheEarlierGrid) {
         box.Word(item) = {4, 0};
         box.Word(item + 1) = {1, 0};
       }
-      panel->ShowTvWall();
+      panel->OpenPage(PageCode::kTvWall);
       EXPECT_EQ(TakeCalls(), reads);
       EXPECT_EQ(Shown(), Grid(sizeFails ? 3 : 4)) << failing;
       EXPECT_EQ(panel->Panel().tilePosition, tileFails ? 4U : 1U) << failing;
@@ -240,9 +240,9 @@ TEST_F(TvWall, SizeOutsideOneToFourLaysOutNothing) {
     EXPECT_EQ(CallsOfTile(3), Calls{}) << size;
     // A grid that was shown before stays.
     box.Block(8) = {2, 1};
-    panel->ShowTvWall();
+    panel->OpenPage(PageCode::kTvWall);
     box.Block(8) = {static_cast<std::uint8_t>(size), 0};
-    panel->ShowTvWall();
+    panel->OpenPage(PageCode::kTvWall);
     EXPECT_EQ(Shown(), Grid(2));
     EXPECT_EQ(CallsOfTile(2), Calls{"set block 8,0,2: 02 02"});
   }
@@ -276,7 +276,7 @@ TEST_F(TvWall, TakesTheHandleOfABoxThatCameBack) {
   box.SetPresent(true);
   device.AnswerHandle(0x77);
   Tick();
-  panel->ShowTvWall();
+  panel->OpenPage(PageCode::kTvWall);
   EXPECT_EQ(CallsOfTile(3), Calls{"set block 8,0,2: 02 03"});
   EXPECT_EQ(box.Block(8), (Bytes{2, 3}));
 }
@@ -291,7 +291,7 @@ TEST_F(TvWall, OnlyTheLowByteOfAWordCounts) {
   Open(18);
   box.Word(8) = {0xFF03, 1};
   box.Word(9) = {0x1104, 1};
-  panel->ShowTvWall();
+  panel->OpenPage(PageCode::kTvWall);
   EXPECT_EQ(Shown(), Grid(3));
   EXPECT_EQ(panel->Panel().tilePosition, 4U);
 }
@@ -312,7 +312,7 @@ TEST_F(TvWall, EveryBoxOfAWallHasAPlaceInIt) {
   for (const int type : {14, 17, 18, 20, 30, 32, 33, 35, 36, 37, 38, 39, 40, 43, 46, 47, 48, 49}) {
     panel.reset();
     StartWith({static_cast<std::uint8_t>(type), 0, 0, 0, 0}, 0x0102);
-    panel->ShowTvWall();
+    panel->OpenPage(PageCode::kTvWall);
     EXPECT_EQ(Shown(), Grid(2)) << type;
     EXPECT_EQ(panel->Panel().tilePosition, 0U) << type;
   }

@@ -248,7 +248,7 @@ TEST_F(VideoSettingsModels, PassThroughThatWasNeverReadIsNeverWritten) {
   admitted = {20};
   StartWith(0x0126, Identity{20, 0, 0, 0, 0});
   device.Fail("get block 8,0,2");
-  panel->ShowVideoSettings();
+  panel->OpenPage(PageCode::kVideoSettings);
   const Calls others = {"set block 4,0,1: 0F", "set block 5,0,1: 00", "set block 15,0,1: 01"};
   EXPECT_EQ(CallsOf(kApplyButton), others);
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 0);  // nothing that the box would have to settle
@@ -266,7 +266,7 @@ TEST_F(VideoSettingsModels, PassThroughThatWasNeverReadIsNeverWritten) {
   for (int i = 0; i < 6; ++i) Tick();
   box.SetPresent(true);
   Tick();
-  panel->ShowVideoSettings();
+  panel->OpenPage(PageCode::kVideoSettings);
   EXPECT_EQ(CallsOf(kApplyButton), others);
 }
 
@@ -296,7 +296,7 @@ TEST_F(VideoSettingsModels, ReturnAndTheEndStopTheTimer) {
   CallsOf(kApplyButton);
   Press(kReturnButton);
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 0);
-  panel->ShowVideoSettings();
+  panel->OpenPage(PageCode::kVideoSettings);
   CallsOf(kApplyButton);
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 5000);
   ASSERT_EQ(desk.TimerPeriod(res::kMain, 1), 3000);
@@ -331,7 +331,7 @@ TEST_F(VideoSettingsModels, AutoPhaseFollowsTheInputThatARefreshReads) {
     EXPECT_FALSE(shownFor(99));  // none that is known
     box.Block(3) = {2, 0};
     Press(kReturnButton);
-    panel->ShowVideoSettings();
+    panel->OpenPage(PageCode::kVideoSettings);
     EXPECT_TRUE(desk.Shows(kPage, 1066));
     Press(kPageUpButton);
     EXPECT_FALSE(desk.Shows(kPage, 1066));

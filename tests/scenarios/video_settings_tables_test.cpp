@@ -188,7 +188,7 @@ class VideoTables : public ModelWalk {
  protected:
   void OpenAs(const Identity& identity, std::uint32_t firmware = 0x0126, int subPage = 0) {
     StartAs(identity, firmware);
-    panel->ShowVideoSettings();
+    panel->OpenPage(PageCode::kVideoSettings);
     for (int i = 0; i < subPage; ++i) Press(kPageUpButton);
     TakeCalls();
   }
@@ -364,7 +364,7 @@ TEST_F(VideoTables, SubPagesOfEveryOtherType) {
         Press(kPageUpButton);
       }
       Press(kReturnButton);  // the first sub-page comes back
-      panel->ShowVideoSettings();
+      panel->OpenPage(PageCode::kVideoSettings);
       Report(3, {1, 0});
       Reread();
       ASSERT_EQ(ShownOn(kPage), ExpectedPlaces(type, 0, false));
@@ -553,7 +553,7 @@ TEST_F(VideoTables, SelectionsOutliveAConnectionChange) {
   box.SetPresent(true);
   Tick();
   device.FailEverything();
-  panel->ShowVideoSettings();
+  panel->OpenPage(PageCode::kVideoSettings);
   device.FailNothing();
   EXPECT_EQ(CallsOf(kApplyButton), chosen);
 }
@@ -602,14 +602,14 @@ TEST_F(VideoTables, HandleIsThatOfTheLastConnection) {
   device.AnswerHandle(0x1234);
   for (int i = 0; i < 6; ++i) Tick();
   ReportWord(4, 4);
-  panel->ShowVideoSettings();
+  panel->OpenPage(PageCode::kVideoSettings);
   EXPECT_EQ(TextOf(kInput), "HDMI");
   Press(kReturnButton);
   box.SetPresent(false);
   for (int i = 0; i < 6; ++i) Tick();
   box.SetPresent(true);
   Tick();
-  panel->ShowVideoSettings();
+  panel->OpenPage(PageCode::kVideoSettings);
   EXPECT_EQ(TextOf(kInput), "SDI");
 }
 
@@ -618,7 +618,7 @@ TEST_F(VideoTables, FirstSelectionsOfEveryType) {
   for (const int type : kTypes) {
     StartAs(Box(type));
     device.FailEverything();
-    panel->ShowVideoSettings();
+    panel->OpenPage(PageCode::kVideoSettings);
     device.FailNothing();
     Calls expected;
     for (const Setting& setting : SettingsOf(Box(type), 0x0126, 0)) {
@@ -635,7 +635,7 @@ TEST_F(VideoTables, WithoutBoxTheFirstTextsStandAndNothingIsAsked) {
   box.SetPresent(false);
   Start();
   TakeCalls();
-  panel->ShowVideoSettings();
+  panel->OpenPage(PageCode::kVideoSettings);
   EXPECT_EQ(TakeCalls(), Calls{});
   EXPECT_EQ(TextOf(kInput), "HDMI");
 }

@@ -368,7 +368,7 @@ TEST_F(VideoSettings, InitialisingSetsTheOutputLevelBack) {
   box.SetPresent(true);
   Tick();
   device.Fail("get word 0,15");
-  panel->ShowVideoSettings();
+  panel->OpenPage(PageCode::kVideoSettings);
   Press(kPageUpButton);
   EXPECT_EQ(CallsOf(kApplyButton)[1], "set word 0,15 = 0");
 }

@@ -49,7 +49,7 @@ class DisplayMode : public PanelTest {
     box.Become(identity, firmware);
     box.Block(1) = {1, nineModes, labels};
     Start();
-    panel->ShowDisplayMode();
+    panel->OpenPage(PageCode::kDisplayMode);
     device.TakeCalls();
   }
   // The firmware above which other brands than 2 write labels is 288.

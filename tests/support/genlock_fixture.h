@@ -62,7 +62,7 @@ class Genlock : public PanelTest {
     device.FailNothing();
     StartWith({type, 0, 0, 0, 0});
     SetBox(mode, outputCode, inputCode, vertical, horizontal);
-    panel->ShowGenlock();
+    panel->OpenPage(PageCode::kGenlock);
     TakeCalls();
   }
   void SetBox(int mode, int outputCode, int inputCode, int vertical, int horizontal) {

@@ -22,18 +22,16 @@ class TirelessOperator {
   // Opens each page, uses all that is on it, goes on to its next sub-page and uses that, applies,
   // takes back, and leaves it. A box that went meanwhile is not noticed before a tick.
   void UseEveryPage() {
-    using Show = void (CMainDlg::*)();
-    const Show pages[] = {&CMainDlg::ShowVideoSettings, &CMainDlg::ShowDisplayMode,
-                          &CMainDlg::ShowTvWall,        &CMainDlg::ShowPip,
-                          &CMainDlg::ShowGenlock,       &CMainDlg::ShowImageAdjust,
-                          &CMainDlg::ShowRoi,           &CMainDlg::ShowTextLabels};
+    const PageCode pages[] = {
+        PageCode::kVideoSettings, PageCode::kDisplayMode, PageCode::kTvWall, PageCode::kPip,
+        PageCode::kGenlock,       PageCode::kImageAdjust, PageCode::kRoi,    PageCode::kTextLabels};
     for (const int button : {kInformationButton, kVideoButton, kAudioButton, kProcAmpButton,
                              kSettingButton, kPictureButton}) {
       Press(res::kMain, button);
       UseThePage();
     }
-    for (const Show show : pages) {
-      (panel.*show)();
+    for (const PageCode code : pages) {
+      panel.OpenPage(code);
       afterwards();
       UseThePage();
     }

@@ -29,7 +29,7 @@ class VideoSettings : public PanelTest {
   void Open(std::uint32_t firmware = 0x0126, Identity identity = {26, 0, 0, 0, 0}) {
     admitted = {identity.boxType};
     StartWith(firmware, identity);
-    panel->ShowVideoSettings();
+    panel->OpenPage(PageCode::kVideoSettings);
   }
   void OpenSubPage1(std::uint32_t firmware = 0x0126) {
     Open(firmware);

@@ -23,7 +23,7 @@ class MultiViewWindows : public PanelTest {
 
 TEST_F(MultiViewWindows, WallStandsOnBlackWithOneBrush) {
   StartWith({14, 0, 0, 0, 0});
-  panel->ShowTvWall();
+  panel->OpenPage(PageCode::kTvWall);
   desk.Settle();
   const HBRUSH brush = Background(res::kTvWall);
   LOGBRUSH black{};
@@ -42,7 +42,7 @@ TEST_F(MultiViewWindows, WallStandsOnBlackWithOneBrush) {
 
 TEST_F(MultiViewWindows, ChosenTileStaysDrawnAsChosen) {
   StartWith({14, 0, 0, 0, 0});
-  panel->ShowTvWall();
+  panel->OpenPage(PageCode::kTvWall);
   Press(kWall4Button);
   const auto pixels = [&] {
     std::vector<COLORREF> found;
@@ -68,7 +68,7 @@ TEST_F(MultiViewWindows, ChosenTileStaysDrawnAsChosen) {
 TEST_F(MultiViewWindows, PipSliderIsTakenWhenItIsLetGo) {
   StartWith({51, 0, 0, 0, 0});
   box.Block(1)[0] = 4;
-  panel->ShowPip();
+  panel->OpenPage(PageCode::kPip);
   desk.Settle();
   TakeCalls();
   const HWND slider = Page(res::kPip).ControlWindow(1055);
@@ -91,7 +91,7 @@ TEST_F(MultiViewWindows, PipSliderIsTakenWhenItIsLetGo) {
 // The page is told of the press first, and the button gets it all the same.
 TEST_F(MultiViewWindows, PressedTileIsPressedAsAButtonToo) {
   StartWith({14, 0, 0, 0, 0});
-  panel->ShowTvWall();
+  panel->OpenPage(PageCode::kTvWall);
   const HWND tile = Page(res::kTvWall).ControlWindow(1023);
   MSG message{};
   message.hwnd = tile;
@@ -111,7 +111,7 @@ TEST_F(MultiViewWindows, PressedTileIsPressedAsAButtonToo) {
 // What a slider puts behind its value is in the text and not on the screen.
 TEST_F(MultiViewWindows, LineFeedBehindAValueIsNotSeen) {
   StartWith({46, 0, 0, 0, 0});
-  panel->ShowRoi();
+  panel->OpenPage(PageCode::kRoi);
   desk.Drag(res::kRoi, 1057, 300);
   desk.Release(res::kRoi, 1057);
   ASSERT_EQ(desk.Text(res::kRoi, 1061), "600\n");
@@ -140,7 +140,7 @@ TEST_F(MultiViewWindows, LineFeedBehindAValueIsNotSeen) {
 // Drawing takes a device context as it is and leaves it so.
 TEST_F(MultiViewWindows, DrawingLeavesTheDeviceContextAsItWas) {
   StartWith({14, 0, 0, 0, 0});
-  panel->ShowTvWall();
+  panel->OpenPage(PageCode::kTvWall);
   desk.PressKey(res::kTvWall, 1021, ui::Key::kEscape);  // from now on the focus is marked
   struct Drawn {
     int dialog;
@@ -190,7 +190,7 @@ TEST_F(MultiViewWindows, DrawingLeavesTheDeviceContextAsItWas) {
 // The arrow keys count when they are let go.
 TEST_F(MultiViewWindows, SlidersAreTakenFromTheKeyboardToo) {
   StartWith({46, 0, 0, 0, 0});
-  panel->ShowGenlock();
+  panel->OpenPage(PageCode::kGenlock);
   desk.Settle();
   TakeCalls();
   const HWND slider = Page(res::kGenlock).ControlWindow(1086);

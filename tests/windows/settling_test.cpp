@@ -89,7 +89,7 @@ TEST_F(Settling, CaptionThatComesBackIsNotSet) {
 TEST_F(Settling, NothingRemainsOfTheSubPageBefore) {
   StartWith(0x0126);
   const HWND window = static_cast<win32::Win32Toolkit&>(desk.Toolkit()).Find(res::kMain)->Handle();
-  panel->ShowVideoSettings();
+  panel->OpenPage(PageCode::kVideoSettings);
   for (const char* look : {"the second", "the first"}) {
     Press(kPageUpButton);
     EXPECT_EQ(StalePixels(window), "") << look;
