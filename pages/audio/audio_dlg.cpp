@@ -2,8 +2,8 @@
 
 #include <iterator>
 
+#include "base/text.h"
 #include "res/dialog_templates.h"
-#include "ui/text.h"
 
 namespace panelora {
 
@@ -131,7 +131,7 @@ void CAudioDlg::PlaceLevels(int top) {
   const bool output = Kind() == VolumeKind::kOutputLevel;
   Window().ClearItems(kLevelCombo);
   for (const Choice& level : LevelsOf(Kind())) {
-    Window().AddItem(kLevelCombo, ui::Format(" %s", level.text));
+    Window().AddItem(kLevelCombo, Format(" %s", level.text));
   }
   Window().SetText(kScale, output ? kOutputScale : kInputScale);
   Window().SetText(kRuler, output ? kOutputRuler : kInputRuler);

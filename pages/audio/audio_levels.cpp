@@ -1,6 +1,6 @@
 #include "pages/audio/audio_levels.h"
 
-#include "ui/text.h"
+#include "base/text.h"
 
 namespace panelora {
 
@@ -16,8 +16,8 @@ LevelTexts OutputLevelTexts(int raw) {
   const int decibels = (positive ? raw - kOutputZero : kOutputZero - raw) / 2;
   const int half = raw % 2 != 0 ? 5 : 0;
   const char sign = positive ? '+' : '-';
-  return {ui::Format(" Analog L/R Audio Output Level ( %c %d.%d )", sign, decibels, half),
-          ui::Format(" %c%d.%d", sign, decibels, half)};
+  return {Format(" Analog L/R Audio Output Level ( %c %d.%d )", sign, decibels, half),
+          Format(" %c%d.%d", sign, decibels, half)};
 }
 
 // The three captions differ by a blank: they are kept as they are.
@@ -27,12 +27,12 @@ LevelTexts InputLevelTexts(int raw) {
   if (raw % 2 != 0) even += raw < kInputZero ? 1 : -1;
   const int steps = even / 2;
   if (raw > kInputZero) {
-    return {ui::Format("Analog L/R Audio Input Level ( - %d.%d )", steps - 10, half),
-            ui::Format("-%d.%d", steps - 10, half)};
+    return {Format("Analog L/R Audio Input Level ( - %d.%d )", steps - 10, half),
+            Format("-%d.%d", steps - 10, half)};
   }
   const char* format = raw == kInputZero ? " Analog L/R Audio Input Level ( + %d.%d )"
                                          : "Analog L/R Audio Input Level ( + %d.%d )";
-  return {ui::Format(format, 10 - steps, half), ui::Format("+%d.%d", 10 - steps, half)};
+  return {Format(format, 10 - steps, half), Format("+%d.%d", 10 - steps, half)};
 }
 
 }  // namespace panelora

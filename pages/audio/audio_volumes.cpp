@@ -1,7 +1,7 @@
 #include "pages/audio/audio_volumes.h"
 
+#include "base/text.h"
 #include "pages/audio/audio_levels.h"
-#include "ui/text.h"
 
 namespace panelora {
 
@@ -25,7 +25,7 @@ std::uint8_t Stepped(std::uint8_t value, int step, int maximum) {
 }
 
 VolumeBar VolumeOf(const char* caption, int shown) {
-  return {kMaxVolume, shown, std::string(caption) + ui::Format(" ( %d )", shown), ""};
+  return {kMaxVolume, shown, std::string(caption) + Format(" ( %d )", shown), ""};
 }
 
 }  // namespace

@@ -4,11 +4,11 @@
 #include <optional>
 #include <utility>
 
-#include "device/byte_order.h"
+#include "base/byte_order.h"
+#include "base/text.h"
 #include "pages/cycling_group.h"
 #include "pages/format_text.h"
 #include "pages/option_table.h"
-#include "ui/text.h"
 
 namespace panelora {
 
@@ -304,8 +304,8 @@ void CGenlockDlg::ShowDelays() {
 }
 
 void CGenlockDlg::ShowNumber(const DelayControls& delay, std::uint16_t value) {
-  Window().SetText(delay.edit, ui::Format("%d", value));
-  Window().SetText(delay.label, ui::Format("%d", value));
+  Window().SetText(delay.edit, Format("%d", value));
+  Window().SetText(delay.label, Format("%d", value));
 }
 
 void CGenlockDlg::OnCommand(int control, ui::Notification what) {
@@ -361,8 +361,8 @@ void CGenlockDlg::TakeSlider(const DelayControls& delay, std::uint16_t& value) {
 
 // False when an edit holds no number; both delays are kept then.
 bool CGenlockDlg::TakeEdits() {
-  const std::optional<int> vertical = ui::ParseNumber(Window().Text(kVertical.edit));
-  const std::optional<int> horizontal = ui::ParseNumber(Window().Text(kHorizontal.edit));
+  const std::optional<int> vertical = ParseNumber(Window().Text(kVertical.edit));
+  const std::optional<int> horizontal = ParseNumber(Window().Text(kHorizontal.edit));
   if (!vertical || !horizontal) return false;
   vDelay = static_cast<std::uint16_t>(std::clamp<int>(*vertical, 0, vDelayMax));
   hDelay = static_cast<std::uint16_t>(std::clamp<int>(*horizontal, 0, hDelayMax));

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "device/byte_order.h"
+#include "base/byte_order.h"
 
 namespace panelora {
 

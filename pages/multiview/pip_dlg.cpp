@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <optional>
 
-#include "device/byte_order.h"
-#include "ui/text.h"
+#include "base/byte_order.h"
+#include "base/text.h"
 
 namespace panelora {
 
@@ -242,8 +242,8 @@ void CPIPDlg::ShowValues(const Channel& channel, const PipWindow& inset) {
   for (const Side& side : channel.sides) {
     ShowSliders(side, inset);
     const auto show = [&](const Row& row, int value) {
-      Window().SetText(row.edit, ui::Format("%04d", value));
-      Window().SetText(row.label, ui::Format("%d", value));
+      Window().SetText(row.edit, Format("%04d", value));
+      Window().SetText(row.label, Format("%d", value));
     };
     show(side.position, inset.*side.positionField);
     show(side.size, ScaleOf(side) * (inset.*side.sizeField));
@@ -271,28 +271,28 @@ void CPIPDlg::OnSliderReleased(int slider) {
 
 void CPIPDlg::TakePosition(const Side& side, PipWindow& inset) {
   const int position = Window().SliderPosition(side.position.slider);
-  Window().SetText(side.position.label, ui::Format("%d", position));
+  Window().SetText(side.position.label, Format("%d", position));
   if (position == inset.*side.positionField) return;
   inset.*side.positionField = static_cast<std::uint16_t>(position);
-  Window().SetText(side.position.edit, ui::Format("%04d", position));
+  Window().SetText(side.position.edit, Format("%04d", position));
 }
 
 // A size that leaves the frame pushes the position back.
 void CPIPDlg::TakeSize(const Side& side, PipWindow& inset) {
   const int size = Window().SliderPosition(side.size.slider);
   const int shown = ScaleOf(side) * size;
-  Window().SetText(side.size.label, ui::Format("%d", shown));
+  Window().SetText(side.size.label, Format("%d", shown));
   if (size == inset.*side.sizeField) return;
   const int greatest = FrameOf(side) - shown;
   if (inset.*side.positionField > greatest) {
     inset.*side.positionField = static_cast<std::uint16_t>(greatest);
-    Window().SetText(side.position.edit, ui::Format("%04d", greatest));
+    Window().SetText(side.position.edit, Format("%04d", greatest));
   }
   inset.*side.sizeField = static_cast<std::uint16_t>(size);
   Window().SetSliderRange(side.position.slider, 0, greatest);
   Window().SetSliderPosition(side.position.slider, inset.*side.positionField);
-  Window().SetText(side.size.edit, ui::Format("%04d", shown));
-  Window().SetText(side.position.label, ui::Format("%d\n", greatest));
+  Window().SetText(side.size.edit, Format("%04d", shown));
+  Window().SetText(side.position.label, Format("%d\n", greatest));
 }
 
 // The first inset is written big-endian on the types 13 and 15 although it is read little-endian:
@@ -308,7 +308,7 @@ void CPIPDlg::Apply() {
 bool CPIPDlg::TakeEdits(const Channel& channel, PipWindow& inset) {
   std::array<int, 4> typed{};
   for (std::size_t i = 0; i < typed.size(); ++i) {
-    const std::optional<int> number = ui::ParseNumber(Window().Text(channel.Rows()[i]->edit));
+    const std::optional<int> number = ParseNumber(Window().Text(channel.Rows()[i]->edit));
     if (!number) return false;
     typed[i] = *number;
   }
@@ -324,7 +324,7 @@ void CPIPDlg::LimitAndStore(const Side& side, PipWindow& inset, int position, in
   const int scale = ScaleOf(side);
   const auto store = [&](std::uint16_t& value, int typed, int greatest, int edit, int shown) {
     const int limited = std::clamp(typed, 0, greatest);
-    if (limited != typed) Window().SetText(edit, ui::Format("%04d", shown));
+    if (limited != typed) Window().SetText(edit, Format("%04d", shown));
     value = static_cast<std::uint16_t>(limited);
   };
   std::uint16_t& storedSize = inset.*side.sizeField;

@@ -1,9 +1,9 @@
 #include "pages/multiview/roi_dlg.h"
 
-#include "device/byte_order.h"
+#include "base/byte_order.h"
+#include "base/text.h"
 #include "pages/cycling_group.h"
 #include "pages/option_table.h"
-#include "ui/text.h"
 
 namespace panelora {
 
@@ -190,7 +190,7 @@ void CROIDlg::ShowRegion() {
   const auto show = [&](const RoiRow& row, int maximum, int position, int value) {
     Window().SetSliderRange(row.slider, 0, maximum);
     Window().SetSliderPosition(row.slider, position);
-    Window().SetText(row.label, ui::Format("%d", value));
+    Window().SetText(row.label, Format("%d", value));
   };
   show(kHPos, frameWidth - roiWidth, roiX, roiX);
   show(kVPos, frameHeight - roiHeight, roiY, roiY);
@@ -221,7 +221,7 @@ void CROIDlg::OnSliderReleased(int slider) {
 
 void CROIDlg::TakePosition(const RoiRow& row, std::uint16_t& position) {
   const int taken = Window().SliderPosition(row.slider);
-  Window().SetText(row.label, ui::Format("%d\n", taken));
+  Window().SetText(row.label, Format("%d\n", taken));
   if (taken == position) return;
   position = static_cast<std::uint16_t>(taken);
   WriteRegion();
@@ -231,12 +231,12 @@ void CROIDlg::TakePosition(const RoiRow& row, std::uint16_t& position) {
 void CROIDlg::TakeSize(const RoiRow& row, std::uint16_t& size, const RoiRow& positionRow,
                        std::uint16_t& position, int frame) {
   const int taken = kSizeStep * Window().SliderPosition(row.slider);
-  Window().SetText(row.label, ui::Format("%d\n", taken));
+  Window().SetText(row.label, Format("%d\n", taken));
   if (taken == size) return;
   const int greatest = frame - taken;
   if (position > greatest) {
     position = static_cast<std::uint16_t>(greatest);
-    Window().SetText(positionRow.label, ui::Format("%d\n", greatest));
+    Window().SetText(positionRow.label, Format("%d\n", greatest));
   }
   size = static_cast<std::uint16_t>(taken);
   Window().SetSliderRange(positionRow.slider, 0, greatest);

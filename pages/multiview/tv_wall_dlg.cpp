@@ -1,7 +1,7 @@
 #include "pages/multiview/tv_wall_dlg.h"
 
+#include "base/text.h"
 #include "catalogue/wall.h"
-#include "ui/text.h"
 
 namespace panelora {
 
@@ -35,7 +35,7 @@ ui::Rect PlaceOf(const Grid& grid, int tile) {
 
 // The single tile has but one picture.
 std::string PictureOf(int size, int tile, bool chosen) {
-  return ui::Format("WND%dX%d_%02d_%c", size, size, tile, chosen && size > 1 ? 'D' : 'U');
+  return Format("WND%dX%d_%02d_%c", size, size, tile, chosen && size > 1 ? 'D' : 'U');
 }
 
 }  // namespace

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "base/text.h"
 #include "res/dialog_templates.h"
-#include "ui/text.h"
 
 namespace panelora {
 
@@ -113,9 +113,9 @@ void CProcAmpDlg::ShowValues() {
   for (std::size_t i = 0; i < std::size(kValues); ++i) {
     const ValueRow& row = kValues[i];
     Window().SetSliderPosition(row.slider, values[i]);
-    Window().SetText(row.label, ui::Format("%d", values[i]));
+    Window().SetText(row.label, Format("%d", values[i]));
     if (row.edit != kNoEdit && HasEdits()) {
-      Window().SetText(row.edit, ui::Format("%03d", values[i]));
+      Window().SetText(row.edit, Format("%03d", values[i]));
     }
   }
 }
@@ -145,9 +145,9 @@ void CProcAmpDlg::OnSliderRepainted(int slider) {
     if (row.slider != slider) continue;
     panel.tickSkip = kSkipAfterChange;
     const auto position = static_cast<std::uint8_t>(Window().SliderPosition(slider));
-    Window().SetText(row.label, ui::Format("%d", position));
+    Window().SetText(row.label, Format("%d", position));
     if (row.edit != kNoEdit && HasEdits()) {
-      Window().SetText(row.edit, ui::Format("%03d", position));
+      Window().SetText(row.edit, Format("%03d", position));
     }
     if (position == values[i]) return;
     if (row.edit == kNoEdit) {
@@ -172,7 +172,7 @@ void CProcAmpDlg::SendRgb() {
 }
 
 std::optional<int> CProcAmpDlg::Typed(std::size_t index) {
-  return ui::ParseNumber(Window().Text(kValues[index].edit));
+  return ParseNumber(Window().Text(kValues[index].edit));
 }
 
 void CProcAmpDlg::Apply() {

@@ -1,10 +1,10 @@
 #include "pages/status/information_dlg.h"
 
-#include "device/byte_order.h"
+#include "base/byte_order.h"
+#include "base/text.h"
 #include "pages/format_text.h"
 #include "pages/option_table.h"
 #include "res/dialog_templates.h"
-#include "ui/text.h"
 
 namespace panelora {
 
@@ -158,8 +158,8 @@ constexpr std::uint8_t kAddressBrand26 = 3;
 }  // namespace
 
 std::string FirmwareText(std::uint32_t version) {
-  return ui::Format("%X.%X.%X.%X", (version >> 12) & 0xF, (version >> 8) & 0xF,
-                    (version >> 4) & 0xF, version & 0xF);
+  return Format("%X.%X.%X.%X", (version >> 12) & 0xF, (version >> 8) & 0xF, (version >> 4) & 0xF,
+                version & 0xF);
 }
 
 std::string InputFormatName(std::uint8_t boxType, std::uint8_t code, bool divided) {

@@ -2,8 +2,8 @@
 
 #include <iterator>
 
+#include "base/text.h"
 #include "res/dialog_templates.h"
-#include "ui/text.h"
 
 namespace panelora {
 
@@ -218,7 +218,7 @@ void CVideoSettingsDlg::ShowFormatReport() {
   const CyclingGroup& controlsOfFormat = GroupOf(kOutputFormat);
   if (reported == 1) {
     if (format != nullptr) {
-      Window().SetText(controlsOfFormat.label, ui::Format("Output Format ( %s)", format->text));
+      Window().SetText(controlsOfFormat.label, Format("Output Format ( %s)", format->text));
     }
     Window().SetText(controlsOfFormat.value, "Pass Through");
     return;

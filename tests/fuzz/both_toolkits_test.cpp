@@ -12,6 +12,7 @@
 #include <string>
 #include <thread>
 
+#include "base/text.h"
 #include "platform/win32/tab_order.h"
 #include "platform/win32/win32_toolkit.h"
 #include "res/dialog_templates.h"
@@ -19,7 +20,6 @@
 #include "tests/fuzz/operator.h"
 #include "tests/support/desk.h"
 #include "tests/support/pixels_win32.h"
-#include "ui/text.h"
 
 namespace panelora::fuzz {
 namespace {
@@ -311,7 +311,7 @@ class RealPanel {
 };
 
 std::string TextOf(const ui::Rect& rect) {
-  return ui::Format("(%d, %d, %d, %d)", rect.x, rect.y, rect.width, rect.height);
+  return Format("(%d, %d, %d, %d)", rect.x, rect.y, rect.width, rect.height);
 }
 
 // The first difference in what a dialog shows; empty = none.
@@ -319,10 +319,10 @@ std::string DifferenceIn(const MemoryDialog& dialog, Desk& desk) {
   const int number = dialog.Number();
   const auto differs = [&](int control, const char* what, const std::string& in,
                            const std::string& on) {
-    return ui::Format("%s of control %d of %d: \"%s\" in memory, \"%s\" on windows", what, control,
-                      number, in.c_str(), on.c_str());
+    return Format("%s of control %d of %d: \"%s\" in memory, \"%s\" on windows", what, control,
+                  number, in.c_str(), on.c_str());
   };
-  if (desk.IsShown(number) != dialog.IsShown()) return ui::Format("only one shows %d", number);
+  if (desk.IsShown(number) != dialog.IsShown()) return Format("only one shows %d", number);
   for (const ui::ControlTemplate& row : res::FindDialog(number)->controls) {
     const int id = row.id;
     const MemoryControl& control = *dialog.Find(id);
@@ -368,7 +368,7 @@ std::string Difference(FuzzPanel& inMemory, Desk& desk, bool everything) {
   for (const ui::DialogTemplate& row : res::Dialogs()) {
     const MemoryDialog* dialog = inMemory.Toolkit().Find(row.number);
     if (desk.IsOpen(row.number) != (dialog != nullptr)) {
-      return ui::Format("only one has %d", row.number);
+      return Format("only one has %d", row.number);
     }
     if (dialog == nullptr || (!everything && !dialog->IsShown())) continue;
     const std::string difference = DifferenceIn(*dialog, desk);
@@ -384,8 +384,8 @@ std::string Difference(FuzzPanel& inMemory, Desk& desk, bool everything) {
   const auto focus = inMemory.Toolkit().Find(res::kMain)->FocusedControl();
   const auto real = desk.Focus(res::kMain);
   if (focus.second != real.second || (focus.second != 0 && focus.first != real.first)) {
-    return ui::Format("focus: %d of %d in memory, %d of %d on windows", focus.second, focus.first,
-                      real.second, real.first);
+    return Format("focus: %d of %d in memory, %d of %d on windows", focus.second, focus.first,
+                  real.second, real.first);
   }
   return "";
 }

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "catalogue/audio.h"
 #include "catalogue/video.h"
 #include "res/dialog_templates.h"
-#include "ui/text.h"
 
 namespace panelora::fuzz {
 

@@ -7,10 +7,10 @@
 #include <unordered_set>
 
 #include "app/navigation.h"
+#include "base/text.h"
 #include "res/dialog_templates.h"
 #include "tests/fuzz/captions.h"
 #include "tests/fuzz/rules.h"
-#include "ui/text.h"
 
 namespace panelora::fuzz {
 
@@ -310,7 +310,7 @@ void FuzzPanel::CheckPagesAndButtons() {
   if (panel.IsConnected()) wanted.push_back(DialogOf(panel.CurrentPage()));
   if (shown != wanted) {
     std::string text = "shown pages:";
-    for (const int page : shown) text += ui::Format(" %d", page);
+    for (const int page : shown) text += Format(" %d", page);
     Break(text);
   }
   std::set<int> buttons;
@@ -326,7 +326,7 @@ void FuzzPanel::CheckPagesAndButtons() {
       });
   if (!stated) {
     std::string text = "shown buttons:";
-    for (const int button : buttons) text += ui::Format(" %d", button);
+    for (const int button : buttons) text += Format(" %d", button);
     Break(text);
   }
 }
@@ -342,7 +342,7 @@ void FuzzPanel::CheckCaptions() {
       if (!state.shown) continue;
       if (control.kind == ui::ControlKind::kSlider &&
           (state.position < state.minimum || state.position > state.maximum)) {
-        Break(ui::Format("slider %d of %d stands outside", control.id, dialog.number));
+        Break(Format("slider %d of %d stands outside", control.id, dialog.number));
       }
       if (!IsCaption(control.kind)) continue;
       const std::pair key(dialog.number, control.id);
@@ -352,8 +352,8 @@ void FuzzPanel::CheckCaptions() {
       const bool same =
           first == FirstTexts().end() ? state.text == control.text : state.text == first->second;
       if (!same && !MayRead(dialog.number, control.id, state.text)) {
-        Break(ui::Format("control %d of %d reads \"%s\"", control.id, dialog.number,
-                         state.text.c_str()));
+        Break(
+            Format("control %d of %d reads \"%s\"", control.id, dialog.number, state.text.c_str()));
         return;
       }
       texts.insert(state.text);
@@ -371,7 +371,7 @@ void FuzzPanel::CheckFocus() {
   const MemoryDialog* dialog = toolkit.Find(number);
   const MemoryControl* state = dialog == nullptr ? nullptr : dialog->Find(control);
   if (state == nullptr || !dialog->IsShown() || !state->shown || !state->enabled) {
-    Break(ui::Format("the focus is on control %d of %d", control, number));
+    Break(Format("the focus is on control %d of %d", control, number));
   }
 }
 

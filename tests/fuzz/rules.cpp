@@ -4,8 +4,8 @@
 #include <initializer_list>
 
 #include "app/navigation.h"
+#include "base/text.h"
 #include "res/dialog_templates.h"
-#include "ui/text.h"
 
 namespace panelora::fuzz {
 
@@ -493,7 +493,7 @@ std::string Compare(const std::vector<Call>& writes, const AllowedWrites& allowe
     if (next != writes.end() && Fits(*next, each)) {
       ++next;
     } else if (each.needed) {
-      return ui::Format("a write to %u is missing", each.number) +
+      return Format("a write to %u is missing", each.number) +
              (next == writes.end() ? "" : " before " + TextOf(*next));
     }
   }

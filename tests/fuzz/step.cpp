@@ -3,7 +3,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "ui/text.h"
+#include "base/text.h"
 
 namespace panelora::fuzz {
 
@@ -38,13 +38,13 @@ bool HasDialog(Act act) { return HasControl(act) || act == Act::kRepaint; }
 // Typed text stands in hexadecimal: it may be anything.
 std::string TextOf(const Step& step) {
   std::string line = kNames[static_cast<int>(step.act)];
-  const auto add = [&](int number) { line += ui::Format(" %d", number); };
+  const auto add = [&](int number) { line += Format(" %d", number); };
   if (HasDialog(step.act)) add(step.dialog);
   if (HasControl(step.act)) add(step.control);
   for (int i = 0; i < NumbersOf(step.act); ++i) add(step.numbers[static_cast<std::size_t>(i)]);
   if (step.act == Act::kType) {
     line += " =";
-    for (const char byte : step.text) line += ui::Format("%02X", static_cast<unsigned char>(byte));
+    for (const char byte : step.text) line += Format("%02X", static_cast<unsigned char>(byte));
   }
   return line;
 }

@@ -358,7 +358,7 @@ TEST_F(Audio, LevelComboOfTheOutputWritesAtOnce) {
     for (int i = 0; i < 8; ++i) {
       TakeCalls();
       desk.Choose(kPage, 1108, i);
-      EXPECT_EQ(TakeCalls(), Calls{ui::Format("set block 44,0,2: %02X 00", raws[i])});
+      EXPECT_EQ(TakeCalls(), Calls{Format("set block 44,0,2: %02X 00", raws[i])});
       EXPECT_EQ(desk.ProgressPosition(kPage, 1103), raws[i]);
       // The label of the entry is the level that is shown.
       EXPECT_EQ(TextOf(1059), desk.Items(kPage, 1108)[static_cast<std::size_t>(i)]);
@@ -376,7 +376,7 @@ TEST_F(Audio, LevelComboOfTheInputWritesAtOnce) {
   for (int i = 0; i < 8; ++i) {
     TakeCalls();
     desk.Choose(kPage, 1108, i);
-    EXPECT_EQ(TakeCalls(), Calls{ui::Format("set block 19,0,2: %02X 07", raws[i])});
+    EXPECT_EQ(TakeCalls(), Calls{Format("set block 19,0,2: %02X 07", raws[i])});
     EXPECT_EQ(" " + TextOf(1059), desk.Items(kPage, 1108)[static_cast<std::size_t>(i)]);
   }
 }

@@ -56,11 +56,10 @@ class DisplayModeChannels : public PanelTest {
 
   Calls ApplyCalls() const {
     if (model.boxType == 51) {
-      return {ui::Format("set block 1,0,1: %02X", model.mode),
-              ui::Format("set block 2,0,1: %02X", model.code)};
+      return {Format("set block 1,0,1: %02X", model.mode),
+              Format("set block 2,0,1: %02X", model.code)};
     }
-    return {ui::Format("set word 0,1 = %d", model.mode),
-            ui::Format("set word 0,2 = %d", model.code)};
+    return {Format("set word 0,1 = %d", model.mode), Format("set word 0,2 = %d", model.code)};
   }
 
   void Press(std::size_t button) {
@@ -112,9 +111,9 @@ class DisplayModeChannels : public PanelTest {
   }
 
   std::string Where() const {
-    return ui::Format("type %d brand %d nine %d: mode %d channels %d %d %d code %d", model.boxType,
-                      model.brand, model.nine ? 1 : 0, model.mode, model.main, model.sub,
-                      model.sub2, model.code);
+    return Format("type %d brand %d nine %d: mode %d channels %d %d %d code %d", model.boxType,
+                  model.brand, model.nine ? 1 : 0, model.mode, model.main, model.sub, model.sub2,
+                  model.code);
   }
 
   ChannelModel model;

@@ -95,7 +95,7 @@ TEST_F(Genlock, ReferenceFormatIsReadLittleEndian) {
 TEST_F(Genlock, FormatThatWasNeverReadIsNoSignal) {
   for (const std::uint8_t type : Bytes{50, 20, 30}) {
     panel.reset();
-    device.Fail(ui::Format("get block %d,0,30", GroupOf(type).reference));
+    device.Fail(Format("get block %d,0,30", GroupOf(type).reference));
     StartWith({type, 0, 0, 0, 0});
     panel->OpenPage(PageCode::kGenlock);
     EXPECT_EQ(FormatText(), "-  NO SIGNAL  -");
@@ -123,7 +123,7 @@ TEST_F(Genlock, FailedReadsKeepWhatWasShown) {
       EXPECT_EQ(CallsOf(kPictureButton), Reads(type)) << failing;
       const bool formatFails = failing == Reads(type)[0];
       const bool modeFails = failing == Reads(type)[1];
-      const bool delaysFail = failing == ui::Format("get block %d,0,4", group.delays);
+      const bool delaysFail = failing == Format("get block %d,0,4", group.delays);
       // The format alone is of the moment: one that could not be read is no signal.
       EXPECT_EQ(FormatText(), formatFails ? "-  NO SIGNAL  -" : "720x576  50.00p") << failing;
       EXPECT_EQ(ModeName(), modeFails ? mode : "Free-Run") << failing;
@@ -135,7 +135,7 @@ TEST_F(Genlock, FailedReadsKeepWhatWasShown) {
         EXPECT_EQ(desk.Enables(kPage, kNextMode), failing == "get block 38,0,2") << failing;
       }
       if (type == 39 || type == 40 || group.sync == 22) {
-        const bool syncFails = failing == ui::Format("get block %d,0,2", group.sync);
+        const bool syncFails = failing == Format("get block %d,0,2", group.sync);
         EXPECT_EQ(SyncName(), syncFails ? "75 ohms termination" : "Open termination") << failing;
       }
     }

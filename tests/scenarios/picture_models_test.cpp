@@ -52,7 +52,7 @@ class ProcAmpModels : public ModelWalk {
       EXPECT_EQ(desk.Text(kPage, kLabels[i]), std::to_string(values[i])) << kLabels[i];
       EXPECT_EQ(desk.SliderPosition(kPage, kSliders[i]), values[i]) << kSliders[i];
       EXPECT_EQ(desk.SliderRange(kPage, kSliders[i]), std::make_pair(0, 255)) << kSliders[i];
-      const std::string digits = ui::Format("%03d", values[i]);
+      const std::string digits = Format("%03d", values[i]);
       EXPECT_EQ(desk.Text(kPage, kEdits[i]), brand == 2 ? digits : "") << kEdits[i];
     }
   }

@@ -136,7 +136,7 @@ TEST_F(Roi, EveryModelHasItsProperties) {
   for (const ModelRow& model : kModels) {
     SCOPED_TRACE(int{model.identity.boxType});
     OpenModel(model.identity, {300, 50, 960, 540, 1, 1});
-    const std::string read = ui::Format("get block %d,0,30", model.region);
+    const std::string read = Format("get block %d,0,30", model.region);
     EXPECT_EQ(CallsOf(kPictureButton), (Calls{model.input, read}));
     EXPECT_EQ(Values(), (Ints{300, 50, 960, 540}));
     EXPECT_EQ(Slide(1055, 0), Calls{Write(model.region, {0, 50, 960, 540, 0, 0})});
@@ -227,7 +227,7 @@ TEST_F(Roi, EmptyRegionIsWrittenBackAsHalfTheInput) {
 
 TEST_F(Roi, FailedReadsKeepWhatWasShown) {
   for (const ModelRow& model : kModels) {
-    const std::string read = ui::Format("get block %d,0,30", model.region);
+    const std::string read = Format("get block %d,0,30", model.region);
     OpenModel(model.identity, {100, 50, 640, 360, 1, 0});
     for (const std::string& failing : {model.input, read}) {
       SetInput(15);

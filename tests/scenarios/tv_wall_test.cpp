@@ -13,7 +13,7 @@ constexpr int kWallButtons[] = {kWall1Button, kWall2Button, kWall3Button, kWall4
 using Pictures = std::vector<std::pair<std::string, std::string>>;
 
 std::string PictureName(int size, int tile, char state) {
-  return ui::Format("WND%dX%d_%02d_%c", size, size, tile, state);
+  return Format("WND%dX%d_%02d_%c", size, size, tile, state);
 }
 
 class TvWall : public PanelTest {
@@ -118,7 +118,7 @@ TEST_F(TvWall, EveryTileOfEveryGridIsShownAsChosenAndWritten) {
     // Down and up again, so that every tile takes over from another.
     for (int step = 0; step < 2 * size * size; ++step) {
       const int tile = step < size * size ? size * size - 1 - step : step - size * size;
-      EXPECT_EQ(CallsOfTile(tile), Calls{ui::Format("set block 8,0,2: %02X %02X", size, tile)});
+      EXPECT_EQ(CallsOfTile(tile), Calls{Format("set block 8,0,2: %02X %02X", size, tile)});
       EXPECT_EQ(Shown(), Chosen(size, tile)) << size << " tile " << tile;
       EXPECT_EQ(panel->Panel().tilePosition, static_cast<std::uint32_t>(tile));
     }
@@ -131,7 +131,7 @@ TEST_F(TvWall, TileFiveOfFourByFour) {
   EXPECT_EQ(CallsOfTile(5), Calls{"set block 8,0,2: 04 05"});
   for (int tile = 0; tile < 16; ++tile) {
     EXPECT_EQ(desk.Picture(kPage, kFirst + tile),
-              ui::Format(tile == 5 ? "WND4X4_%02d_D" : "WND4X4_%02d_U", tile));
+              Format(tile == 5 ? "WND4X4_%02d_D" : "WND4X4_%02d_U", tile));
   }
 }
 

@@ -42,14 +42,14 @@ inline std::uint8_t Number(int block) { return static_cast<std::uint8_t>(block);
 
 inline Calls Reads(std::uint8_t type) {
   const GroupRow& group = GroupOf(type);
-  Calls reads = {ui::Format("get block %d,0,30", group.reference),
-                 ui::Format("get block %d,0,4", group.mode)};
+  Calls reads = {Format("get block %d,0,30", group.reference),
+                 Format("get block %d,0,4", group.mode)};
   if (&group == kGroups) {
     reads.push_back("get block 38,0,2");
     reads.push_back("get block 4,0,2");
   }
-  reads.push_back(ui::Format("get block %d,0,4", group.delays));
-  if (group.sync != 0) reads.push_back(ui::Format("get block %d,0,2", group.sync));
+  reads.push_back(Format("get block %d,0,4", group.delays));
+  if (group.sync != 0) reads.push_back(Format("get block %d,0,2", group.sync));
   return reads;
 }
 
@@ -85,15 +85,13 @@ class Genlock : public PanelTest {
   // What is written for these delays.
   Calls Delays(int vertical, int horizontal, bool final, int syncMode = 0) {
     const GroupRow& group = GroupOf(panel->Panel().identity.boxType);
-    Calls calls = {ui::Format("set block %d,0,5: %02X %02X %02X %02X %02X", group.delays,
-                              vertical >> 8, vertical & 0xFF, horizontal >> 8, horizontal & 0xFF,
-                              final ? 1 : 0)};
-    if (group.delays == 16) calls.push_back(ui::Format("set block 22,0,1: %02X", syncMode));
+    Calls calls = {Format("set block %d,0,5: %02X %02X %02X %02X %02X", group.delays, vertical >> 8,
+                          vertical & 0xFF, horizontal >> 8, horizontal & 0xFF, final ? 1 : 0)};
+    if (group.delays == 16) calls.push_back(Format("set block 22,0,1: %02X", syncMode));
     return calls;
   }
   Calls Mode(int mode) {
-    return {
-        ui::Format("set block %d,0,1: %02X", GroupOf(panel->Panel().identity.boxType).mode, mode)};
+    return {Format("set block %d,0,1: %02X", GroupOf(panel->Panel().identity.boxType).mode, mode)};
   }
   void ExpectShown(int vertical, int horizontal) {
     for (const int control : {kVEdit, 1088}) {

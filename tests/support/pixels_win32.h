@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "base/text.h"
 #include "ui/geometry.h"
-#include "ui/text.h"
 
 namespace panelora::testing {
 
@@ -53,8 +53,7 @@ inline std::string StalePixels(HWND window) {
   const auto at = static_cast<int>(first - seen.begin());
   int count = 0;
   for (std::size_t i = 0; i < seen.size(); ++i) count += seen[i] != painted[i] ? 1 : 0;
-  return ui::Format("%d stale pixels, the first at (%d, %d)", count, at % all.width,
-                    at / all.width);
+  return Format("%d stale pixels, the first at (%d, %d)", count, at % all.width, at / all.width);
 }
 
 }  // namespace panelora::testing

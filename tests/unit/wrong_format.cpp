@@ -1,5 +1,5 @@
 // Not part of any program: the compiler must refuse a format that does not fit what is given for
 // it.
-#include "ui/text.h"
+#include "base/text.h"
 
-std::string Wrong() { return panelora::ui::Format("%d", "a text"); }
+std::string Wrong() { return panelora::Format("%d", "a text"); }

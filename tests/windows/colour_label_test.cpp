@@ -11,7 +11,7 @@
 #include <set>
 #include <vector>
 
-#include "ui/text.h"
+#include "base/text.h"
 
 namespace panelora::win32 {
 namespace {
@@ -208,7 +208,7 @@ TEST_F(ColourLabelWindow, DrawsEveryStyleAndAlignmentInBothStates) {
   for (const auto& [style, styleName] : styles) {
     for (const bool enabled : {true, false}) {
       for (const auto& [alignment, alignmentName] : alignments) {
-        Add(Look(alignment, style, ui::Format("%s %s", styleName, alignmentName)), enabled);
+        Add(Look(alignment, style, Format("%s %s", styleName, alignmentName)), enabled);
       }
     }
   }

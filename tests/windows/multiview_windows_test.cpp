@@ -84,7 +84,7 @@ TEST_F(MultiViewWindows, PipSliderIsTakenWhenItIsLetGo) {
   desk.Settle();
   const int position = desk.SliderPosition(res::kPip, 1055);
   EXPECT_GT(position, 200);
-  EXPECT_EQ(desk.Text(res::kPip, 1076), ui::Format("%04d", position));
+  EXPECT_EQ(desk.Text(res::kPip, 1076), Format("%04d", position));
   EXPECT_EQ(TakeCalls(), Calls{});
 }
 

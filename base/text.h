@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-namespace panelora::ui {
+namespace panelora {
 
 // Compilers that can compare a format with what is given for it do so.
 #if defined(__GNUC__)
@@ -41,4 +41,4 @@ inline std::optional<int> ParseNumber(const std::string& text) {
                                                 std::numeric_limits<int>::max()));
 }
 
-}  // namespace panelora::ui
+}  // namespace panelora
