@@ -51,4 +51,16 @@ struct OptionGroup {
   std::span<const Kept> kept;  // in the order in which a page asks for them
 };
 
+// What a box is told to do at once.
+struct Command {
+  BoxTypes types;
+  Address at;
+  std::uint8_t value;
+  Condition when = nullptr;
+
+  bool Serves(const Identity& identity, std::uint32_t firmware) const {
+    return types.Has(identity.boxType) && (when == nullptr || when(identity, firmware));
+  }
+};
+
 }  // namespace panelora

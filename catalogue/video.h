@@ -59,13 +59,7 @@ constexpr Address kOutputFormatReport = Word(1);
 inline constexpr BoxTypes kWithAutoPhase = {23, 25, 29, 42};
 constexpr Address kAutoPhase = Block(13);
 
-// What freezes the picture, or lets it go on; in this order, each with its value.
-struct Command {
-  BoxTypes types;
-  Address at;
-  std::uint8_t value;
-  Condition when = nullptr;
-};
+// What freezes the picture, or lets it go on; in this order.
 std::span<const Command> FreezeCommands();
 
 }  // namespace panelora::video

@@ -6,6 +6,7 @@
 #include <memory>
 #include <span>
 
+#include "catalogue/kept.h"
 #include "device/box.h"
 #include "device/device_link.h"
 #include "pages/panel_state.h"
@@ -96,6 +97,19 @@ class Page : public ui::DialogEvents {
   }
   void Write(const Address& at, std::initializer_list<std::uint8_t> bytes) { box.Write(at, bytes); }
   void Write(const Address& at, std::span<const std::uint8_t> bytes) { box.Write(at, bytes); }
+  // Tells the box those of the commands that are for it, in their order.
+  void Send(std::span<const Command> commands) {
+    for (const Command& command : commands) {
+      if (command.Serves(panel.identity, panel.firmwareVersion)) {
+        Write(command.at, {command.value});
+      }
+    }
+  }
+  // Shows the text of a choice, where the list has one for the type of the box.
+  void ShowChoice(int control, Choices choices, std::uint8_t index) {
+    const Choice* choice = FindIndex(choices, panel.identity.boxType, index);
+    if (choice != nullptr) Window().SetText(control, choice->text);
+  }
 
   PanelState& panel;
   DeviceLink& device;

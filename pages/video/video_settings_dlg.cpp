@@ -165,19 +165,11 @@ void CVideoSettingsDlg::OnCommand(int control, ui::Notification what) {
   if (what != ui::Notification::kClicked) return;
   if (control == kPreviousFormat) Previous(kOutputFormat);
   if (control == kAutoPhaseButton) Write(video::kAutoPhase, {1});
-  if (control == kVideoFreeze) OnVideoFreeze();
+  if (control == kVideoFreeze) Send(FreezeCommands());
   const std::optional<int> option = OptionOf(control);
   if (!option) return;
   Next(*option);
   ShowConsequences(*option);
-}
-
-void CVideoSettingsDlg::OnVideoFreeze() {
-  for (const Command& row : FreezeCommands()) {
-    if (!row.types.Has(panel.identity.boxType)) continue;
-    if (row.when != nullptr && !row.when(panel.identity, panel.firmwareVersion)) continue;
-    Write(row.at, {row.value});
-  }
 }
 
 void CVideoSettingsDlg::Refresh(ui::SerialHandle serial) {

@@ -47,7 +47,6 @@ class CVideoSettingsDlg final : public OptionPage {
   void PlaceOptions();
   void PlaceOutputFormat(int top);
   void ShowConsequences(int option);
-  void OnVideoFreeze();
   void ShowFormatReport();
 
   int subPage = 0;
