@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include "base/byte_order.h"
-
 namespace panelora {
 
 namespace {
@@ -12,6 +10,8 @@ namespace {
 constexpr int kUpperFrame = 1099;
 constexpr int kLowerFrame = 1100;
 
+constexpr int kMaxHorizontal = 600;
+constexpr int kMaxVertical = 100;
 constexpr int kMinPosition = 5;
 constexpr int kMinSize = 80;
 constexpr int kMaxSize = 100;
@@ -34,41 +34,6 @@ constexpr RowControls kRows[] = {
 constexpr int kRowTops[] = {45, 105, 165, 225};
 constexpr int kRowTopsInTwoFrames[] = {35, 85, 170, 225};
 
-constexpr std::uint8_t kNone = 0;
-
-// Where a model keeps the two pairs; both are read and written there.
-struct ModelRow {
-  std::uint8_t boxType;
-  std::uint8_t position;  // kNone = the model has none
-  std::uint8_t size;
-  std::uint8_t sizeOfBrand2;
-};
-constexpr ModelRow kModels[] = {
-    {50, block::kImagePosition50, block::kImageSize50, block::kImageSize50},
-    {26, block::kImagePosition26, block::kImageSize26, block::kImageSize26},
-    {23, block::kImagePosition23, block::kImageSize23, block::kImageSize23},
-    {42, block::kImagePosition23, block::kImageSize23, block::kImageSize23},
-    {25, block::kImagePosition25, block::kImageSize25, block::kImageSize25},
-    {29, block::kImagePosition25, block::kImageSize25, block::kImageSize25},
-    {24, kNone, block::kImageSize24, block::kImageSize50},
-    {34, kNone, block::kImageSize24, block::kImageSize50},
-    {kNoBoxType, kNone, kNone, kNone},
-};
-
-const ModelRow& ModelOf(std::uint8_t boxType) {
-  const ModelRow* row = kModels;
-  while (row->boxType != kNoBoxType && row->boxType != boxType) ++row;
-  return *row;
-}
-
-std::uint8_t SizeProperty(const Identity& identity) {
-  const ModelRow& model = ModelOf(identity.boxType);
-  return identity.brandCode == 2 ? model.sizeOfBrand2 : model.size;
-}
-
-// One frame round all four rows; the others have one for positions and one for sizes.
-bool HasOneFrame(std::uint8_t boxType) { return boxType == 50 || boxType == 26; }
-
 }  // namespace
 
 void CImageAdjustDlg::Init() {
@@ -87,32 +52,7 @@ void CImageAdjustDlg::Init() {
 
 void CImageAdjustDlg::Open() {
   TakeHandle();
-  switch (panel.identity.boxType) {
-    case 24:
-    case 34:
-      if (panel.identity.brandCode == 2) {
-        Write(Block(block::kBoxMenu), {2});
-      } else {
-        Write(Word(word::kBoxMenu5), {2});
-      }
-      break;
-    case 50:
-      Write(Block(block::kBoxMenu), {3});
-      break;
-    case 26:
-      Write(Word(word::kCommand), {command::kImageRestore});
-      break;
-    case 23:
-    case 42:
-      Write(Word(word::kBoxMenu7), {2});
-      break;
-    case 25:
-    case 29:
-      Write(Word(word::kBoxMenu4), {2});
-      break;
-    default:
-      break;
-  }
+  Send(image::Opening());
   Refresh(serialHandle);
 }
 
@@ -120,14 +60,16 @@ void CImageAdjustDlg::Refresh(ui::SerialHandle serial) {
   serialHandle = serial;
   LayOut();
   ReadEnabling();
-  const ModelRow& model = ModelOf(panel.identity.boxType);
-  const std::uint8_t size = SizeProperty(panel.identity);
-  if (size != kNone) ReadSizes(size);
-  if (model.position != kNone) ReadPositions(model.position);
+  const image::Store* store = image::Find(panel.identity);
+  if (store == nullptr) return;
+  BlockBuffer bytes{};
+  if (Read(store->size, bytes)) size = DecodeImageSize(bytes);
+  if (store->position.kind == Address::Kind::kNone) return;
+  if (Read(store->position, bytes)) position = DecodeImagePosition(bytes);
 }
 
 void CImageAdjustDlg::LayOut() {
-  const bool oneFrame = HasOneFrame(panel.identity.boxType);
+  const bool oneFrame = image::kOneFrame.Has(panel.identity.boxType);
   for (std::size_t i = 0; i < std::size(kRows); ++i) {
     const int top = oneFrame ? kRowTops[i] : kRowTopsInTwoFrames[i];
     Window().PlaceControl(kRows[i].caption, {80, top, 200, 40});
@@ -147,64 +89,47 @@ void CImageAdjustDlg::LayOut() {
 
 // A successful read of another value disables; a failed one leaves the state.
 void CImageAdjustDlg::ReadEnabling() {
-  std::uint8_t value = 0;
-  BlockBuffer bytes{};
-  switch (panel.identity.boxType) {
-    case 24:
-    case 34:
-      EnablePositions(false);
-      if (panel.identity.brandCode == 2) {
-        if (Read(Block(block::kImageAspect, 2), bytes)) EnableSizes(bytes[0] == 3);
-      } else {
-        if (Read(Word(word::kImageAspect), value)) EnableSizes(value == 3);
-      }
-      break;
-    case 50:
-      if (Read(Block(block::kImageInput50, 2), bytes)) EnablePositions(bytes[0] == 2);
-      if (Read(Block(block::kImageAspect, 2), bytes)) EnableSizes(bytes[0] == 5);
-      break;
-    case 26:
-      if (Read(Word(word::kInputSource), value)) EnablePositions(value == 2);
-      if (Read(Word(word::kAspectRatio), value)) EnableSizes(value == 5);
-      break;
-    default:
-      EnablePositions(true);
-      EnableSizes(true);
-      break;
+  bool always = true;
+  for (const image::Enabling& row : image::Enablings()) {
+    if (!row.types.Has(panel.identity.boxType)) continue;
+    always = false;
+    if (row.when != nullptr && !row.when(panel.identity, panel.firmwareVersion)) continue;
+    std::uint8_t told = 0;
+    const bool never = row.at.kind == Address::Kind::kNone;
+    if (never || Read(row.at, told)) Enable(row.what, !never && told == row.value);
+  }
+  if (!always) return;
+  Enable(image::Adjusts::kPosition, true);
+  Enable(image::Adjusts::kSize, true);
+}
+
+void CImageAdjustDlg::Enable(image::Adjusts what, bool enabled) {
+  const bool sizes = what == image::Adjusts::kSize;
+  for (const RowControls& row : {kRows[sizes ? 2 : 0], kRows[sizes ? 3 : 1]}) {
+    Window().EnableControl(row.up, enabled);
+    Window().EnableControl(row.down, enabled);
   }
 }
 
-void CImageAdjustDlg::ReadSizes(std::uint8_t property) {
-  BlockBuffer bytes{};
-  if (!Read(Block(property, 2), bytes)) return;
-  hSizePercent = bytes[0];
-  vSizePercent = bytes[1];
-}
-
-void CImageAdjustDlg::ReadPositions(std::uint8_t property) {
-  BlockBuffer bytes{};
-  if (!Read(Block(property, 4), bytes)) return;
-  hPosition = BigEndian(bytes[0], bytes[1]);
-  vPosition = BigEndian(bytes[2], bytes[3]);
-}
-
-void CImageAdjustDlg::EnablePositions(bool enabled) {
-  for (const int control : {1091, 1092, 1093, 1094}) Window().EnableControl(control, enabled);
-}
-
-void CImageAdjustDlg::EnableSizes(bool enabled) {
-  for (const int control : {1095, 1096, 1097, 1098}) Window().EnableControl(control, enabled);
-}
-
 void CImageAdjustDlg::OnCommand(int control, ui::Notification what) {
-  using Dlg = CImageAdjustDlg;
-  static constexpr CommandRow<CImageAdjustDlg> kCommands[] = {
-      {1091, &Dlg::OnHorizontalPositionUp}, {1092, &Dlg::OnHorizontalPositionDown},
-      {1093, &Dlg::OnVerticalPositionUp},   {1094, &Dlg::OnVerticalPositionDown},
-      {1095, &Dlg::OnHorizontalSizeUp},     {1096, &Dlg::OnHorizontalSizeDown},
-      {1097, &Dlg::OnVerticalSizeUp},       {1098, &Dlg::OnVerticalSizeDown},
-  };
-  DispatchCommand(*this, kCommands, control, what);
+  if (what != ui::Notification::kClicked) return;
+  for (std::size_t i = 0; i < std::size(kRows); ++i) {
+    if (control == kRows[i].up) Step(i, 1);
+    if (control == kRows[i].down) Step(i, -1);
+  }
+}
+
+void CImageAdjustDlg::Step(std::size_t row, int step) {
+  switch (row) {
+    case 0:
+      return StepPosition(position.horizontal, step, kMaxHorizontal);
+    case 1:
+      return StepPosition(position.vertical, step, kMaxVertical);
+    case 2:
+      return StepSize(size.horizontal, step);
+    default:
+      return StepSize(size.vertical, step);
+  }
 }
 
 // Positions stop at their ends; sizes, deliberately otherwise, wrap round.
@@ -224,15 +149,15 @@ void CImageAdjustDlg::StepSize(std::uint8_t& value, int step) {
 }
 
 void CImageAdjustDlg::WritePositions() {
-  const std::uint8_t property = ModelOf(panel.identity.boxType).position;
-  if (property == kNone) return;
-  Write(Block(property),
-        {HighByte(hPosition), LowByte(hPosition), HighByte(vPosition), LowByte(vPosition)});
+  if (const image::Store* store = image::Find(panel.identity)) {
+    Write(store->position, EncodeImagePosition(position));
+  }
 }
 
 void CImageAdjustDlg::WriteSizes() {
-  const std::uint8_t property = SizeProperty(panel.identity);
-  if (property != kNone) Write(Block(property), {hSizePercent, vSizePercent});
+  if (const image::Store* store = image::Find(panel.identity)) {
+    Write(store->size, EncodeImageSize(size));
+  }
 }
 
 }  // namespace panelora

@@ -3,12 +3,13 @@
 #include <algorithm>
 #include <optional>
 
-#include "base/byte_order.h"
 #include "base/text.h"
 
 namespace panelora {
 
 namespace {
+
+using namespace multiview;
 
 // A value: its slider, its edit, and the label that the page keeps hidden.
 struct Row {
@@ -44,23 +45,6 @@ constexpr FrameRow kFrames[] = {
 // The smallest inset, whatever the output format: deliberate.
 constexpr int kMinWidth = 204;
 constexpr int kMinHeight = 160;
-
-using BlockOfInset = std::array<std::uint8_t, 8>;
-
-// Each value as two bytes, by `first` and `second` in the order of the box.
-template <class First, class Second>
-BlockOfInset Bytes(const PipWindow& inset, First first, Second second) {
-  return {first(inset.hPos),  second(inset.hPos),  first(inset.vPos),  second(inset.vPos),
-          first(inset.hSize), second(inset.hSize), first(inset.vSize), second(inset.vSize)};
-}
-BlockOfInset LittleEndianBytes(const PipWindow& inset) { return Bytes(inset, LowByte, HighByte); }
-BlockOfInset BigEndianBytes(const PipWindow& inset) { return Bytes(inset, HighByte, LowByte); }
-
-template <class Join>
-PipWindow InsetFrom(const BlockBuffer& bytes, Join join) {
-  return {join(bytes[0], bytes[1]), join(bytes[2], bytes[3]), join(bytes[4], bytes[5]),
-          join(bytes[6], bytes[7])};
-}
 
 }  // namespace
 
@@ -111,10 +95,6 @@ const CPIPDlg::Channel CPIPDlg::kChannels[2] = {
        &PipWindow::vSize}}},
 };
 
-bool CPIPDlg::IsType13Or15() const {
-  return panel.identity.boxType == 13 || panel.identity.boxType == 15;
-}
-
 int CPIPDlg::FrameOf(const Side& side) const { return side.horizontal ? frameWidth : frameHeight; }
 
 int CPIPDlg::MinimumOf(const Side& side) { return side.horizontal ? kMinWidth : kMinHeight; }
@@ -138,12 +118,12 @@ void CPIPDlg::Init(ui::SerialHandle serial) {
 }
 
 void CPIPDlg::Open() {
-  BlockOfInset firstPlace;
+  Bytes8 firstPlace;
   firstPlace.fill(0xFF);
   if (HasPip()) {
-    Write(Block(block::kPipWindow1), firstPlace);
-    if (IsType13Or15()) Write(Word(word::kBoxMenu10), {2});
-    if (HasSecondInset()) Write(Block(block::kPipWindow2), firstPlace);
+    Write(kInset1, firstPlace);
+    Send(OpeningOfPip());
+    if (HasSecondInset()) Write(kInset2, firstPlace);
   }
   Refresh(serialHandle);
 }
@@ -159,19 +139,10 @@ void CPIPDlg::Refresh(ui::SerialHandle serial) {
 }
 
 void CPIPDlg::ReadBox() {
-  const auto read = [&](std::uint8_t property, std::uint8_t& value) {
-    BlockBuffer bytes{};
-    if (Read(Block(property, 20), bytes)) value = bytes[0];
-  };
-  if (IsType51()) {
-    read(block::kMultiView, displayMode);
-    read(block::kPipOption, pipOption);
-    read(block::kPipOutputFormat, outputFormat);
-  } else if (IsType13Or15()) {
-    read(block::kMultiView, displayMode);
-    Read(Word(word::kPipOption), pipOption);
-    Read(Word(word::kPipOutputFormat), outputFormat);
-  }
+  if (!HasPip()) return;
+  Read(multiview::kModes, displayMode);
+  Read(PipOptionOf(panel.identity.boxType), pipOption);
+  Read(OutputFormatOf(panel.identity.boxType), outputFormat);
 }
 
 // The first inset is read little-endian on every type and the second big-endian: the box's own way.
@@ -182,20 +153,20 @@ void CPIPDlg::ReadInsets() {
     return;
   }
   BlockBuffer bytes{};
-  if (Read(Block(block::kPipWindow1, 8), bytes)) ch1 = InsetFrom(bytes, LittleEndian);
-  if (HasSecondInset() && Read(Block(block::kPipWindow2, 8), bytes)) {
-    ch2 = InsetFrom(bytes, BigEndian);
+  if (Read(kInset1, bytes)) ch1 = DecodePipWindow(bytes, ByteOrder::kLittle);
+  if (HasSecondInset() && Read(kInset2, bytes)) {
+    ch2 = DecodePipWindow(bytes, ByteOrder::kBig);
   }
 }
 
 void CPIPDlg::ChooseFrame() {
   FormatList list = FormatList::kType51;
-  if (IsType13Or15()) {
+  if (kByWord.Has(panel.identity.boxType)) {
     list = FormatList::kOther;
     if (pipOption == 2) {
       list = panel.identity.brandCode == 2 ? FormatList::kOption2Brand2 : FormatList::kOption2;
     }
-  } else if (!IsType51()) {
+  } else if (!HasPip()) {
     return;
   }
   for (const FrameRow& row : kFrames) {
@@ -295,13 +266,14 @@ void CPIPDlg::TakeSize(const Side& side, PipWindow& inset) {
   Window().SetText(side.position.label, Format("%d\n", greatest));
 }
 
-// The first inset is written big-endian on the types 13 and 15 although it is read little-endian:
-// the box's own way.
+// The first inset is written big-endian on the types that are told their mode by word, although it
+// is read little-endian: the box's own way.
 void CPIPDlg::Apply() {
   if (!HasPip() || !TakeEdits(kChannels[0], ch1)) return;
-  Write(Block(block::kPipWindow1), IsType51() ? LittleEndianBytes(ch1) : BigEndianBytes(ch1));
+  const bool isBig = kByWord.Has(panel.identity.boxType);
+  Write(kInset1, EncodePipWindow(ch1, isBig ? ByteOrder::kBig : ByteOrder::kLittle));
   if (!HasSecondInset() || !TakeEdits(kChannels[1], ch2)) return;
-  Write(Block(block::kPipWindow2), BigEndianBytes(ch2));
+  Write(kInset2, EncodePipWindow(ch2, ByteOrder::kBig));
 }
 
 // False when an edit holds no number; nothing is stored then.

@@ -2,21 +2,15 @@
 // (CH 1), and of the second inset of display mode 6 (CH 2). A slider takes effect on the page when
 // it is let go; Apply reads the edits and writes.
 //
-// Models: 13, 15 and 51.
+// Models: see catalogue/multiview.h.
 #pragma once
 
+#include "catalogue/codecs.h"
+#include "catalogue/multiview.h"
 #include "pages/page.h"
 #include "res/dialog_templates.h"
 
 namespace panelora {
-
-// An inset, in pixels of the output frame.
-struct PipWindow {
-  std::uint16_t hPos = 0;
-  std::uint16_t vPos = 0;
-  std::uint16_t hSize = 0;  // in display mode 7 half of what is shown and typed
-  std::uint16_t vSize = 0;
-};
 
 class CPIPDlg final : public Page {
  public:
@@ -46,14 +40,12 @@ class CPIPDlg final : public Page {
   struct Side;
   struct Channel;
 
-  bool HasPip() const { return IsType51() || IsType13Or15(); }
+  bool HasPip() const { return multiview::kModels.Has(panel.identity.boxType); }
   // The mode may be that of another box before.
   bool HasInset() const {
     return HasPip() && (displayMode == 4 || displayMode == 6 || displayMode == 7);
   }
   bool HasSecondInset() const { return HasPip() && displayMode == 6; }
-  bool IsType51() const { return panel.identity.boxType == 51; }
-  bool IsType13Or15() const;
 
   void ReadBox();
   void ReadInsets();
