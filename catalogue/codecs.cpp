@@ -1,5 +1,9 @@
 #include "catalogue/codecs.h"
 
+#include <algorithm>
+
+#include "base/text.h"
+
 namespace panelora {
 
 Identity DecodeIdentity(BlockBytes bytes) {
@@ -20,6 +24,15 @@ std::array<std::uint8_t, 7> EncodeFormat(const VideoFormat& format, ByteOrder or
   const Bytes2 width = Split(order, format.width);
   const Bytes2 height = Split(order, format.height);
   return {width[0], width[1], height[0], height[1], format.rate, format.hundredths, format.scan};
+}
+
+std::string TextOf(const VideoFormat& format, const char* scan) {
+  if (format.width == 0 || format.height == 0) return kNoSignalText;
+  const std::string size = Format("%dx%d", format.width, format.height);
+  if (format.rate < 100) {
+    return Format("%s %3d.%02d%s", size.c_str(), format.rate, format.hundredths, scan);
+  }
+  return Format("%s %4d.0%s", size.c_str(), format.rate, scan);
 }
 
 PipWindow DecodePipWindow(BlockBytes bytes, ByteOrder order) {
@@ -83,6 +96,23 @@ ImagePosition DecodeImagePosition(BlockBytes bytes) {
 Bytes4 EncodeImagePosition(const ImagePosition& position) {
   return {HighByte(position.horizontal), LowByte(position.horizontal), HighByte(position.vertical),
           LowByte(position.vertical)};
+}
+
+std::string TextOfLabel(std::span<const std::uint8_t, kLabelLength> field) {
+  std::string text(field.begin(), std::find(field.begin(), field.end(), 0));
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first != std::string::npos) {
+    text = text.substr(first, text.find_last_not_of(' ') - first + 1);
+  }
+  return text;
+}
+
+LabelField CentredLabel(std::string_view text) {
+  text = text.substr(0, kLabelLength);
+  LabelField field;
+  field.fill(' ');
+  std::copy(text.begin(), text.end(), field.begin() + (kLabelLength - text.size()) / 2);
+  return field;
 }
 
 }  // namespace panelora

@@ -5,6 +5,8 @@
 #include <array>
 #include <cstdint>
 #include <span>
+#include <string>
+#include <string_view>
 
 #include "base/byte_order.h"
 #include "device/device_link.h"
@@ -53,6 +55,11 @@ struct VideoFormat {
 };
 VideoFormat DecodeFormat(BlockBytes bytes, ByteOrder order);
 std::array<std::uint8_t, 7> EncodeFormat(const VideoFormat& format, ByteOrder order);
+
+// What stands instead of the format of an input without a signal.
+inline constexpr char kNoSignalText[] = "-  NO SIGNAL  -";
+// "1920x1080  59.94p", with the letter of the scan; the no-signal text when width or height is 0.
+std::string TextOf(const VideoFormat& format, const char* scan);
 
 // An inset, in pixels of the output frame.
 struct PipWindow {
@@ -112,5 +119,17 @@ struct ImageSize {
 };
 constexpr ImageSize DecodeImageSize(BlockBytes bytes) { return {bytes[0], bytes[1]}; }
 constexpr Bytes2 EncodeImageSize(const ImageSize& size) { return {size.horizontal, size.vertical}; }
+
+// The label fields: 20 characters, blank-padded, shown trimmed and written centred.
+constexpr std::size_t kLabelLength = 20;
+using LabelField = std::array<std::uint8_t, kLabelLength>;
+
+// The text of a field without the blanks round it. A field of blanks alone is shown as its 20
+// blanks: deliberate. A zero byte ends the text.
+std::string TextOfLabel(std::span<const std::uint8_t, kLabelLength> field);
+
+// The text in the middle of 20 blanks, one more on the right when their number is odd. What is
+// longer than the field is cut.
+LabelField CentredLabel(std::string_view text);
 
 }  // namespace panelora

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "pages/multiview/channel_table.h"
+#include "catalogue/channel_table.h"
 
 namespace panelora {
 

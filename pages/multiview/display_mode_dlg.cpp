@@ -1,14 +1,14 @@
 #include "pages/multiview/display_mode_dlg.h"
 
 #include "pages/cycling_group.h"
-#include "pages/label_field.h"
 #include "pages/multiview/channel_rules.h"
-#include "pages/option_table.h"
 #include "res/dialog_templates.h"
 
 namespace panelora {
 
 namespace {
+
+using namespace multiview;
 
 constexpr CyclingGroup kMode = {1044, 1003, 1045, 1046};
 constexpr CyclingGroup kMain = {1047, 1004, 1048, 1049};
@@ -20,7 +20,7 @@ constexpr int kLeft = 70;
 constexpr int kNextX = 380;
 
 struct LabelRow {
-  std::uint8_t sub;  // of block::kInputLabel
+  std::uint8_t sub;
   int caption;
   int edit;
   const char* text;
@@ -33,25 +33,9 @@ constexpr LabelRow kLabelRows[] = {
     {3, 1059, 1112, "Input 4 Labels :", 255},
 };
 
-struct ModeNameRow {
-  std::uint8_t boxType;
-  std::uint8_t mode;  // 255 ends the table
-  const char* name;
-};
-// The tabs are the box's own.
-constexpr ModeNameRow kModeNames[] = {
-    {51, 1, "Mode 1"},       {51, 2, "Mode 2"},       {51, 3, "Mode 3\t\t\t"},
-    {51, 4, "Mode 4\t\t\t"}, {15, 1, "Mode 1"},       {15, 2, "Mode 2"},
-    {15, 3, "Mode 3\t\t\t"}, {15, 4, "Mode 4\t\t\t"}, {15, 5, "Mode 5\t\t\t"},
-    {15, 6, "Mode 6\t\t\t"}, {15, 7, "Mode 7\t\t\t"}, {15, 8, "Mode 8\t\t\t"},
-    {15, 9, "Mode 9\t\t\t"}, {13, 1, "Mode 1"},       {13, 2, "Mode 2"},
-    {13, 3, "Mode 3\t\t\t"}, {13, 4, "Mode 4\t\t\t"}, {13, 5, "Mode 5\t\t\t"},
-    {13, 6, "Mode 6"},       {13, 7, "Mode 7"},       {13, 8, "Mode 8\t\t\t"},
-    {13, 9, "Mode 9\t\t\t"}, {0, kTableEnd, ""},
-};
-
-constexpr NamedValue kLabelsStates[] = {
-    {0, "OFF"}, {1, "ON"}, {2, "Default Labels"}, {kTableEnd, ""}};
+constexpr Choice kLabelsStates[] = {
+    {kAllTypes, 0, "OFF", 0}, {kAllTypes, 1, "ON", 1}, {kAllTypes, 2, "Default Labels", 2}};
+static_assert(EveryRowCounts(kLabelsStates));
 
 // Brand 8 calls mode 9 its fifth.
 constexpr std::uint8_t kBrandOfModes1To4And9 = 8;
@@ -64,19 +48,15 @@ constexpr std::uint32_t kLabelsFirmware = 288;
 
 CDisplayModeDlg::CDisplayModeDlg(PanelContext context) : Page(res::kDisplayMode, context) {}
 
-bool CDisplayModeDlg::IsType13Or15() const {
-  return panel.identity.boxType == 13 || panel.identity.boxType == 15;
-}
-
 // On brand 8 the box's mode 5 is held as mode 9.
 std::uint8_t CDisplayModeDlg::ModeOfBox(std::uint8_t reported) const {
-  const bool held = IsType13Or15() && panel.identity.brandCode == kBrandOfModes1To4And9;
+  const bool held = IsToldByWord() && panel.identity.brandCode == kBrandOfModes1To4And9;
   return held && reported == 5 ? std::uint8_t{9} : reported;
 }
 
 // What was last used in the mode; 0 for none.
 std::uint8_t CDisplayModeDlg::CodeOf(std::uint8_t ofMode) const {
-  return ofMode >= 1 && ofMode <= kModes ? codeByMode[ofMode - 1U] : std::uint8_t{0};
+  return ofMode >= 1 && ofMode <= kCodesHeld ? codeByMode[ofMode - 1U] : std::uint8_t{0};
 }
 
 void CDisplayModeDlg::Init(ui::SerialHandle serial) {
@@ -84,7 +64,7 @@ void CDisplayModeDlg::Init(ui::SerialHandle serial) {
   serialHandle = serial;
   nineModes = 0;
   BlockBuffer bytes{};
-  if (Read(Block(block::kMultiView, 20), bytes)) {
+  if (Read(kModes, bytes)) {
     mode = bytes[0];
     nineModes = bytes[1];
   }
@@ -156,15 +136,15 @@ void CDisplayModeDlg::PlaceLabelsView() {
 }
 
 void CDisplayModeDlg::Open() {
-  Write(Word(word::kBoxMenu10), {3});
+  Send(OpeningOfDisplayMode());
   Refresh(serialHandle);
 }
 
 void CDisplayModeDlg::Refresh(ui::SerialHandle serial) {
   serialHandle = serial;
-  if (IsType51()) {
+  if (IsToldByBlock()) {
     ReadModeAndCodes();
-  } else if (IsType13Or15()) {
+  } else if (IsToldByWord()) {
     const bool modeAlone = panel.identity.brandCode == 2 && !HasInputLabels();
     if (modeAlone || view == 0) {
       ReadModeAndCodes();
@@ -180,43 +160,38 @@ void CDisplayModeDlg::Refresh(ui::SerialHandle serial) {
 
 void CDisplayModeDlg::ReadModeAndCodes() {
   BlockBuffer bytes{};
-  if (Read(Block(block::kMultiView, 20), bytes)) {
+  if (Read(kModes, bytes)) {
     mode = ModeOfBox(bytes[0]);
     lastMode = mode;
   }
-  if (!Read(Block(block::kChannelCodes, 20), bytes)) return;
-  for (std::size_t i = 0; i < kModes; ++i) codeByMode[i] = bytes[i];
+  if (!Read(kCodes, bytes)) return;
+  for (std::size_t i = 0; i < kCodesHeld; ++i) codeByMode[i] = bytes[i];
   code = CodeOf(mode);
   lastCode = code;
 }
 
 void CDisplayModeDlg::ReadLabels() {
   BlockBuffer bytes{};
-  if (Read(Block(block::kInputLabelsState, 2), bytes)) {
+  if (Read(multiview::kLabelsState, bytes)) {
     labelsState = bytes[0];
     ShowLabelsState();
   }
   for (const LabelRow& row : kLabelRows) {
-    if (Read(Block(block::kInputLabel, 60, row.sub), bytes)) {
+    if (Read(InputLabel(row.sub), bytes)) {
       Window().SetText(row.edit, TextOfLabel(std::span(bytes).first<kLabelLength>()));
     }
   }
 }
 
 void CDisplayModeDlg::ShowMode() {
-  if (IsType13Or15() && panel.identity.brandCode == kBrandOfModes1To4And9 && mode == 9) {
+  if (IsToldByWord() && panel.identity.brandCode == kBrandOfModes1To4And9 && mode == 9) {
     Window().SetText(kMode.value, kMode9OfBrand8);
     return;
   }
-  const ModeNameRow* row = FindRow(kModeNames, &ModeNameRow::mode, [&](const ModeNameRow& name) {
-    return name.boxType == panel.identity.boxType && name.mode == mode;
-  });
-  if (row != nullptr) Window().SetText(kMode.value, row->name);
+  ShowChoice(kMode.value, ModeNames(), mode);
 }
 
-void CDisplayModeDlg::ShowLabelsState() {
-  if (const char* name = NameOf(kLabelsStates, labelsState)) Window().SetText(kLabels.value, name);
-}
+void CDisplayModeDlg::ShowLabelsState() { ShowChoice(kLabels.value, kLabelsStates, labelsState); }
 
 void CDisplayModeDlg::ShowNames(const ChannelChoice& choice) {
   Window().SetText(kMain.value, ChannelName(choice.shown.main));
@@ -253,8 +228,8 @@ void CDisplayModeDlg::OnCommand(int control, ui::Notification what) {
 
 std::uint8_t CDisplayModeDlg::NextMode() const {
   const auto next = static_cast<std::uint8_t>(mode + 1);
-  if (IsType51()) return next > 4 ? 1 : next;
-  if (!IsType13Or15()) return next;
+  if (IsToldByBlock()) return next > 4 ? 1 : next;
+  if (!IsToldByWord()) return next;
   if (panel.identity.brandCode == kBrandOfModes1To4And9) {
     if (next == 5) return 9;
     return next > 9 ? 1 : next;
@@ -264,10 +239,10 @@ std::uint8_t CDisplayModeDlg::NextMode() const {
 
 void CDisplayModeDlg::OnNextMode() {
   mode = NextMode();
-  if (!IsType51() && !IsType13Or15()) return;
+  if (!IsToldByBlock() && !IsToldByWord()) return;
   ShowMode();
   code = CodeOf(mode);
-  if (IsType51() && code == 0) code = 1;
+  if (IsToldByBlock() && code == 0) code = 1;
   ShowChannelsOfCode();
 }
 
@@ -303,36 +278,36 @@ bool CDisplayModeDlg::WritesByView() const {
 }
 
 void CDisplayModeDlg::Apply() {
-  if (IsType51()) {
-    Write(Block(block::kDisplayMode), {mode});
-    Write(Block(block::kChannelCodes), {code});
+  if (IsToldByBlock()) {
+    Write(kModes, {mode});
+    Write(kCodes, {code});
     return;  // what is remembered stays as it was read
   }
-  if (!IsType13Or15()) return;
+  if (!IsToldByWord()) return;
   if (!WritesByView() || view == 0) {
     WriteModeAndCode();
   } else if (view == 1) {
     WriteLabels();
   }
   // The slot is that of the mode before, on purpose.
-  if (lastMode >= 1 && lastMode <= kModes) codeByMode[lastMode - 1U] = code;
+  if (lastMode >= 1 && lastMode <= kCodesHeld) codeByMode[lastMode - 1U] = code;
   lastCode = code;
   lastMode = mode;
 }
 
 void CDisplayModeDlg::WriteModeAndCode() {
-  Write(Word(word::kDisplayMode), {mode});
-  Write(Word(word::kChannelCode), {code});
+  Write(kModeWord, {mode});
+  Write(kCodeWord, {code});
 }
 
 void CDisplayModeDlg::WriteLabels() {
   std::array<std::uint8_t, 20> state = {labelsState};  // the other bytes carry no meaning
-  Write(Block(block::kInputLabelsState), state);
+  Write(multiview::kLabelsState, state);
   if (labelsState == 0) EnableLabels(false);
   if (labelsState != 1) return;
   EnableLabels(true);
   for (const LabelRow& row : kLabelRows) {
-    Write(Block(block::kInputLabel, 60, row.sub), CentredLabel(Window().Text(row.edit)));
+    Write(InputLabel(row.sub), CentredLabel(Window().Text(row.edit)));
   }
 }
 
@@ -341,7 +316,7 @@ void CDisplayModeDlg::OnTimer(int /*timer*/) {
   do {
     mode = static_cast<std::uint8_t>(toolkit.Random() % count);
   } while (mode == 0);
-  Write(Word(word::kDisplayMode), {mode});
+  Write(kModeWord, {mode});
 }
 
 }  // namespace panelora

@@ -1,13 +1,15 @@
 // The Display Mode page (template 109): how the output is composed of the four inputs, and on boxes
 // that have them the input labels. The ">>" buttons change the page alone; Apply writes.
 //
-// Models: 13, 15 and 51. Boxes of other types are only asked for their modes and told that the page
-// is open.
+// Models: see catalogue/multiview.h. Boxes without the function are only asked for their modes and
+// told that the page is open.
 #pragma once
 
 #include <array>
 
-#include "pages/multiview/channel_table.h"
+#include "catalogue/channel_table.h"
+#include "catalogue/codecs.h"
+#include "catalogue/multiview.h"
 #include "pages/page.h"
 
 namespace panelora {
@@ -52,8 +54,8 @@ class CDisplayModeDlg final : public Page {
   void OnNextSub2();
   void OnNextLabelsState();
 
-  bool IsType51() const { return panel.identity.boxType == 51; }
-  bool IsType13Or15() const;
+  bool IsToldByBlock() const { return multiview::kByBlock.Has(panel.identity.boxType); }
+  bool IsToldByWord() const { return multiview::kByWord.Has(panel.identity.boxType); }
   bool HasInputLabels() const { return panel.fittedOption == 1; }
   bool WritesByView() const;
   std::uint8_t NextMode() const;
@@ -74,7 +76,7 @@ class CDisplayModeDlg final : public Page {
   void WriteModeAndCode();
   void WriteLabels();
 
-  static constexpr std::size_t kModes = 10;
+  static constexpr std::size_t kCodesHeld = 10;
 
   std::uint8_t mode = 1;         // 1 to 9
   std::uint8_t nineModes = 0;    // 1 = modes 1 to 9, anything else 1 to 5
@@ -83,8 +85,8 @@ class CDisplayModeDlg final : public Page {
   std::uint8_t code = 1;         // combination code of the channels, 1 to 12
   std::uint8_t labelsState = 0;  // 0 off, 1 on, 2 the box's default labels
   Channels channels;
-  std::array<std::uint8_t, kModes> codeByMode = {};  // of modes 1 to 10; 0 = none
-  int view = 0;                                      // 0 display mode, 1 input labels, else nothing
+  std::array<std::uint8_t, kCodesHeld> codeByMode = {};  // of modes 1 to 10; 0 = none
+  int view = 0;  // 0 display mode, 1 input labels, else nothing
 };
 
 }  // namespace panelora

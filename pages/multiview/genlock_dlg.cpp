@@ -4,11 +4,8 @@
 #include <optional>
 #include <utility>
 
-#include "base/byte_order.h"
 #include "base/text.h"
 #include "pages/cycling_group.h"
-#include "pages/format_text.h"
-#include "pages/option_table.h"
 
 namespace panelora {
 
@@ -31,35 +28,6 @@ constexpr CyclingGroup kSyncMode = {1092, 1093, 1094, 1095};
 constexpr int kInfoFrame = 1081;
 constexpr int kFormatCaption = 1082;
 constexpr int kFormat = 1083;
-
-struct NameRow {
-  std::uint8_t boxType;
-  std::uint8_t value;  // 255 ends the table
-  const char* name;
-};
-constexpr NameRow kGenlockNames[] = {
-    {33, 0, "Free-Run"},  {33, 1, "SDI Input"},  {33, 2, "HDMI Input"}, {20, 0, "Free-Run"},
-    {20, 1, "SDI Input"}, {20, 2, "HDMI Input"}, {30, 0, "Free-Run"},   {30, 1, "External"},
-    {43, 0, "Free-Run"},  {43, 1, "External"},   {46, 0, "Free-Run"},   {46, 1, "External"},
-    {47, 0, "Free-Run"},  {47, 1, "External"},   {50, 0, "Free-Run"},   {50, 1, "External"},
-    {39, 0, "Free-Run"},  {39, 1, "SDI Input"},  {39, 2, "Ref Input"},  {40, 0, "Free-Run"},
-    {40, 1, "SDI Input"}, {40, 2, "Ref Input"},  {48, 0, "Free-Run"},   {48, 1, "SDI Input"},
-    {48, 2, "Ref Input"}, {49, 0, "Free-Run"},   {49, 1, "SDI Input"},  {49, 2, "Ref Input"},
-    {0, kTableEnd, ""},
-};
-constexpr NameRow kSyncNames[] = {
-    {30, 0, "75 ohms termination"}, {30, 1, "Open termination"},    {43, 0, "75 ohms termination"},
-    {43, 1, "Open termination"},    {39, 0, "75 ohms termination"}, {39, 1, "Open termination"},
-    {40, 0, "75 ohms termination"}, {40, 1, "Open termination"},    {0, kTableEnd, ""},
-};
-
-// The search ends at the table's end: some boxes report values that have no name.
-const char* FindName(const NameRow* table, std::uint8_t boxType, std::uint8_t value) {
-  const NameRow* row = FindRow(table, &NameRow::value, [&](const NameRow& each) {
-    return each.boxType == boxType && each.value == value;
-  });
-  return row == nullptr || row->value == kTableEnd ? nullptr : row->name;
-}
 
 // An output format: its size in time, and the reference formats that allow a horizontal delay.
 struct RangeRow {
@@ -88,64 +56,6 @@ constexpr DelayControls kVertical = {1084, "V Sync Delay :", 1086, 1108, 1107, 1
 constexpr DelayControls kHorizontal = {1085, "H Sync Delay :", 1087, 1110, 1109, 1106, 1089,
                                        1091, "Clock"};
 
-constexpr std::uint8_t kNone = 0;
-
-}  // namespace
-
-// The properties of a group of models.
-struct GenlockGroup {
-  std::uint8_t reference;
-  std::uint8_t mode;
-  std::uint8_t delays;
-  std::uint8_t syncMode;   // kNone = the group has none
-  bool takesSyncMode;      // with every write of delays
-  bool tellsLockAndInput;  // whether the mode can be changed, and the reference's code, by
-                           // themselves
-};
-
-namespace {
-
-constexpr GenlockGroup kGroup1 = {block::kGenlockReference1,
-                                  block::kGenlockMode1,
-                                  block::kGenlockDelays1,
-                                  block::kSyncMode1,
-                                  false,
-                                  true};
-constexpr GenlockGroup kGroup2 = {
-    block::kGenlockReference2, block::kGenlockMode2, block::kGenlockDelays2, kNone, false, false};
-constexpr GenlockGroup kGroup3 = {block::kGenlockReference3,
-                                  block::kGenlockMode3,
-                                  block::kGenlockDelays3,
-                                  block::kSyncMode3,
-                                  true,
-                                  false};
-
-struct ModelRow {
-  std::uint8_t boxType;
-  const GenlockGroup* group;
-  std::uint8_t menuBlock;  // what opens the function on the box, to block::kBoxMenu
-  std::uint8_t menuWord;   // or to word::kBoxMenu4; kNone = the other
-  std::uint8_t lastMode;   // the greatest genlock mode
-  bool skipsMode1;
-};
-// Type 50 counts to 2 although it has no name for it.
-constexpr ModelRow kModels[] = {
-    {50, &kGroup1, 4, kNone, 2, false}, {46, &kGroup1, 2, kNone, 1, false},
-    {47, &kGroup1, 2, kNone, 1, false}, {48, &kGroup1, 2, kNone, 2, false},
-    {49, &kGroup1, 2, kNone, 2, false}, {39, &kGroup1, 2, kNone, 2, false},
-    {40, &kGroup1, 2, kNone, 2, false}, {20, &kGroup2, kNone, 3, 2, true},
-    {33, &kGroup2, kNone, 3, 2, true},  {30, &kGroup3, kNone, 2, 1, false},
-    {43, &kGroup3, kNone, 2, 1, false},
-};
-
-// Null for types that can't be genlocked.
-const ModelRow* FindModel(std::uint8_t boxType) {
-  for (const ModelRow& row : kModels) {
-    if (row.boxType == boxType) return &row;
-  }
-  return nullptr;
-}
-
 }  // namespace
 
 void CGenlockDlg::Init() {
@@ -170,14 +80,14 @@ void CGenlockDlg::Init() {
     set(delay.label, "0");
     set(delay.unit, delay.unitText);
   }
-  ShowGroup(Window(), kSyncMode, FindName(kSyncNames, panel.identity.boxType, 0) != nullptr);
+  const bool hasSync = FindIndex(genlock::SyncNames(), panel.identity.boxType, 0) != nullptr;
+  ShowGroup(Window(), kSyncMode, hasSync);
   Window().EnableControl(kGenlockMode.next, true);
   // Nothing of the box before.
   genlockMode = syncMode = 0;
   outputCode = inputCode = kNoCode;
   lines = clocks = 0;
-  vDelay = vDelayApplied = 0;
-  hDelay = hDelayApplied = 0;
+  delays = applied = {};
   previewed = false;
   ReadBox();
 }
@@ -189,9 +99,8 @@ void CGenlockDlg::Open() {
 }
 
 void CGenlockDlg::OpenOnBox() {
-  if (const ModelRow* model = FindModel(panel.identity.boxType)) {
-    if (model->menuBlock != kNone) Write(Block(block::kBoxMenu), {model->menuBlock});
-    if (model->menuWord != kNone) Write(Word(word::kBoxMenu4), {model->menuWord});
+  if (const genlock::Model* model = genlock::Find(panel.identity.boxType)) {
+    Write(model->opening.at, {model->opening.value});
   }
   Refresh(serialHandle);
 }
@@ -202,53 +111,47 @@ void CGenlockDlg::Refresh(ui::SerialHandle serial) {
 }
 
 void CGenlockDlg::ReadBox() {
-  const ModelRow* model = FindModel(panel.identity.boxType);
+  const genlock::Model* model = genlock::Find(panel.identity.boxType);
   if (model == nullptr) return;
-  const GenlockGroup& group = *model->group;
   BlockBuffer format{};  // a format that can't be read is none
-  Read(Block(group.reference, 30), format);
-  ReadMode(group);
-  if (group.tellsLockAndInput) ReadLockAndInput();
+  Read(model->reference, format);
+  ReadMode(*model);
+  ReadLockAndInput(*model);
   ChooseRanges();
-  ReadDelays(group);
-  if (hDelayAllowed == 0) hDelay = 0;
-  BlockBuffer sync{};
-  if (group.syncMode != kNone && Read(Block(group.syncMode, 2), sync)) syncMode = sync[0];
-  Window().SetText(
-      kFormat, FormatText(LittleEndian(format[0], format[1]), LittleEndian(format[2], format[3]),
-                          format[4], format[5], format[6] == 1 ? "p" : "i"));
+  ReadDelays(*model);
+  if (hDelayAllowed == 0) delays.clocks = 0;
+  Read(model->sync, syncMode);
+  const VideoFormat reference = DecodeFormat(format, ByteOrder::kLittle);
+  Window().SetText(kFormat, TextOf(reference, reference.scan == 1 ? "p" : "i"));
   ShowGenlockMode();
   ShowSyncMode();
   EnableDelays();
   ShowDelays();
 }
 
-void CGenlockDlg::ReadMode(const GenlockGroup& group) {
+void CGenlockDlg::ReadMode(const genlock::Model& model) {
   BlockBuffer bytes{};
-  if (!Read(Block(group.mode, 4), bytes)) return;
+  if (!Read(model.mode, bytes)) return;
   genlockMode = bytes[0];
   outputCode = bytes[1];
-  if (!group.tellsLockAndInput) inputCode = bytes[3];
+  if (model.input.kind == Address::Kind::kNone) inputCode = bytes[3];
 }
 
-void CGenlockDlg::ReadLockAndInput() {
-  BlockBuffer bytes{};
-  if (Read(Block(block::kGenlockLocked, 2), bytes) && bytes[0] <= 1) {
-    Window().EnableControl(kGenlockMode.next, bytes[0] == 0);
+void CGenlockDlg::ReadLockAndInput(const genlock::Model& model) {
+  std::uint8_t locked = 0;
+  if (Read(model.locked, locked) && locked <= 1) {
+    Window().EnableControl(kGenlockMode.next, locked == 0);
   }
-  if (Read(Block(block::kGenlockInputCode, 2), bytes)) inputCode = bytes[0];
+  Read(model.input, inputCode);
 }
 
-// Told little-endian, although they are taken big-endian: the box's own way. What is read while a
-// preview is out is that preview, and not what leaving the page has to go back to.
-void CGenlockDlg::ReadDelays(const GenlockGroup& group) {
+// What is read while a preview is out is that preview, and not what leaving the page has to go back
+// to.
+void CGenlockDlg::ReadDelays(const genlock::Model& model) {
   BlockBuffer bytes{};
-  if (!Read(Block(group.delays, 4), bytes)) return;
-  vDelay = LittleEndian(bytes[0], bytes[1]);
-  hDelay = LittleEndian(bytes[2], bytes[3]);
-  if (previewed) return;
-  vDelayApplied = vDelay;
-  hDelayApplied = hDelay;
+  if (!Read(model.delays, bytes)) return;
+  delays = DecodeToldDelays(bytes);
+  if (!previewed) applied = delays;
 }
 
 // An output code without a row keeps the sizes and allows no horizontal delay.
@@ -281,26 +184,22 @@ void CGenlockDlg::EnableDelays() {
 }
 
 void CGenlockDlg::ShowGenlockMode() {
-  const char* name = FindName(kGenlockNames, panel.identity.boxType, genlockMode);
-  if (name != nullptr) Window().SetText(kGenlockMode.value, name);
+  ShowChoice(kGenlockMode.value, genlock::ModeNames(), genlockMode);
 }
 
-void CGenlockDlg::ShowSyncMode() {
-  const char* name = FindName(kSyncNames, panel.identity.boxType, syncMode);
-  if (name != nullptr) Window().SetText(kSyncMode.value, name);
-}
+void CGenlockDlg::ShowSyncMode() { ShowChoice(kSyncMode.value, genlock::SyncNames(), syncMode); }
 
 void CGenlockDlg::ShowSliders() {
   Window().SetSliderRange(kVertical.slider, 0, vDelayMax);
-  Window().SetSliderPosition(kVertical.slider, vDelay);
+  Window().SetSliderPosition(kVertical.slider, delays.lines);
   Window().SetSliderRange(kHorizontal.slider, 0, hDelayMax);
-  Window().SetSliderPosition(kHorizontal.slider, hDelay);
+  Window().SetSliderPosition(kHorizontal.slider, delays.clocks);
 }
 
 void CGenlockDlg::ShowDelays() {
   ShowSliders();
-  ShowNumber(kVertical, vDelay);
-  ShowNumber(kHorizontal, hDelay);
+  ShowNumber(kVertical, delays.lines);
+  ShowNumber(kHorizontal, delays.clocks);
 }
 
 void CGenlockDlg::ShowNumber(const DelayControls& delay, std::uint16_t value) {
@@ -321,7 +220,7 @@ void CGenlockDlg::OnCommand(int control, ui::Notification what) {
 }
 
 void CGenlockDlg::OnNextGenlockMode() {
-  const ModelRow* model = FindModel(panel.identity.boxType);
+  const genlock::Model* model = genlock::Find(panel.identity.boxType);
   if (model == nullptr) return;
   ++genlockMode;
   if (genlockMode == 1 && model->skipsMode1) ++genlockMode;
@@ -347,8 +246,8 @@ void CGenlockDlg::StepDown(std::uint16_t& value) {
 }
 
 void CGenlockDlg::OnSliderReleased(int slider) {
-  if (slider == kVertical.slider) TakeSlider(kVertical, vDelay);
-  if (slider == kHorizontal.slider) TakeSlider(kHorizontal, hDelay);
+  if (slider == kVertical.slider) TakeSlider(kVertical, delays.lines);
+  if (slider == kHorizontal.slider) TakeSlider(kHorizontal, delays.clocks);
 }
 
 void CGenlockDlg::TakeSlider(const DelayControls& delay, std::uint16_t& value) {
@@ -364,8 +263,8 @@ bool CGenlockDlg::TakeEdits() {
   const std::optional<int> vertical = ParseNumber(Window().Text(kVertical.edit));
   const std::optional<int> horizontal = ParseNumber(Window().Text(kHorizontal.edit));
   if (!vertical || !horizontal) return false;
-  vDelay = static_cast<std::uint16_t>(std::clamp<int>(*vertical, 0, vDelayMax));
-  hDelay = static_cast<std::uint16_t>(std::clamp<int>(*horizontal, 0, hDelayMax));
+  delays.lines = static_cast<std::uint16_t>(std::clamp<int>(*vertical, 0, vDelayMax));
+  delays.clocks = static_cast<std::uint16_t>(std::clamp<int>(*horizontal, 0, hDelayMax));
   return true;
 }
 
@@ -375,30 +274,26 @@ bool CGenlockDlg::OnKey(ui::Key key) {
 }
 
 void CGenlockDlg::Apply() {
-  const ModelRow* model = FindModel(panel.identity.boxType);
-  if (model != nullptr) Write(Block(model->group->mode), {genlockMode});
+  const genlock::Model* model = genlock::Find(panel.identity.boxType);
+  if (model != nullptr) Write(model->mode, {genlockMode});
   if (!TakeEdits()) return;
-  vDelayApplied = vDelay;
-  hDelayApplied = hDelay;
+  applied = delays;
   SendDelays(true);
 }
 
-// Big-endian, although they are read little-endian: the box's own way.
 void CGenlockDlg::SendDelays(bool final) {
   previewed = !final;
-  if (const ModelRow* model = FindModel(panel.identity.boxType)) {
-    Write(Block(model->group->delays), {HighByte(vDelay), LowByte(vDelay), HighByte(hDelay),
-                                        LowByte(hDelay), static_cast<std::uint8_t>(final ? 1 : 0)});
-    if (model->group->takesSyncMode) Write(Block(model->group->syncMode), {syncMode});
+  if (const genlock::Model* model = genlock::Find(panel.identity.boxType)) {
+    Write(model->delays, EncodeTakenDelays(delays, final));
+    if (model->takesSync) Write(model->sync, {syncMode});
   }
   ShowDelays();
 }
 
 void CGenlockDlg::Leave() {
-  const bool changed = vDelay != vDelayApplied || hDelay != hDelayApplied;
+  const bool changed = delays != applied;
   if (!std::exchange(previewed, false) || !changed) return;
-  vDelay = vDelayApplied;
-  hDelay = hDelayApplied;
+  delays = applied;
   SendDelays(false);
   previewed = false;
 }

@@ -2,17 +2,17 @@
 // reference input, and the delays of the output against the reference. Sliders, "<<", ">>" and
 // Enter send the delays at once as a preview; Apply sends mode and delays as final.
 //
-// Models: 39, 40 and 46 to 50; 20 and 33; 30 and 43. Each of these groups has properties of its
-// own. The sync mode is shown where its names are known: on 30, 43, 39 and 40.
+// Models: see catalogue/multiview.h. The sync mode is shown where its names are known.
 #pragma once
 
+#include "catalogue/codecs.h"
+#include "catalogue/multiview.h"
 #include "pages/page.h"
 #include "res/dialog_templates.h"
 
 namespace panelora {
 
 struct DelayControls;
-struct GenlockGroup;
 
 class CGenlockDlg final : public Page {
  public:
@@ -49,16 +49,16 @@ class CGenlockDlg final : public Page {
  private:
   void OnNextGenlockMode();
   void OnNextSyncMode();
-  void OnVerticalUp() { StepUp(vDelay, vDelayMax); }
-  void OnVerticalDown() { StepDown(vDelay); }
-  void OnHorizontalUp() { StepUp(hDelay, hDelayMax); }
-  void OnHorizontalDown() { StepDown(hDelay); }
+  void OnVerticalUp() { StepUp(delays.lines, vDelayMax); }
+  void OnVerticalDown() { StepDown(delays.lines); }
+  void OnHorizontalUp() { StepUp(delays.clocks, hDelayMax); }
+  void OnHorizontalDown() { StepDown(delays.clocks); }
 
   void OpenOnBox();
   void ReadBox();
-  void ReadMode(const GenlockGroup& group);
-  void ReadLockAndInput();
-  void ReadDelays(const GenlockGroup& group);
+  void ReadMode(const genlock::Model& model);
+  void ReadLockAndInput(const genlock::Model& model);
+  void ReadDelays(const genlock::Model& model);
   void ChooseRanges();
   void EnableDelays();
   void ShowGenlockMode();
@@ -80,11 +80,9 @@ class CGenlockDlg final : public Page {
   std::uint8_t hDelayAllowed = 0;     // 1 = the reference allows a horizontal delay
   std::uint16_t lines = 0;            // a frame of the output
   std::uint16_t clocks = 0;           // a line of the output
-  std::uint16_t vDelay = 0;           // lines
-  std::uint16_t hDelay = 0;           // clocks
+  Delays delays;
   // What leaving the page goes back to: what was applied last, or read while no preview was out.
-  std::uint16_t vDelayApplied = 0;
-  std::uint16_t hDelayApplied = 0;
+  Delays applied;
   std::uint16_t vDelayMax = 0;  // lines, 0 in free-run
   std::uint16_t hDelayMax = 0;  // clocks, 0 in free-run and where it is not allowed
   bool previewed = false;       // a preview was sent since the page was opened, applied or left

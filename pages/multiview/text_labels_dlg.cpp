@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <array>
 
+#include "catalogue/codecs.h"
+#include "catalogue/multiview.h"
 #include "pages/cycling_group.h"
-#include "pages/label_field.h"
-#include "pages/option_table.h"
 
 namespace panelora {
 
@@ -15,9 +15,9 @@ constexpr CyclingGroup kState = {1110, 1111, 1112, 1113};
 constexpr int kLabelCaption = 1114;
 constexpr int kLabel = 1115;
 
-// The last row's text is never shown.
-constexpr NamedValue kStates[] = {
-    {0, "Disable"}, {1, "Enable"}, {2, "Default Labels"}, {kTableEnd, "Always ON"}};
+constexpr Choice kStates[] = {
+    {kAllTypes, 0, "Disable", 0}, {kAllTypes, 1, "Enable", 1}, {kAllTypes, 2, "Default Labels", 2}};
+static_assert(EveryRowCounts(kStates));
 
 }  // namespace
 
@@ -42,16 +42,14 @@ void CTextLabelsDlg::Open() {
 void CTextLabelsDlg::Refresh(ui::SerialHandle serial) {
   serialHandle = serial;
   BlockBuffer bytes{};
-  if (!Read(Block(block::kTextLabel, 60), bytes)) return;
+  if (!Read(multiview::kTextLabel, bytes)) return;
   Window().SetText(kLabel, TextOfLabel(std::span(bytes).subspan<1, kLabelLength>()));
   labelState = bytes[0];
   ShowState();
   EnableLabel();
 }
 
-void CTextLabelsDlg::ShowState() {
-  if (const char* name = NameOf(kStates, labelState)) Window().SetText(kState.value, name);
-}
+void CTextLabelsDlg::ShowState() { ShowChoice(kState.value, kStates, labelState); }
 
 // The default label and unknown states leave the edit as it is.
 void CTextLabelsDlg::EnableLabel() {
@@ -76,7 +74,7 @@ void CTextLabelsDlg::Apply() {
   std::array<std::uint8_t, 1 + kLabelLength> bytes = {labelState};
   const LabelField label = CentredLabel(Window().Text(kLabel));
   std::copy(label.begin(), label.end(), bytes.begin() + 1);
-  Write(Block(block::kTextLabel), bytes);
+  Write(multiview::kTextLabel, bytes);
 }
 
 }  // namespace panelora

@@ -1,14 +1,12 @@
 #include "pages/status/information_dlg.h"
 
-#include "base/byte_order.h"
-#include "base/text.h"
-#include "pages/format_text.h"
-#include "pages/option_table.h"
 #include "res/dialog_templates.h"
 
 namespace panelora {
 
 namespace {
+
+using namespace information;
 
 constexpr int kGroup = 1016;
 constexpr int kFormatCaption = 1003;
@@ -79,66 +77,8 @@ constexpr int kHiddenRows[] = {1004, 1008, 1005, 1009, 1006, 1010, 1011, 1012, 1
                                1022, 1029, 1025, 1032, 1031, 1024, 1021, 1027, 1019, 1023, 1020,
                                1017, 1018, 1033, 1034, 1035, 1036, 1037, 1038, 1039, 1079};
 
-// Where a model reports its input format, and its firmware version.
-enum class FormatSource { kBlockBig, kBlockLittle, kCode };
-
-struct ModelRow {
-  std::uint8_t boxType;
-  FormatSource source;
-  std::uint32_t firmwareItem;
-};
-
-// Models that differ from the last row, which serves all the others.
-constexpr ModelRow kModels[] = {
-    {26, FormatSource::kBlockBig, word::kFirmware},
-    {14, FormatSource::kBlockLittle, word::kFirmwareOther},
-    {36, FormatSource::kBlockLittle, word::kFirmwareOther},
-    {51, FormatSource::kBlockLittle, word::kFirmwareOther},
-    {kTableEnd, FormatSource::kCode, word::kFirmwareOther},
-};
-
-const ModelRow& ModelOf(std::uint8_t boxType) {
-  const ModelRow* row = kModels;
-  while (row->boxType != kTableEnd && row->boxType != boxType) ++row;
-  return *row;
-}
-
-struct FormatNameRow {
-  std::uint8_t code;
-  const char* name;
-  const char* dividedName;  // at 1/1.001 of the rate; blank where there is no such format
-};
-
-constexpr FormatNameRow kFormatNames[] = {
-    {0, "720x480 59.94i", "720x480 59.94i"},
-    {89, "720x480 59.94i", "720x480 59.94i"},
-    {1, "720x576 50.00i", ""},
-    {2, "720x480 60.00p", "720x480 59.94p"},
-    {3, "720x576 50.00p", ""},
-    {4, "1280x720 60.00p", "1280x720 59.94p"},
-    {5, "1280x720 59.94p", ""},
-    {6, "1280x720 50.00p", ""},
-    {7, "1920x1080 60.00i", "1920x1080 59.94i"},
-    {8, "1920x1080 59.94i", ""},
-    {9, "1920x1080 50.00i", ""},
-    {10, "1920x1080 60.00p", "1920x1080 59.94p"},
-    {11, "1920x1080 59.94p", ""},
-    {12, "1920x1080 50.00p", ""},
-    {43, "1920x1080 24.00p", "1920x1080 23.98p"},
-    {44, "1920x1080 25.00p", ""},
-    {45, "1920x1080 30.00p", "1920x1080 29.97p"},
-    {81, "1280x720 30.00p", "1280x720 29.97p"},
-    {82, "1280x720 25.00p", ""},
-    {83, "1280x720 24.00p", "1280x720 23.98p"},
-    {93, "1920x1080 24.00s", "1920x1080 23.98s"},
-    {92, "1920x1035 60.00i", "1920x1035 59.94i"},
-    // Two different spellings, both deliberate.
-    {91, "-  NO  SIGNAL  -", "-  NO SIGNAL  - "},
-    {kTableEnd, "", ""},
-};
-
-// Box type 19 has formats only below this code.
-constexpr std::uint8_t kFirstMissingCode19 = 92;
+// Closes the list: the maker's own.
+constexpr std::uint8_t kAnyBrand = 255;
 
 struct AddressRow {
   std::uint8_t brandCode;
@@ -149,7 +89,7 @@ constexpr AddressRow kWebAddresses[] = {
     {1, "www.telvero.example"},         {2, "www.brightmoor.example"},
     {3, "www.corvane-pro.example"},     {4, "www.quintrel.example"},
     {8, "www.lumexa.example"},          {9, "www.pandrel.example"},
-    {kTableEnd, "www.corvane.example"},
+    {kAnyBrand, "www.corvane.example"},
 };
 
 // Box type 26 shows the address of this brand whatever its own brand is.
@@ -157,25 +97,11 @@ constexpr std::uint8_t kAddressBrand26 = 3;
 
 }  // namespace
 
-std::string FirmwareText(std::uint32_t version) {
-  return Format("%X.%X.%X.%X", (version >> 12) & 0xF, (version >> 8) & 0xF, (version >> 4) & 0xF,
-                version & 0xF);
-}
-
-std::string InputFormatName(std::uint8_t boxType, std::uint8_t code, bool divided) {
-  if (boxType == 19 && code >= kFirstMissingCode19) return kNoSignalText;
-  const FormatNameRow* row = FindRow(
-      kFormatNames, &FormatNameRow::code,
-      [&](const FormatNameRow& each) { return each.code == code && each.code != kTableEnd; });
-  if (row == nullptr) return kNoSignalText;
-  return divided ? row->dividedName : row->name;
-}
-
 CInformationDlg::CInformationDlg(PanelContext context) : Page(res::kInformation, context) {}
 
 const char* CInformationDlg::WebAddress(std::uint8_t brandCode) {
   const AddressRow* row = kWebAddresses;
-  while (row->brandCode != kTableEnd && row->brandCode != brandCode) ++row;
+  while (row->brandCode != kAnyBrand && row->brandCode != brandCode) ++row;
   return row->address;
 }
 
@@ -192,8 +118,9 @@ void CInformationDlg::Init() {
 }
 
 void CInformationDlg::LayOut() {
-  const std::uint8_t boxType = panel.identity.boxType;
-  if (boxType == 13 || boxType == 15) Window().SetText(kFormatCaption, "Input Format 1 :");
+  if (information::kNumbersInputs.Has(panel.identity.boxType)) {
+    Window().SetText(kFormatCaption, "Input Format 1 :");
+  }
   // The firmware row takes the place of input row 2.
   Window().PlaceControl(kFirmwareCaption, {80, 90, 110, 30});
   Window().PlaceControl(kFirmwareValue, {200, 90, 150, 30});
@@ -201,7 +128,7 @@ void CInformationDlg::LayOut() {
 }
 
 void CInformationDlg::ShowWebAddress() {
-  if (panel.identity.boxType == 26) {
+  if (kShippedType.Has(panel.identity.boxType)) {
     Window().SetText(kWebAddress, WebAddress(kAddressBrand26));
     Window().PlaceControl(kWebAddress, {180, 250, 200, 30});
     return;
@@ -220,49 +147,28 @@ void CInformationDlg::Refresh(ui::SerialHandle serial) {
 }
 
 void CInformationDlg::RefreshInputFormat() {
-  switch (ModelOf(panel.identity.boxType).source) {
-    case FormatSource::kBlockBig:
-      Window().SetText(kFormatValue, FormatFromBigBlock());
-      break;
-    case FormatSource::kBlockLittle:
-      if (const auto format = FormatFromLittleBlock()) Window().SetText(kFormatValue, *format);
-      break;
-    case FormatSource::kCode:
-      if (const auto name = FormatFromCode()) Window().SetText(kFormatValue, *name);
-      break;
+  const FormatSource& source = FormatSourceOf(panel.identity.boxType);
+  if (source.kind == FormatKind::kCode) {
+    WordBuffer words{};
+    if (!Read(source.at, words)) return;
+    const auto code = static_cast<std::uint8_t>(words[0] & 0xFF);
+    Window().SetText(kFormatValue, InputFormatName(panel.identity.boxType, code, words[1] == 1));
+    return;
   }
-}
-
-// The result of this read is not tested: after a failure the buffer's earlier contents are shown.
-std::string CInformationDlg::FormatFromBigBlock() {
-  Read(Block(block::kInputFormat, 30), inputFormat);
-  const BlockBuffer& b = inputFormat;
-  return FormatText(BigEndian(b[0], b[1]), BigEndian(b[2], b[3]), b[4], b[5],
-                    b[6] != 0 ? "i" : "p");
-}
-
-// None when the box did not answer.
-std::optional<std::string> CInformationDlg::FormatFromLittleBlock() {
-  BlockBuffer b{};
-  if (!Read(Block(block::kInputFormatLittle, 30), b)) return std::nullopt;
-  const char* scan = b[6] == 1 ? "p" : b[6] == 2 ? "s" : "i";
-  return FormatText(LittleEndian(b[0], b[1]), LittleEndian(b[2], b[3]), b[4], b[5], scan);
-}
-
-// None when the box did not answer; blank for a rate that the format does not have.
-std::optional<std::string> CInformationDlg::FormatFromCode() {
-  WordBuffer words{};
-  if (!Read(Word(word::kFormatCode), words)) return std::nullopt;
-  return InputFormatName(panel.identity.boxType, static_cast<std::uint8_t>(words[0] & 0xFF),
-                         words[1] == 1);
+  // The result of the read from model 26 is not tested: after a failure the buffer's earlier
+  // contents are shown.
+  const bool isBig = source.kind == FormatKind::kBigBlock;
+  if (!Read(source.at, inputFormat) && !isBig) return;
+  const VideoFormat format =
+      DecodeFormat(inputFormat, isBig ? ByteOrder::kBig : ByteOrder::kLittle);
+  const char* little = format.scan == 1 ? "p" : format.scan == 2 ? "s" : "i";
+  const char* big = format.scan != 0 ? "i" : "p";
+  Window().SetText(kFormatValue, TextOf(format, isBig ? big : little));
 }
 
 void CInformationDlg::ReadFirmware() {
   WordBuffer words{};
-  const std::uint32_t item = ModelOf(panel.identity.boxType).firmwareItem;
-  if (Read(Word(item), words)) {
-    firmwareVersion = (words[1] & 0xFF) * 256 + (words[0] & 0xFF);
-  }
+  if (Read(FirmwareOf(panel.identity.boxType), words)) firmwareVersion = DecodeFirmware(words);
 }
 
 }  // namespace panelora

@@ -1,9 +1,7 @@
-// Texts of formats and versions, and the search in option tables.
+// Texts of formats and versions.
 #include <gtest/gtest.h>
 
-#include "pages/format_text.h"
-#include "pages/option_table.h"
-#include "pages/status/information_dlg.h"
+#include "catalogue/information.h"
 
 namespace panelora {
 namespace {
@@ -49,41 +47,26 @@ TEST(InputFormatNames, EveryCodeHasItsNameOrNoSignal) {
       name = row.name;
       divided = row.divided;
     }
-    EXPECT_EQ(InputFormatName(20, static_cast<std::uint8_t>(code), false), name) << code;
-    EXPECT_EQ(InputFormatName(20, static_cast<std::uint8_t>(code), true), divided) << code;
+    EXPECT_EQ(information::InputFormatName(20, static_cast<std::uint8_t>(code), false), name)
+        << code;
+    EXPECT_EQ(information::InputFormatName(20, static_cast<std::uint8_t>(code), true), divided)
+        << code;
   }
 }
 
 TEST(InputFormatNames, Model19KnowsNoCodeFrom92) {
-  EXPECT_EQ(InputFormatName(19, 91, false), "-  NO  SIGNAL  -");
-  EXPECT_EQ(InputFormatName(19, 92, false), "-  NO SIGNAL  -");
-  EXPECT_EQ(InputFormatName(19, 93, false), "-  NO SIGNAL  -");
-  EXPECT_EQ(InputFormatName(19, 12, false), "1920x1080 50.00p");
+  EXPECT_EQ(information::InputFormatName(19, 91, false), "-  NO  SIGNAL  -");
+  EXPECT_EQ(information::InputFormatName(19, 92, false), "-  NO SIGNAL  -");
+  EXPECT_EQ(information::InputFormatName(19, 93, false), "-  NO SIGNAL  -");
+  EXPECT_EQ(information::InputFormatName(19, 12, false), "1920x1080 50.00p");
 }
 
 TEST(FirmwareText, ShowsFourHexadecimalDigits) {
-  EXPECT_EQ(FirmwareText(0x0112), "0.1.1.2");
-  EXPECT_EQ(FirmwareText(518), "0.2.0.6");
-  EXPECT_EQ(FirmwareText(0), "0.0.0.0");
-  EXPECT_EQ(FirmwareText(0xFFFF), "F.F.F.F");
-  EXPECT_EQ(FirmwareText(0xABCD), "A.B.C.D");
-}
-
-struct Row {
-  std::uint8_t key;
-  const char* text;
-};
-constexpr Row kRows[] = {{3, "three"}, {1, "one"}, {3, "again"}, {255, "end"}, {4, "beyond"}};
-
-TEST(OptionTable, FindsTheFirstMatchAndStopsAtTheEndRow) {
-  const auto find = [](std::uint8_t key) {
-    return FindRow(kRows, &Row::key, [key](const Row& row) { return row.key == key; });
-  };
-  EXPECT_STREQ(find(3)->text, "three");
-  EXPECT_STREQ(find(1)->text, "one");
-  EXPECT_EQ(find(2), nullptr);
-  EXPECT_EQ(find(4), nullptr);
-  EXPECT_STREQ(find(255)->text, "end");  // some end rows carry a text that a box can ask for
+  EXPECT_EQ(information::FirmwareText(0x0112), "0.1.1.2");
+  EXPECT_EQ(information::FirmwareText(518), "0.2.0.6");
+  EXPECT_EQ(information::FirmwareText(0), "0.0.0.0");
+  EXPECT_EQ(information::FirmwareText(0xFFFF), "F.F.F.F");
+  EXPECT_EQ(information::FirmwareText(0xABCD), "A.B.C.D");
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 // The label fields of the box.
-#include "pages/label_field.h"
+#include "catalogue/codecs.h"
 
 #include <gtest/gtest.h>
 

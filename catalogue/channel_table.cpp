@@ -1,11 +1,15 @@
-#include "pages/multiview/channel_table.h"
+#include "catalogue/channel_table.h"
 
 #include <iterator>
 #include <span>
 
+#include "catalogue/multiview.h"
+
 namespace panelora {
 
 namespace {
+
+using namespace multiview;
 
 // The rows of a mode, in the order of their codes from 1.
 using Rows = std::span<const Channels>;
@@ -28,42 +32,25 @@ constexpr Channels kThreeOfBrand12[] = {{1, 2, 3}, {1, 2, 4}, {1, 3, 4}, {2, 1, 
                                         {3, 4, 2}, {4, 1, 2}, {4, 3, 1}, {4, 3, 2}};
 
 struct ModeRows {
-  std::uint8_t boxType;
+  BoxTypes types;
   std::uint8_t mode;
   Rows rows;
   Rows shown;
 };
 
 constexpr ModeRows kGeneral[] = {
-    {15, 1, kMainOnly, kMainOnly},
-    {15, 2, kNoChannels, kNoChannels},
-    {15, 3, kMainOnly, kMainOnly},
-    {15, 4, kMainAndSub, kMainAndSub},
-    {15, 5, kMainOnly, kMainOnly},
-    {15, 6, kPairAndSub2, kPairAndSub2},
-    {15, 7, kThree, kThree},
-    {15, 8, kMainOnly, kMainOnly},
-    {15, 9, kMainAndSub, kMainAndSub},
-    {51, 1, kMainOnly, kMainOnly},
-    {51, 2, kNoChannels, kNoChannels},
-    {51, 3, kMainOnly, kMainOnly},
-    {51, 4, kMainAndSub51, kMainAndSub},
-    {13, 1, kMainOnly, kMainOnly},
-    {13, 2, kNoChannels, kNoChannels},
-    {13, 3, kMainOnly, kMainOnly},
-    {13, 4, kMainAndSub, kMainAndSub},
-    {13, 5, kMainOnly, kMainOnly},
-    {13, 6, kPairAndSub2, kPairAndSub2},
-    {13, 7, kThree, kThree},
-    {13, 8, kMainOnly, kMainOnly},
-    {13, 9, kMainAndSub, kMainAndSub},
+    {kModels, 1, kMainOnly, kMainOnly},        {kModels, 2, kNoChannels, kNoChannels},
+    {kModels, 3, kMainOnly, kMainOnly},        {kByWord, 4, kMainAndSub, kMainAndSub},
+    {kByBlock, 4, kMainAndSub51, kMainAndSub}, {kByWord, 5, kMainOnly, kMainOnly},
+    {kByWord, 6, kPairAndSub2, kPairAndSub2},  {kByWord, 7, kThree, kThree},
+    {kByWord, 8, kMainOnly, kMainOnly},        {kByWord, 9, kMainAndSub, kMainAndSub},
 };
 
 // What brand 12 has in front of the general rows.
 constexpr ModeRows kOfBrand12[] = {
-    {15, 1, kMainOnly, kMainOnly}, {15, 2, kNoChannels, kNoChannels},
-    {15, 3, kMainOnly, kMainOnly}, {15, 4, kThreeOfBrand12, kThreeOfBrand12},
-    {15, 5, kThree, kThree},
+    {{15}, 1, kMainOnly, kMainOnly}, {{15}, 2, kNoChannels, kNoChannels},
+    {{15}, 3, kMainOnly, kMainOnly}, {{15}, 4, kThreeOfBrand12, kThreeOfBrand12},
+    {{15}, 5, kThree, kThree},
 };
 
 // `matches` gets the code and the channels of each row.
@@ -71,7 +58,7 @@ template <class Matches>
 std::optional<ChannelChoice> Find(std::span<const ModeRows> table, std::uint8_t boxType,
                                   std::uint8_t mode, Matches matches) {
   for (const ModeRows& block : table) {
-    if (block.boxType != boxType || block.mode != mode) continue;
+    if (!block.types.Has(boxType) || block.mode != mode) continue;
     for (std::size_t i = 0; i < block.rows.size(); ++i) {
       const auto code = static_cast<std::uint8_t>(i + 1);
       if (matches(code, block.rows[i])) return ChannelChoice{code, block.rows[i], block.shown[i]};
