@@ -101,7 +101,7 @@ static_assert(EveryRowCounts(kOutputLevels));
 static_assert(EveryRowCounts(kInputLevels));
 
 constexpr OptionList kLists[kOptionCount] = {
-    {"Audio Mute", kMutes, 1},        {"Audio Source", {}, 0},
+    {"Audio Mute", kMutes, 1},        {"Audio Source", {}, 0, 0, 1},
     {"Audio Level", kStandards, 1},  // the caption is deliberate
     {"XLR Level", kXlrLevels, 4},     {"XLR Impedance", kXlrImpedances, 1},
     {"Output Channel", kChannels, 4},

@@ -23,6 +23,7 @@ struct OptionList {
   Choices choices;
   std::uint8_t last;
   std::uint8_t first = 0;
+  std::uint8_t factory = 0;  // the index that a box leaves the factory with
 };
 
 // What a box reports: the index of a choice, or its value.

@@ -34,9 +34,9 @@ constexpr Choice kDip8Modes[] = {
 };
 
 constexpr OptionList kLists[kOptionCount] = {
-    {"DipSwitch 8(1) Mode", kDip8Modes, 4}, {"Function Button", kLocks, 1},
-    {"Pattern Mode", kPatterns, 13},        {"OSD Hide Mode", kOsds, 1},
-    {"No Signal Mode", kNoSignals, 2},
+    {"DipSwitch 8(1) Mode", kDip8Modes, 4},  {"Function Button", kLocks, 1},
+    {"Pattern Mode", kPatterns, 13},         {"OSD Hide Mode", kOsds, 1, 0, 1},
+    {"No Signal Mode", kNoSignals, 2, 0, 1},
 };
 
 static_assert(EveryRowCounts(kLocks));

@@ -160,14 +160,14 @@ constexpr Choice kOutputSources[] = {
 };
 
 constexpr OptionList kLists[kOptionCount] = {
-    {"Input Source", kInputSources, 1},
-    {"Video Output Range", kOutputLevels, 1},
-    {"Aspect Ratio", kAspectRatios, 2},
-    {"Output Format", kOutputFormats, 19, 1},
+    {"Input Source", kInputSources, 1, 0, 1},
+    {"Video Output Range", kOutputLevels, 1, 0, 1},
+    {"Aspect Ratio", kAspectRatios, 2, 0, 1},
+    {"Output Format", kOutputFormats, 19, 1, 1},
     {"Output Mode", {}, 0},
     {"HDMI Output Color", kOutputColours, 2},
     {"Output Source", kOutputSources, 0},
-    {"HDMI Input EQ", kHdmiEqs, 2},
+    {"HDMI Input EQ", kHdmiEqs, 2, 0, 2},
     {"SDI 0 EQ", kSdiEqs, 3},
     {"SDI 1 EQ", kSdiEqs, 3},
     {"CRC Error", kErrorLeds, 1},

@@ -37,6 +37,7 @@ function(panelora_tidy target)
   add_custom_target(${target} DEPENDS ${stamps})
 endfunction()
 
+get_target_property(PANELORA_CATALOGUE_SOURCES panelora_catalogue SOURCES)
 get_target_property(PANELORA_CORE_SOURCES panelora_core SOURCES)
 get_target_property(PANELORA_SIMULATOR_SOURCES panelora_simulator SOURCES)
 if(WIN32)
@@ -44,7 +45,7 @@ if(WIN32)
   panelora_tidy(check_tidy ${PANELORA_WIN32_SOURCES} platform/win32/main.cpp
     simulator/devlnk_dll.cpp tools/panel_remote.cpp FLAGS -D_WIN32_WINNT=0x0601 -DNOMINMAX)
 else()
-  panelora_tidy(check_tidy ${PANELORA_CORE_SOURCES} ${PANELORA_SIMULATOR_SOURCES}
+  panelora_tidy(check_tidy ${PANELORA_CATALOGUE_SOURCES} ${PANELORA_CORE_SOURCES} ${PANELORA_SIMULATOR_SOURCES}
     platform/memory/memory_toolkit.cpp
     FLAGS "-DPANELORA_ADMITTED_BOX_TYPES_LIST=${PANELORA_ADMITTED_LIST}")
   add_test(NAME check_tidy

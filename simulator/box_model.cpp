@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <string>
 
-#include "device/properties.h"
-#include "simulator/model_defaults.h"
+#include "catalogue/information.h"
+#include "catalogue/multiview.h"
+#include "catalogue/picture.h"
+#include "catalogue/video.h"
 
 namespace panelora::simulator {
 
@@ -12,52 +14,20 @@ namespace {
 
 constexpr int kFailure = 0;
 
-// What each input of model 26 receives: width and height big-endian, Hz, 1/100 Hz, scan flag.
+// What each input of model 26 receives; scan 0 is progressive.
 struct InputRow {
   std::uint8_t source;
-  std::vector<std::uint8_t> format;
+  VideoFormat format;
 };
 
-const InputRow kInputs[] = {
-    {1, {0x07, 0x80, 0x04, 0x38, 59, 94, 0}},  // HDMI: 1920x1080 59.94p
-    {2, {0x04, 0x00, 0x03, 0x00, 60, 0, 0}},   // VGA: 1024x768 60.00p
-    {4, {0x07, 0x80, 0x04, 0x38, 50, 0, 1}},   // SDI: 1920x1080 50.00i
+constexpr InputRow kInputs[] = {
+    {1, {1920, 1080, 59, 94, 0}},  // HDMI
+    {2, {1024, 768, 60, 0, 0}},    // VGA
+    {4, {1920, 1080, 50, 0, 1}},   // SDI
 };
 
-struct WordRow {
-  std::uint32_t item;
-  std::uint32_t value;
-};
-
-// Model 26 as it leaves the factory.
-constexpr WordRow kWords26[] = {
-    {word::kInputSource, 1},   {word::kOutputFormat, 15}, {word::kAspectRatio, 1},
-    {word::kHdmiEq, 2},        {word::kOutputColour, 0},  {word::kOutputLevel, 1},
-    {word::kEdgeEnhance, 0},   {word::kAudioMute, 0},     {word::kAudioSource, 1},
-    {word::kAudioStandard, 0}, {word::kOsd, 1},
-};
-
-constexpr std::size_t kFormatLength = 30;
-
-bool Has(const std::vector<std::uint8_t>& types, std::uint8_t boxType) {
-  return types.empty() || std::find(types.begin(), types.end(), boxType) != types.end();
-}
-
-bool HoldsGenlockDelays(std::uint8_t property) {
-  return property == block::kGenlockDelays1 || property == block::kGenlockDelays2 ||
-         property == block::kGenlockDelays3;
-}
-
-// The multi-viewers. Their insets as they leave the factory: positions and sizes of 16 bits, the
-// first little-endian as it is read, the second big-endian.
-const std::vector<std::uint8_t> kFirstInset = {0x64, 0, 0x64, 0, 0x80, 0x02, 0x68, 0x01};
-const std::vector<std::uint8_t> kSecondInset = {0x04, 0x4C, 0, 0x64, 0x02, 0x80, 0x01, 0x68};
-constexpr std::size_t kLabelLength = 20;
-constexpr std::size_t kLabelBlockLength = 60;
-
-bool TakesModeByWord(std::uint8_t boxType) { return boxType == 13 || boxType == 15; }
-
-bool IsMultiViewer(std::uint8_t boxType) { return TakesModeByWord(boxType) || boxType == 51; }
+constexpr Address kInputSource = Word(4);
+constexpr Address kInputFormat = Block(1, 30);
 
 // The panel of brand 8 calls mode 9 what the box calls mode 5.
 constexpr std::uint8_t kBrandOfMode9As5 = 8;
@@ -85,77 +55,39 @@ WordBuffer& BoxModel::Word(std::uint32_t item) { return words[item]; }
 void BoxModel::RestoreEverything() {
   blocks.clear();
   words.clear();
-  std::vector<std::uint8_t> identityBlock(20, 0);
-  identityBlock[0] = identity.boxType;
-  identityBlock[1] = identity.brandCode;
-  identityBlock[2] = identity.subModel;
-  identityBlock[3] = identity.inputDipFlag;
-  identityBlock[4] = identity.outputDipFlag;
-  Block(block::kIdentity) = identityBlock;
-
-  const std::uint32_t firmwareItem =
-      identity.boxType == 26 ? word::kFirmware : word::kFirmwareOther;
-  Word(firmwareItem) = {firmware & 0xFF, (firmware >> 8) & 0xFF};
+  const auto identityBlock = EncodeIdentity(identity);
+  Block(block::kIdentity).assign(identityBlock.begin(), identityBlock.end());
+  Word(information::FirmwareOf(identity.boxType).number) = EncodeFirmware(firmware);
   RestoreProcAmp();
-  if (identity.boxType != 26) {
-    RestoreOtherModel();
-    return;
-  }
-
-  for (const WordRow& row : kWords26) Word(row.item) = {row.value, 0};
-  Block(block::kTextLabel) = TextLabel();
-  Block(block::kNoSignal) = {1, 0};
-  Block(block::kDip8Mode) = {0, 0};
-  RestoreRgb();
-  RestoreImage();
-  ReportInputFormat();
+  for (const Default& each : DefaultsOf(identity, firmware)) Store(each);
+  if (IsModel26()) ReportInputFormat();
 }
 
-void BoxModel::RestoreOtherModel() {
-  for (const BlockDefault& row : BlockDefaults()) {
-    if (Has(row.types, identity.boxType)) Block(row.property) = row.bytes;
-  }
-  for (const WordDefault& row : WordDefaults()) {
-    if (Has(row.types, identity.boxType)) Word(row.item) = {row.value, 0};
-  }
-  if (IsMultiViewer(identity.boxType)) RestoreMultiViewer();
-  // With DIP switches and of brand 2 these keep their region elsewhere.
-  if (identity.boxType == 24 || identity.boxType == 34) {
-    const bool elsewhere = identity.inputDipFlag == 1 || identity.brandCode == 2;
-    Block(elsewhere ? block::kRegion18 : block::kRegion15) = Region();
-  }
-}
-
-void BoxModel::RestoreMultiViewer() {
-  Block(block::kPipWindow1) = kFirstInset;
-  Block(block::kPipWindow2) = kSecondInset;
-  for (std::uint8_t input = 0; input < 4; ++input) {
-    std::string label = "      INPUT 1       ";
-    label[12] = static_cast<char>('1' + input);
-    std::vector<std::uint8_t>& stored = Block(block::kInputLabel, input);
-    stored.assign(kLabelBlockLength, 0);
-    std::copy_n(label.begin(), kLabelLength, stored.begin());
+void BoxModel::Store(const Default& value) {
+  if (value.at.kind == Address::Kind::kBlock) {
+    Block(value.at.number, value.at.sub) = value.bytes;
+  } else {
+    Word(value.at.number) = {value.bytes.front(), 0};
   }
 }
 
 void BoxModel::RestoreProcAmp() { picture = ProcAmpBytes{}; }
 
-void BoxModel::RestoreRgb() { Block(block::kRgb) = {128, 128, 0}; }
-
-// Horizontal position 300, vertical 50; both sizes 100 percent.
-void BoxModel::RestoreImage() {
-  Block(block::kImagePosition26) = {0x01, 0x2C, 0x00, 0x32};
-  Block(block::kImageSize26) = {100, 100};
+// What a command restores; the rest stays.
+void BoxModel::Restore(std::initializer_list<Address> addresses) {
+  for (const Default& each : DefaultsOf(identity, firmware)) {
+    if (std::find(addresses.begin(), addresses.end(), each.at) != addresses.end()) Store(each);
+  }
 }
 
 void BoxModel::ReportInputFormat() {
-  std::vector<std::uint8_t> format(kFormatLength, 0);
+  std::vector<std::uint8_t>& told = Block(kInputFormat.number);
+  told.assign(kInputFormat.readLength, 0);
   for (const InputRow& row : kInputs) {
-    if (row.source == Word(word::kInputSource)[0]) {
-      std::copy(row.format.begin(), row.format.end(), format.begin());
-    }
+    if (row.source != Word(kInputSource.number)[0]) continue;
+    const auto format = EncodeFormat(row.format, ByteOrder::kBig);
+    std::copy(format.begin(), format.end(), told.begin());
   }
-  Block(block::kInputFormat) = format;
 }
 
 bool BoxModel::IsRestarting() const { return restarting && Now() - restartedAt < kRestartTime; }
@@ -181,17 +113,22 @@ int BoxModel::SetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std
   if (!Answers(handle)) return kFailure;
   // One byte on that property opens a function of the box; only type 51 keeps its display mode
   // there.
-  if (property == block::kBoxMenu && length == 1 && identity.boxType != 51) return kSuccess;
-  if (IsMultiViewer(identity.boxType) && StoreMultiView(property, length, bytes)) return kSuccess;
+  const bool keepsMode = multiview::kByBlock.Has(identity.boxType);
+  if (property == block::kBoxMenu && length == 1 && !keepsMode) return kSuccess;
+  if (multiview::kModels.Has(identity.boxType) && StoreMultiView(property, length, bytes)) {
+    return kSuccess;
+  }
   std::vector<std::uint8_t>& stored = Block(property, sub);
-  if (HoldsGenlockDelays(property) && length == 5) {
-    // Taken big-endian, told little-endian; a preview acts like the final value.
-    stored = {bytes[1], bytes[0], bytes[3], bytes[2]};
+  const genlock::Model* model = genlock::Find(identity.boxType);
+  if (model != nullptr && property == model->delays.number && length == 5) {
+    // A preview acts like the final value.
+    const Bytes4 told = EncodeToldDelays(DecodeTakenDelays(bytes));
+    stored.assign(told.begin(), told.end());
     return kSuccess;
   }
   if (stored.size() < length) stored.resize(length);
   std::copy_n(bytes.begin(), length, stored.begin());
-  if (identity.boxType != 26) ReportOutput(property, bytes[0]);
+  if (!IsModel26()) ReportOutput(property, bytes[0]);
   return kSuccess;
 }
 
@@ -206,64 +143,68 @@ int BoxModel::GetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint
 int BoxModel::SetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint32_t item,
                              std::uint32_t value) {
   if (!Answers(handle) || group != kBoxGroup) return kFailure;
-  if (identity.boxType == 26 && item == word::kCommand) {
+  if (IsModel26() && item == word::kCommand) {
     RunCommand(value);
     return kSuccess;
   }
-  if (TakesModeByWord(identity.boxType) && item == word::kDisplayMode) {
+  if (multiview::kByWord.Has(identity.boxType) && item == multiview::kModeWord.number) {
     const bool asMode5 = identity.brandCode == kBrandOfMode9As5 && value == 9;
-    std::vector<std::uint8_t>& multiView = Block(block::kMultiView);
+    std::vector<std::uint8_t>& multiView = Block(multiview::kModes.number);
     if (!multiView.empty()) multiView[0] = static_cast<std::uint8_t>(asMode5 ? 5 : value);
     return kSuccess;
   }
-  if (TakesModeByWord(identity.boxType) && item == word::kChannelCode) {
+  if (multiview::kByWord.Has(identity.boxType) && item == multiview::kCodeWord.number) {
     StoreChannelCode(static_cast<std::uint8_t>(value));
     return kSuccess;
   }
   Word(item)[0] = value;  // not the second: word 8 holds wall size and firmware version at once
-  if (identity.boxType == 26 && item == word::kInputSource) ReportInputFormat();
+  if (IsModel26() && item == kInputSource.number) ReportInputFormat();
   return kSuccess;
 }
 
 // True for what a multi-viewer does not keep as it was sent.
 bool BoxModel::StoreMultiView(std::uint8_t property, std::uint8_t length,
                               const BlockBuffer& bytes) {
-  if (property == block::kChannelCodes && length == 1) {
+  if (property == multiview::kCodes.number && length == 1) {
     StoreChannelCode(bytes[0]);
     return true;
   }
-  const bool isInset1 = property == block::kPipWindow1;
-  if (!isInset1 && property != block::kPipWindow2) return false;
+  const bool isInset1 = property == multiview::kInset1.number;
+  if (!isInset1 && property != multiview::kInset2.number) return false;
   // All ones put an inset back in its first place.
   if (std::all_of(bytes.begin(), bytes.begin() + length, [](auto byte) { return byte == 0xFF; })) {
-    Block(property) = isInset1 ? kFirstInset : kSecondInset;
+    Block(property) = isInset1 ? FirstInset1() : FirstInset2();
     return true;
   }
-  if (!isInset1 || !TakesModeByWord(identity.boxType)) return false;
-  // Taken big-endian, told little-endian.
-  std::vector<std::uint8_t>& stored = Block(property);
-  for (std::size_t i = 0; i + 1 < std::min<std::size_t>(length, stored.size()); i += 2) {
-    stored[i] = bytes[i + 1];
-    stored[i + 1] = bytes[i];
-  }
+  if (!isInset1 || !multiview::kByWord.Has(identity.boxType)) return false;
+  const PipWindow inset = DecodePipWindow(bytes, ByteOrder::kBig);
+  const Bytes8 told = EncodePipWindow(inset, ByteOrder::kLittle);
+  Block(property).assign(told.begin(), told.end());
   return true;
 }
 
 // Each mode remembers the combination that was last used in it.
 void BoxModel::StoreChannelCode(std::uint8_t code) {
-  const std::vector<std::uint8_t>& multiView = Block(block::kMultiView);
+  const std::vector<std::uint8_t>& multiView = Block(multiview::kModes.number);
   const std::uint8_t reported = multiView.empty() ? std::uint8_t{0} : multiView[0];
   const bool isMode9 = identity.brandCode == kBrandOfMode9As5 && reported == 5;
   const std::size_t slot = isMode9 ? 9 : reported;
-  std::vector<std::uint8_t>& codes = Block(block::kChannelCodes);
+  std::vector<std::uint8_t>& codes = Block(multiview::kCodes.number);
   if (slot >= 1 && slot <= codes.size()) codes[slot - 1] = code;
 }
 
 // What models with pass-through report of their output after it was set.
 void BoxModel::ReportOutput(std::uint8_t property, std::uint8_t value) {
-  if (words.find(word::kPassThroughReport) == words.end()) return;
-  if (property == block::kVideoOutputFormat) Word(word::kOutputFormatReport) = {value, 0};
-  if (property == block::kVideoPassThrough) Word(word::kPassThroughReport) = {value, 0};
+  if (!video::kPassThrough.Has(identity.boxType)) return;
+  for (const Kept& kept : video::Options().kept) {
+    const bool isFormat = kept.option == video::kOutputFormat && kept.types.Has(identity.boxType);
+    if (isFormat && kept.at == panelora::Block(property)) {
+      Word(video::kOutputFormatReport.number) = {value, 0};
+    }
+  }
+  if (property == video::kPassThroughRequest.number) {
+    Word(video::kPassThroughReport.number) = {value, 0};
+  }
 }
 
 void BoxModel::RunCommand(std::uint32_t number) {
@@ -272,10 +213,10 @@ void BoxModel::RunCommand(std::uint32_t number) {
       RestoreProcAmp();
       break;
     case command::kRgbDefaults:
-      RestoreRgb();
+      Restore({picture::kRgb});
       break;
     case command::kImageRestore:
-      RestoreImage();
+      Restore({image::Find(identity)->position, image::Find(identity)->size});
       break;
     case command::kHardwareReset:
       RestoreEverything();

@@ -5,10 +5,13 @@
 
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <utility>
 #include <vector>
 
+#include "catalogue/defaults.h"
+#include "device/box_types.h"
 #include "device/device_link.h"
 #include "device/identity.h"
 
@@ -57,13 +60,12 @@ class BoxModel final : public DeviceLink {
  private:
   bool Answers(DeviceHandle handle) const { return handle == kHandle && IsPresent(); }
   bool IsRestarting() const;
+  bool IsModel26() const { return kShippedType.Has(identity.boxType); }
   std::uint64_t Now() const { return clock ? clock() : 0; }
   void RestoreEverything();
-  void RestoreOtherModel();
-  void RestoreMultiViewer();
+  void Store(const Default& value);
+  void Restore(std::initializer_list<Address> addresses);
   void RestoreProcAmp();
-  void RestoreRgb();
-  void RestoreImage();
   void ReportInputFormat();
   bool StoreMultiView(std::uint8_t property, std::uint8_t length, const BlockBuffer& bytes);
   void StoreChannelCode(std::uint8_t code);
