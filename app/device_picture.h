@@ -27,10 +27,10 @@ struct PictureChoice {
   std::optional<std::uint8_t> newSubModel;  // the sub-model to go on with
 };
 
-// Whether the choice depends on block::kMultiView (box types 13 and 15 of brand 2).
+// Whether the choice depends on multiview::kModes (box types 13 and 15 of brand 2).
 bool PictureNeedsMultiViewBlock(const Identity& identity);
 
-// `pipMark` = byte 1 of block::kMultiView is 1; false when it was not or could not be read.
+// `pipMark` = byte 1 of multiview::kModes is 1; false when it was not or could not be read.
 PictureChoice ChoosePicture(const Identity& identity, bool pipMark);
 
 }  // namespace panelora

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "app/navigation.h"
-#include "device/properties.h"
+#include "catalogue/codecs.h"
+#include "catalogue/multiview.h"
 #include "res/dialog_templates.h"
 
 namespace panelora {
@@ -76,11 +77,12 @@ bool CMainDlg::Init() {
 // one that is known, on purpose: while a model stays known its other bytes keep. A lost box is not:
 // its type is 255 by then.
 bool CMainDlg::ReadIdentity() {
-  BlockBuffer block{};
-  if (!Box(device, panel.deviceHandle).Read(Block(block::kIdentity, 20), block)) return false;
-  if (block[0] != panel.identity.boxType) {
-    panel.identity = {block[0], block[1], block[2], block[3], block[4]};
-    panel.identityPair = {block[0], block[1]};
+  BlockBuffer bytes{};
+  if (!Box(device, panel.deviceHandle).Read(kIdentityBlock, bytes)) return false;
+  const Identity told = DecodeIdentity(bytes);
+  if (told.boxType != panel.identity.boxType) {
+    panel.identity = told;
+    panel.identityPair = {told.boxType, told.brandCode};
   }
   return true;
 }
@@ -146,7 +148,7 @@ void CMainDlg::ApplyDevicePicture() {
   bool pipMark = false;
   if (PictureNeedsMultiViewBlock(panel.identity)) {
     BlockBuffer multiView{};
-    if (Box(device, panel.deviceHandle).Read(Block(block::kMultiView, 20), multiView)) {
+    if (Box(device, panel.deviceHandle).Read(multiview::kModes, multiView)) {
       panel.fittedOption = multiView[2];
       pipMark = multiView[1] == 1;
     }

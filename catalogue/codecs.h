@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "base/byte_order.h"
+#include "device/address.h"
 #include "device/device_link.h"
 #include "device/identity.h"
 
@@ -31,7 +32,8 @@ constexpr Bytes2 Split(ByteOrder order, std::uint16_t value) {
                                   : Bytes2{LowByte(value), HighByte(value)};
 }
 
-// The identity block, 20 bytes of which five are used.
+// The identity block, 20 bytes of which five are used: the same on every model.
+constexpr Address kIdentityBlock = Block(254, 20);
 Identity DecodeIdentity(BlockBytes bytes);
 std::array<std::uint8_t, 20> EncodeIdentity(const Identity& identity);
 

@@ -1,11 +1,10 @@
 #include "catalogue/multiview.h"
 
+#include "catalogue/picture.h"
+
 namespace panelora {
 
 namespace {
-
-// Those that take their commands by block have a menu there.
-constexpr Address kBoxMenu = Block(1);
 
 bool IsBrand2(const Identity& box, std::uint32_t /*firmware*/) { return box.brandCode == 2; }
 bool IsNotBrand2(const Identity& box, std::uint32_t /*firmware*/) { return box.brandCode != 2; }
@@ -26,6 +25,11 @@ std::span<const Command> OpeningOfDisplayMode() {
 
 std::span<const Command> OpeningOfPip() {
   static constexpr Command kOpening[] = {{kByWord, Word(10), 2}};
+  return kOpening;
+}
+
+std::span<const Command> OpeningOfTextLabels() {
+  static constexpr Command kOpening[] = {{kAllTypes, kBoxMenu, 3}};
   return kOpening;
 }
 
@@ -128,7 +132,7 @@ constexpr Command kOpening[] = {
     {{24, 34}, kBoxMenu, 2, IsBrand2},
     {{24, 34}, Word(5), 2, IsNotBrand2},
     {{50}, kBoxMenu, 3},
-    {{26}, Word(3), 3},  // which restores both
+    {{26}, command::kAt, command::kImageRestore},
     {{23, 42}, Word(7), 2},
     {{25, 29}, Word(4), 2},
 };

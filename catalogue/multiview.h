@@ -11,6 +11,9 @@
 
 namespace panelora {
 
+// What a box with a menu shows is told there: one byte, which only 51 keeps.
+constexpr Address kBoxMenu = Block(1);
+
 namespace multiview {
 
 // Display Mode and PIP: told their mode by word, or by block.
@@ -39,6 +42,7 @@ std::span<const Command> OpeningOfPip();
 Choices ModeNames();
 
 constexpr Address kTextLabel = Block(41, 60);
+std::span<const Command> OpeningOfTextLabels();
 
 }  // namespace multiview
 

@@ -6,7 +6,18 @@
 
 #include "catalogue/kept.h"
 
-namespace panelora::picture {
+namespace panelora {
+
+// What a box of type 26 is told to do.
+namespace command {
+constexpr Address kAt = Word(3);
+constexpr std::uint8_t kProcAmpDefaults = 0;  // brightness, contrast, hue, saturation
+constexpr std::uint8_t kHardwareReset = 1;    // the box vanishes for some seconds
+constexpr std::uint8_t kRgbDefaults = 2;      // RGB gain and both offsets
+constexpr std::uint8_t kImageRestore = 3;     // image position and size
+}  // namespace command
+
+namespace picture {
 
 // Models that tell the four picture values one by one.
 inline constexpr BoxTypes kToldOneByOne = {13, 14, 15, 17, 18, 19, 20, 30,
@@ -24,4 +35,6 @@ Address ChannelOf(std::uint8_t boxType);
 // Models that store what they were sent only when they are told so.
 bool Commits(const Identity& identity, std::uint32_t firmware);
 
-}  // namespace panelora::picture
+}  // namespace picture
+
+}  // namespace panelora

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "device/properties.h"
+#include "device/device_link.h"
 
 namespace panelora {
 

@@ -26,6 +26,21 @@ using BlockBuffer = std::array<std::uint8_t, 256>;
 // Receives a word property: some answer with two words, whichever item was asked for.
 using WordBuffer = std::array<std::uint32_t, 2>;
 
+// The group of every word property and of every picture control.
+constexpr std::uint32_t kBoxGroup = 0;
+
+// The sub-number of every block property but the input labels.
+constexpr std::uint8_t kNoSub = 0;
+
+// Picture controls of Get/SetVideoProcAmp.
+namespace proc_amp {
+constexpr std::uint32_t kBrightness = 2;  // 0 to 255, as the next three
+constexpr std::uint32_t kContrast = 3;
+constexpr std::uint32_t kHue = 4;
+constexpr std::uint32_t kSaturation = 5;
+constexpr std::uint32_t kCommit = 255;  // told: 1 store, 0 preview
+}  // namespace proc_amp
+
 // The four picture values, 0 to 255 each.
 struct ProcAmpBytes {
   std::uint8_t brightness = 128;

@@ -33,7 +33,7 @@ struct PanelState {
   // TV wall: screens along each side (1 to 4; 0 = not known) and this box's tile, by rows from 0.
   std::uint8_t wallSize = 0;
   std::uint8_t tilePosition = 0;
-  // Byte 2 of block::kMultiView: 1 = the box has input labels.
+  // Byte 2 of multiview::kModes: 1 = the box has input labels.
   std::uint8_t fittedOption = 0;
   // Which of its sub-pages or views the current page shows; Page Up steps it.
   int cycleState = 0;

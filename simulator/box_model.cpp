@@ -56,7 +56,7 @@ void BoxModel::RestoreEverything() {
   blocks.clear();
   words.clear();
   const auto identityBlock = EncodeIdentity(identity);
-  Block(block::kIdentity).assign(identityBlock.begin(), identityBlock.end());
+  Block(kIdentityBlock.number).assign(identityBlock.begin(), identityBlock.end());
   Word(information::FirmwareOf(identity.boxType).number) = EncodeFirmware(firmware);
   RestoreProcAmp();
   for (const Default& each : DefaultsOf(identity, firmware)) Store(each);
@@ -114,7 +114,7 @@ int BoxModel::SetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std
   // One byte on that property opens a function of the box; only type 51 keeps its display mode
   // there.
   const bool keepsMode = multiview::kByBlock.Has(identity.boxType);
-  if (property == block::kBoxMenu && length == 1 && !keepsMode) return kSuccess;
+  if (property == kBoxMenu.number && length == 1 && !keepsMode) return kSuccess;
   if (multiview::kModels.Has(identity.boxType) && StoreMultiView(property, length, bytes)) {
     return kSuccess;
   }
@@ -143,7 +143,7 @@ int BoxModel::GetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint
 int BoxModel::SetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint32_t item,
                              std::uint32_t value) {
   if (!Answers(handle) || group != kBoxGroup) return kFailure;
-  if (IsModel26() && item == word::kCommand) {
+  if (IsModel26() && item == command::kAt.number) {
     RunCommand(value);
     return kSuccess;
   }

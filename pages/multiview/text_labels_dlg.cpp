@@ -35,7 +35,7 @@ void CTextLabelsDlg::Init() {
 
 void CTextLabelsDlg::Open() {
   TakeHandle();
-  Write(Block(block::kBoxMenu), {3});
+  Send(multiview::OpeningOfTextLabels());
   Refresh(serialHandle);
 }
 

@@ -225,7 +225,7 @@ void CProcAmpDlg::RestoreDefaults() {
 void CProcAmpDlg::ReadDefaults26() {
   values[kGain] = 128;
   values[kOffset] = 128;
-  Write(Word(word::kCommand), {viewMode == 0 ? command::kProcAmpDefaults : command::kRgbDefaults});
+  Write(command::kAt, {viewMode == 0 ? command::kProcAmpDefaults : command::kRgbDefaults});
   // The result of this call is not tested: what it does not fill keeps its value.
   ProcAmpBytes told{values[0], values[1], values[2], values[3]};
   box.Read(told);

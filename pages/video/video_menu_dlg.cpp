@@ -1,6 +1,7 @@
 #include "pages/video/video_menu_dlg.h"
 
 #include "catalogue/menu.h"
+#include "catalogue/multiview.h"
 #include "res/dialog_templates.h"
 
 namespace panelora {
@@ -40,7 +41,7 @@ void CVideoMenuDlg::Init(ui::SerialHandle serial) {
   for (const ButtonRow& row : kButtons) Window().SetPictures(row.control, row.up, row.down);
   if (menu::kAskedForMultiView.Has(panel.identity.boxType)) {
     BlockBuffer unused{};
-    Read(Block(block::kMultiView, 20), unused);
+    Read(multiview::kModes, unused);
   }
   LayOut();
 }

@@ -11,7 +11,7 @@ class FirstValues : public PanelTest {
     panel.reset();
     admitted = {identity.boxType};
     box.Become(identity, 0x0126);
-    for (int property = 0; property < block::kIdentity; ++property) {
+    for (int property = 0; property < 254; ++property) {
       for (std::uint8_t sub = 0; sub < 4; ++sub) {
         box.Block(static_cast<std::uint8_t>(property), sub).clear();
       }

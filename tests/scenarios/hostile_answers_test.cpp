@@ -17,7 +17,7 @@ class MadBox final : public DeviceLink {
   int GetKiraboxProperty(DeviceHandle, std::uint8_t property, std::uint8_t, std::uint8_t length,
                          BlockBuffer& out) override {
     for (int i = 0; i < length; ++i) out[static_cast<std::size_t>(i)] = Byte();
-    if (property == block::kIdentity && Drawn(2) == 0) out[0] = boxType;
+    if (property == 254 && Drawn(2) == 0) out[0] = boxType;
     return Result();
   }
   int SetKiraboxProperty(DeviceHandle, std::uint8_t, std::uint8_t, std::uint8_t,

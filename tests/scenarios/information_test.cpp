@@ -132,7 +132,7 @@ TEST_F(Information, ShowsAndPublishesTheFirmwareVersion) {
       {{0, 0}, {0, "0.0.0.0"}}};
   Start();
   for (const auto& [words, expected] : rows) {
-    box.Word(word::kFirmware) = words;
+    box.Word(5) = words;
     Press(kInformationButton);
     EXPECT_EQ(panel->Panel().firmwareVersion, expected.first);
     EXPECT_EQ(desk.Text(kPage, kFirmware), expected.second);
@@ -142,7 +142,7 @@ TEST_F(Information, ShowsAndPublishesTheFirmwareVersion) {
 TEST_F(Information, FailedFirmwareReadPublishesTheOldNumberAgain) {
   Start();
   device.Fail("get word 0,5");
-  box.Word(word::kFirmware) = {0x30, 0x02};
+  box.Word(5) = {0x30, 0x02};
   const_cast<PanelState&>(panel->Panel()).firmwareVersion = 0;
   Press(kRefreshButton);
   EXPECT_EQ(panel->Panel().firmwareVersion, 0x0126U);
@@ -204,7 +204,7 @@ TEST_F(Information, TwoMultiViewersNumberTheirFirstInput) {
 TEST_F(Information, CodeModelsNameTheirFormat) {
   for (const std::uint8_t type : Bytes{20, 50, 46}) {
     StartWith(Identity{type, 0, 0, 0, 0});
-    box.Word(word::kFormatCode) = {4, 1};
+    box.Word(3) = {4, 1};
     Press(kPictureButton);
     EXPECT_EQ(desk.Text(kPage, kFormat), "1280x720 59.94p");
     EXPECT_EQ(desk.Text(kPage, kFirmware), "0.1.2.6");
@@ -216,13 +216,13 @@ TEST_F(Information, CodeModelsNameTheirFormat) {
 TEST_F(Information, RateThatAFormatDoesNotHaveIsBlank) {
   admitted = {20};
   StartWith(0x0126, {20, 0, 0, 0, 0});
-  box.Word(word::kFormatCode) = {4, 1};
+  box.Word(3) = {4, 1};
   Press(kPictureButton);
-  box.Word(word::kFormatCode) = {1, 1};
+  box.Word(3) = {1, 1};
   Press(kPictureButton);
   EXPECT_EQ(desk.Text(kPage, kFormat), "");
   device.Fail("get word 0,3");
-  box.Word(word::kFormatCode) = {4, 0};
+  box.Word(3) = {4, 0};
   Press(kPictureButton);
   EXPECT_EQ(desk.Text(kPage, kFormat), "");
 }

@@ -257,7 +257,7 @@ TEST_F(MainWindow, DeviceHandleIsReplacedOnEveryTickAndPagesKeepTheirsUntilIniti
   Tick();
   EXPECT_EQ(panel->Panel().deviceHandle, 0x1234U);
   // The page asks with the old handle, which the box does not know any more; its text stays.
-  box.Word(word::kFirmware) = {0x30, 0x02};
+  box.Word(5) = {0x30, 0x02};
   Press(kRefreshButton);
   EXPECT_EQ(desk.Text(res::kInformation, 1014), "0.1.2.6");
 }

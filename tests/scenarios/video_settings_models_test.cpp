@@ -182,8 +182,8 @@ TEST_F(VideoSettingsModels, PassThroughModelsStartTheRefreshTimerWhichRunsOnce) 
   EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 4,0,1: 0F", "set block 5,0,1: 00",
                                           "set block 15,0,1: 01", "set block 8,0,1: 00"}));
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 5000);
-  box.Word(word::kPassThroughReport) = {1, 0};
-  box.Word(word::kOutputFormatReport) = {7, 0};
+  box.Word(17) = {1, 0};
+  box.Word(1) = {7, 0};
   desk.Tick(kPage, 1);
   EXPECT_EQ(TakeCalls(), (Calls{"get word 0,17", "get word 0,1"}));
   EXPECT_EQ(desk.DebugOutput(), Texts{"START VIDEO SETTING TIMER !!\n"});
@@ -198,7 +198,7 @@ TEST_F(VideoSettingsModels, PassThroughModelsStartTheRefreshTimerWhichRunsOnce) 
 TEST_F(VideoSettingsModels, FormatReportBecomesTheSelection) {
   Open(0x0126, {20, 0, 0, 0, 0});
   CallsOf(kApplyButton);
-  box.Word(word::kOutputFormatReport) = {7, 0};
+  box.Word(1) = {7, 0};
   desk.Tick(kPage, 1);
   EXPECT_EQ(desk.Text(kPage, 1032), "Output Format ");
   EXPECT_EQ(TextOf(kFormat), "1280x720 59.94p");
@@ -209,8 +209,8 @@ TEST_F(VideoSettingsModels, FailedFormatReportChangesNothing) {
   for (const char* failing : {"get word 0,17", "get word 0,1"}) {
     Open(0x0126, {20, 0, 0, 0, 0});
     CallsOf(kApplyButton);
-    box.Word(word::kPassThroughReport) = {1, 0};
-    box.Word(word::kOutputFormatReport) = {7, 0};
+    box.Word(17) = {1, 0};
+    box.Word(1) = {7, 0};
     device.Fail(failing);
     desk.Tick(kPage, 1);
     EXPECT_EQ(desk.Text(kPage, 1032), "Output Format");
@@ -225,20 +225,20 @@ TEST_F(VideoSettingsModels, FailedFormatReportChangesNothing) {
 TEST_F(VideoSettingsModels, FormatReportWithoutNameChangesTheCaptionAlone) {
   Open(0x0126, {20, 0, 0, 0, 0});
   CallsOf(kApplyButton);
-  box.Word(word::kPassThroughReport) = {1, 0};
-  box.Word(word::kOutputFormatReport) = {7, 0};
+  box.Word(17) = {1, 0};
+  box.Word(1) = {7, 0};
   desk.Tick(kPage, 1);
   ASSERT_EQ(desk.Text(kPage, 1032), "Output Format ( 1280x720 59.94p)");
-  box.Word(word::kPassThroughReport) = {0, 0};
-  box.Word(word::kOutputFormatReport) = {200, 0};
+  box.Word(17) = {0, 0};
+  box.Word(1) = {200, 0};
   desk.Tick(kPage, 1);
   EXPECT_EQ(desk.Text(kPage, 1032), "Output Format ");
   EXPECT_EQ(TextOf(kFormat), "Pass Through");
-  box.Word(word::kOutputFormatReport) = {8, 0};
+  box.Word(1) = {8, 0};
   desk.Tick(kPage, 1);
   EXPECT_EQ(TextOf(kFormat), "1280x720 50.00p");
-  box.Word(word::kPassThroughReport) = {1, 0};
-  box.Word(word::kOutputFormatReport) = {200, 0};
+  box.Word(17) = {1, 0};
+  box.Word(1) = {200, 0};
   desk.Tick(kPage, 1);
   EXPECT_EQ(desk.Text(kPage, 1032), "Output Format ");
   EXPECT_EQ(TextOf(kFormat), "Pass Through");

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "device/properties.h"
+#include "catalogue/picture.h"
 
 namespace panelora::simulator {
 namespace {
@@ -61,12 +61,12 @@ TEST_F(BoxModelTest, AnswersNothingToAnotherHandleOrWhenUnplugged) {
 TEST_F(BoxModelTest, AnswersGroup0AndTheFourPictureControlsAlone) {
   WordBuffer words{7, 7};
   EXPECT_NE(box.GetBoxProperty(handle, 1, 5, words), kSuccess);
-  EXPECT_NE(box.SetBoxProperty(handle, 1, word::kOsd, 0), kSuccess);
+  EXPECT_NE(box.SetBoxProperty(handle, 1, 21, 0), kSuccess);
   EXPECT_NE(box.GetVideoProcAmp(handle, 1, proc_amp::kHue, words), kSuccess);
   EXPECT_NE(box.SetVideoProcAmp(handle, 1, proc_amp::kHue, 1), kSuccess);
   EXPECT_NE(box.GetVideoProcAmp(handle, 0, proc_amp::kCommit, words), kSuccess);
   EXPECT_EQ(words[0], 7U);
-  EXPECT_EQ(ReadWord(word::kOsd), 1U);
+  EXPECT_EQ(ReadWord(21), 1U);
   ProcAmpBytes picture;
   box.GetKiraboxProcAmp(handle, picture);
   EXPECT_EQ(picture.hue, 128);
@@ -81,7 +81,7 @@ TEST_F(BoxModelTest, OpensInMode2Alone) {
 
 TEST_F(BoxModelTest, UnknownCommandChangesNothing) {
   box.SetVideoProcAmp(handle, 0, proc_amp::kHue, 1);
-  EXPECT_EQ(box.SetBoxProperty(handle, 0, word::kCommand, 99), kSuccess);
+  EXPECT_EQ(box.SetBoxProperty(handle, 0, 3, 99), kSuccess);
   ProcAmpBytes picture;
   box.GetKiraboxProcAmp(handle, picture);
   EXPECT_EQ(picture.hue, 1);
@@ -89,21 +89,21 @@ TEST_F(BoxModelTest, UnknownCommandChangesNothing) {
 }
 
 TEST_F(BoxModelTest, InputFormatFollowsTheInputSource) {
-  EXPECT_EQ(ReadBlock(block::kInputFormat, 30)[0], 0x07);  // HDMI: 1920 wide
-  box.SetBoxProperty(handle, 0, word::kInputSource, 2);
-  EXPECT_EQ(ReadBlock(block::kInputFormat, 30)[0], 0x04);  // VGA: 1024
-  box.SetBoxProperty(handle, 0, word::kInputSource, 4);
-  EXPECT_EQ(ReadBlock(block::kInputFormat, 30)[6], 1);  // SDI: interlaced
-  box.SetBoxProperty(handle, 0, word::kInputSource, 9);
-  EXPECT_EQ(ReadBlock(block::kInputFormat, 30)[0], 0);  // nothing there: no signal
+  EXPECT_EQ(ReadBlock(1, 30)[0], 0x07);  // HDMI: 1920 wide
+  box.SetBoxProperty(handle, 0, 4, 2);
+  EXPECT_EQ(ReadBlock(1, 30)[0], 0x04);  // VGA: 1024
+  box.SetBoxProperty(handle, 0, 4, 4);
+  EXPECT_EQ(ReadBlock(1, 30)[6], 1);  // SDI: interlaced
+  box.SetBoxProperty(handle, 0, 4, 9);
+  EXPECT_EQ(ReadBlock(1, 30)[0], 0);  // nothing there: no signal
 }
 
 TEST_F(BoxModelTest, KeepsWhatIsWritten) {
-  box.SetBoxProperty(handle, 0, word::kOsd, 0);
-  EXPECT_EQ(ReadWord(word::kOsd), 0U);
-  box.SetKiraboxProperty(handle, block::kDip8Mode, 0, 2, {6, 9});
-  EXPECT_EQ(ReadBlock(block::kDip8Mode, 2)[0], 6);
-  EXPECT_EQ(ReadBlock(block::kDip8Mode, 2)[1], 9);
+  box.SetBoxProperty(handle, 0, 21, 0);
+  EXPECT_EQ(ReadWord(21), 0U);
+  box.SetKiraboxProperty(handle, 23, 0, 2, {6, 9});
+  EXPECT_EQ(ReadBlock(23, 2)[0], 6);
+  EXPECT_EQ(ReadBlock(23, 2)[1], 9);
   box.SetVideoProcAmp(handle, 0, proc_amp::kHue, 200);
   WordBuffer words{};
   EXPECT_EQ(box.GetVideoProcAmp(handle, 0, proc_amp::kHue, words), kSuccess);
@@ -113,43 +113,43 @@ TEST_F(BoxModelTest, KeepsWhatIsWritten) {
 TEST_F(BoxModelTest, CommandsRestoreTheirOwnDefaultsOnly) {
   const auto spoil = [&] {
     box.SetVideoProcAmp(handle, 0, proc_amp::kBrightness, 1);
-    box.SetKiraboxProperty(handle, block::kRgb, 0, 3, {1, 2, 3});
-    box.SetKiraboxProperty(handle, block::kImageSize26, 0, 2, {90, 91});
-    box.SetKiraboxProperty(handle, block::kImagePosition26, 0, 4, {1, 1, 1, 1});
+    box.SetKiraboxProperty(handle, 14, 0, 3, {1, 2, 3});
+    box.SetKiraboxProperty(handle, 18, 0, 2, {90, 91});
+    box.SetKiraboxProperty(handle, 17, 0, 4, {1, 1, 1, 1});
   };
   ProcAmpBytes picture;
   spoil();
-  box.SetBoxProperty(handle, 0, word::kCommand, command::kProcAmpDefaults);
+  box.SetBoxProperty(handle, 0, 3, command::kProcAmpDefaults);
   box.GetKiraboxProcAmp(handle, picture);
   EXPECT_EQ(picture.brightness, 128);
-  EXPECT_EQ(ReadBlock(block::kRgb, 3)[0], 1);
+  EXPECT_EQ(ReadBlock(14, 3)[0], 1);
   spoil();
-  box.SetBoxProperty(handle, 0, word::kCommand, command::kRgbDefaults);
+  box.SetBoxProperty(handle, 0, 3, command::kRgbDefaults);
   box.GetKiraboxProcAmp(handle, picture);
   EXPECT_EQ(picture.brightness, 1);
-  EXPECT_EQ(ReadBlock(block::kRgb, 3)[0], 128);
+  EXPECT_EQ(ReadBlock(14, 3)[0], 128);
   spoil();
-  box.SetBoxProperty(handle, 0, word::kCommand, command::kImageRestore);
-  EXPECT_EQ(ReadBlock(block::kImageSize26, 2)[0], 100);
-  EXPECT_EQ(ReadBlock(block::kImagePosition26, 4)[1], 0x2C);
-  EXPECT_EQ(ReadBlock(block::kRgb, 3)[0], 1);
+  box.SetBoxProperty(handle, 0, 3, command::kImageRestore);
+  EXPECT_EQ(ReadBlock(18, 2)[0], 100);
+  EXPECT_EQ(ReadBlock(17, 4)[1], 0x2C);
+  EXPECT_EQ(ReadBlock(14, 3)[0], 1);
 }
 
 TEST_F(BoxModelTest, HardwareResetMakesItVanishAndComeBackWithDefaults) {
-  box.SetBoxProperty(handle, 0, word::kInputSource, 4);
-  box.SetBoxProperty(handle, 0, word::kCommand, command::kHardwareReset);
+  box.SetBoxProperty(handle, 0, 4, 4);
+  box.SetBoxProperty(handle, 0, 3, command::kHardwareReset);
   EXPECT_EQ(box.Open(kOpenMode), kNoBox);
   now += BoxModel::kRestartTime - 1;
   EXPECT_EQ(box.Open(kOpenMode), kNoBox);
   now += 1;
   EXPECT_EQ(box.Open(kOpenMode), handle);
-  EXPECT_EQ(ReadWord(word::kInputSource), 1U);
+  EXPECT_EQ(ReadWord(4), 1U);
 }
 
 TEST_F(BoxModelTest, BlocksAreFilledUpWithZerosToTheLengthAskedFor) {
   BlockBuffer bytes;
   bytes.fill(0xAA);
-  EXPECT_EQ(box.GetKiraboxProperty(handle, block::kRgb, 0, 30, bytes), kSuccess);
+  EXPECT_EQ(box.GetKiraboxProperty(handle, 14, 0, 30, bytes), kSuccess);
   EXPECT_EQ(bytes[0], 128);
   EXPECT_EQ(bytes[3], 0);
   EXPECT_EQ(bytes[29], 0);

@@ -81,6 +81,27 @@ TEST(Layers, NoPageIncludesAPageOfAnotherFolder) {
   }
 }
 
+// What a model is stands in the catalogue; the pictures of their fronts are a list of their own.
+TEST(Layers, NoBoxTypeStandsOutsideTheCatalogue) {
+  const fs::path root = PANELORA_SOURCE_DIR;
+  const std::regex compared("boxType\\s*(==|!=)\\s*[0-9]");
+  const std::regex switched("switch\\s*\\([^;{]*boxType\\s*\\)");
+  const std::regex set("BoxTypes\\s+\\w+\\s*(=\\s*)?\\{[0-9]");
+  for (const char* folder : {"app", "device", "pages", "platform", "simulator"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {
+      const std::string ending = entry.path().extension().string();
+      if (ending != ".h" && ending != ".cpp") continue;
+      const std::string name = entry.path().filename().string();
+      if (name == "device_picture.cpp" || name == "box_types.h") continue;
+      std::ifstream file(entry.path());
+      const std::string text(std::istreambuf_iterator<char>(file), {});
+      for (const std::regex& wrong : {compared, switched, set}) {
+        EXPECT_FALSE(std::regex_search(text, wrong)) << entry.path();
+      }
+    }
+  }
+}
+
 // What the system calls must let no exception out: nobody there could catch it.
 TEST(Layers, CallbacksOfTheSystemLetNoExceptionOut) {
   const fs::path root = PANELORA_SOURCE_DIR;
