@@ -159,9 +159,8 @@ const Choice* FindSource(std::uint8_t boxType, std::uint8_t input, std::uint8_t 
 Address InputOf(std::uint8_t boxType) { return kWithStandard.Has(boxType) ? Word(4) : Block(3); }
 
 const Volumes& VolumesOf(std::uint8_t boxType) {
-  const Volumes* row = kVolumes;
-  while (row != std::end(kVolumes) - 1 && !row->types.Has(boxType)) ++row;
-  return *row;
+  const Volumes* row = FirstOf(kVolumes, boxType);
+  return row != nullptr ? *row : *std::rbegin(kVolumes);
 }
 
 Choices LevelsOf(VolumeKind kind) {

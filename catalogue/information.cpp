@@ -56,10 +56,8 @@ constexpr std::uint8_t kFirstMissingCode = 92;
 Address FirmwareOf(std::uint8_t boxType) { return Word(kShippedType.Has(boxType) ? 5 : 8); }
 
 const FormatSource& FormatSourceOf(std::uint8_t boxType) {
-  for (const FormatSource& row : kSources) {
-    if (row.types.Has(boxType)) return row;
-  }
-  return *std::rbegin(kSources);
+  const FormatSource* row = FirstOf(kSources, boxType);
+  return row != nullptr ? *row : *std::rbegin(kSources);
 }
 
 std::string InputFormatName(std::uint8_t boxType, std::uint8_t code, bool divided) {

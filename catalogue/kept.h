@@ -64,4 +64,22 @@ struct Command {
   }
 };
 
+// The first row for a box type, or for a box where rows have conditions; null when there is none.
+template <class Row, std::size_t size>
+constexpr const Row* FirstOf(const Row (&rows)[size], std::uint8_t boxType) {
+  for (const Row& row : rows) {
+    if (row.types.Has(boxType)) return &row;
+  }
+  return nullptr;
+}
+template <class Row, std::size_t size>
+const Row* FirstOf(const Row (&rows)[size], const Identity& identity) {
+  for (const Row& row : rows) {
+    if (row.types.Has(identity.boxType) && (row.when == nullptr || row.when(identity, 0))) {
+      return &row;
+    }
+  }
+  return nullptr;
+}
+
 }  // namespace panelora

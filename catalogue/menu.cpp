@@ -30,11 +30,8 @@ constexpr Layout kLayouts[] = {
 }  // namespace
 
 const Layout& LayoutOf(const Identity& identity) {
-  for (const Layout& row : kLayouts) {
-    if (!row.types.Has(identity.boxType)) continue;
-    if (row.when == nullptr || row.when(identity, 0)) return row;
-  }
-  return *std::rbegin(kLayouts);
+  const Layout* row = FirstOf(kLayouts, identity);
+  return row != nullptr ? *row : *std::rbegin(kLayouts);
 }
 
 }  // namespace panelora::menu

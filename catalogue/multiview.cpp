@@ -106,12 +106,7 @@ constexpr Model kModels[] = {
 
 }  // namespace
 
-const Model* Find(std::uint8_t boxType) {
-  for (const Model& row : kModels) {
-    if (row.types.Has(boxType)) return &row;
-  }
-  return nullptr;
-}
+const Model* Find(std::uint8_t boxType) { return FirstOf(kModels, boxType); }
 
 Choices ModeNames() { return kModeNames; }
 Choices SyncNames() { return kSyncNames; }
@@ -150,13 +145,7 @@ constexpr Enabling kEnablings[] = {
 
 }  // namespace
 
-const Store* Find(const Identity& identity) {
-  for (const Store& row : kStores) {
-    if (!row.types.Has(identity.boxType)) continue;
-    if (row.when == nullptr || row.when(identity, 0)) return &row;
-  }
-  return nullptr;
-}
+const Store* Find(const Identity& identity) { return FirstOf(kStores, identity); }
 
 std::span<const Command> Opening() { return kOpening; }
 std::span<const Enabling> Enablings() { return kEnablings; }
@@ -186,13 +175,7 @@ constexpr Store kStores[] = {
 
 }  // namespace
 
-const Store* Find(const Identity& identity) {
-  for (const Store& row : kStores) {
-    if (!row.types.Has(identity.boxType)) continue;
-    if (row.when == nullptr || row.when(identity, 0)) return &row;
-  }
-  return nullptr;
-}
+const Store* Find(const Identity& identity) { return FirstOf(kStores, identity); }
 
 std::span<const Command> Opening() {
   static constexpr Command kOpening[] = {{{39, 40}, kBoxMenu, 4}};

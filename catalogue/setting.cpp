@@ -80,9 +80,8 @@ const OptionGroup& Options() {
 }
 
 const Reset& ResetOf(std::uint8_t boxType) {
-  const Reset* row = kResets;
-  while (row != std::end(kResets) - 1 && !row->types.Has(boxType)) ++row;
-  return *row;
+  const Reset* row = FirstOf(kResets, boxType);
+  return row != nullptr ? *row : *std::rbegin(kResets);
 }
 
 }  // namespace panelora::setting

@@ -23,11 +23,6 @@ inline constexpr Store kStores[] = {
 };
 
 // Null for models that are no part of a wall.
-constexpr const Store* Find(std::uint8_t boxType) {
-  for (const Store& store : kStores) {
-    if (store.types.Has(boxType)) return &store;
-  }
-  return nullptr;
-}
+constexpr const Store* Find(std::uint8_t boxType) { return FirstOf(kStores, boxType); }
 
 }  // namespace panelora::wall
