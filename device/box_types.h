@@ -18,8 +18,8 @@ class BoxTypes {
   // twice, does not compile.
   consteval BoxTypes(std::initializer_list<int> codes) {
     for (const int code : codes) {
-      if (code < 0 || code >= kNoBoxType) throw "no box type has this code";
-      if (Has(static_cast<std::uint8_t>(code))) throw "the code stands twice";
+      if (code < 0 || code >= kNoBoxType) NoBoxTypeHasThisCode();
+      if (Has(static_cast<std::uint8_t>(code))) ThisCodeStandsTwice();
       words[static_cast<std::size_t>(code) / kBits] |= Bit(code);
     }
   }
@@ -52,6 +52,10 @@ class BoxTypes {
   friend constexpr bool operator==(const BoxTypes&, const BoxTypes&) = default;
 
  private:
+  // What is evaluated at compile time can't call them: their names are the compiler's message.
+  static void NoBoxTypeHasThisCode() {}
+  static void ThisCodeStandsTwice() {}
+
   static constexpr std::size_t kBits = 64;
   static constexpr std::size_t kWords = 4;
   static constexpr std::uint64_t Bit(int code) { return std::uint64_t{1} << (code % 64); }
