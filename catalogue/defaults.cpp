@@ -1,7 +1,5 @@
 #include "catalogue/defaults.h"
 
-#include <algorithm>
-
 #include "catalogue/audio.h"
 #include "catalogue/codecs.h"
 #include "catalogue/information.h"
@@ -40,10 +38,6 @@ class Collector {
 
   void Add(const Address& at, Bytes bytes) {
     if (at.kind != Address::Kind::kNone) all.push_back({at, std::move(bytes)});
-  }
-
-  bool Has(const Address& at) const {
-    return std::any_of(all.begin(), all.end(), [&](const Default& each) { return each.at == at; });
   }
 
   // The first choice of an option that is chosen so often, or whichever the type has.
@@ -88,9 +82,7 @@ class Collector {
     for (const image::Enabling& row : image::Enablings()) {
       const bool serves =
           row.types.Has(identity.boxType) && (row.when == nullptr || row.when(identity, firmware));
-      if (!serves || kShippedType.Has(identity.boxType)) continue;
-      // The picture can be moved; that it can be scaled too must not change another option.
-      if (row.what == image::Adjusts::kPosition || !Has(row.at)) Add(row.at, {row.value, 0});
+      if (serves && !kShippedType.Has(identity.boxType)) Add(row.at, {row.value, 0});
     }
     if (const image::Store* store = image::Find(identity)) {
       Add(store->size, ToBytes(EncodeImageSize(kSize)));

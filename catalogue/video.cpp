@@ -4,6 +4,10 @@ namespace panelora::video {
 
 namespace {
 
+// Types with a choice between HDMI and DVI, and so of its colours.
+constexpr BoxTypes kWithHdmiMode = {23, 37, 38, 39, 40, 42, 46, 47, 48, 49, 50};
+constexpr BoxTypes kWithColour = kWithHdmiMode.With(kShippedType);
+
 constexpr Choice kInputSources[] = {
     {{26, 50}, 0, "VGA", 2},
     {{26, 50}, 1, "HDMI", 1},
@@ -52,6 +56,12 @@ constexpr Choice kAspectRatios[] = {
     {{26, 50}, 4, "14 : 9", 4},
     {{26, 50}, 5, "UnderScan", 5},
     {{26, 50}, 6, "Pan Scan 16 : 9", 6},
+    {{24, 34}, 3, "UnderScan", 3},
+    {{24, 34}, 4, "Keep Aspect Ratio", 4},
+    {{24, 34}, 5, "Full Screen", 5},
+    {{25, 29}, 5, "14 : 9", 5},
+    {{25, 29}, 6, "UnderScan", 6},
+    {{25, 29}, 7, "Pan Scan 16 : 9", 7},
     {kAllTypes, 0, "16 : 9", 0},
     {kAllTypes, 1, "4 : 3", 1},
     {kAllTypes, 2, "Dot By Dot", 2},
@@ -73,9 +83,9 @@ constexpr Choice kOutputLevels[] = {
 
 // There is no value 2, on purpose.
 constexpr Choice kOutputColours[] = {
-    {{26}, 0, "RGB444", 0},
-    {{26}, 1, "YUV444", 1},
-    {{26}, 2, "YUV422", 3},
+    {kWithColour, 0, "RGB444", 0},
+    {kWithColour, 1, "YUV444", 1},
+    {kWithColour, 2, "YUV422", 3},
 };
 
 constexpr Choice kEdgeEnhances[] = {
@@ -142,10 +152,10 @@ constexpr Choice kErrorLeds[] = {
 };
 
 constexpr Choice kGenlockModes[] = {
-    {{30, 43, 46, 47, 50, 39, 40, 48, 49}, 0, "Free-Run", 0},
-    {{30, 43, 46, 47, 50}, 1, "External", 1},
-    {{39, 40, 48, 49}, 1, "SDI-In", 1},
-    {{39, 40, 48, 49}, 2, "Ref-In", 2},
+    {{20, 30, 33, 43}, 0, "Free-Run", 0},
+    {{30, 43}, 1, "External", 1},
+    {{20, 33}, 1, "SDI-In", 1},
+    {{20, 33}, 2, "Ref-In", 2},
 };
 
 constexpr Choice kIreLevels[] = {
@@ -156,15 +166,19 @@ constexpr Choice kIreLevels[] = {
 };
 
 constexpr Choice kOutputSources[] = {
-    {kAllTypes, 0, "VGA + HDMI", 0},
+    {{25, 29}, 0, "VGA + HDMI", 0},
 };
+
+// The one that is known.
+constexpr Choice kOutputModes[] = {{{23, 42}, 0, "AV", 0}};
+static_assert(EveryRowCounts(kOutputModes));
 
 constexpr OptionList kLists[kOptionCount] = {
     {"Input Source", kInputSources, 1, 0, 1},
     {"Video Output Range", kOutputLevels, 1, 0, 1},
     {"Aspect Ratio", kAspectRatios, 2, 0, 1},
     {"Output Format", kOutputFormats, 19, 1, 1},
-    {"Output Mode", {}, 0},
+    {"Output Mode", kOutputModes, 0},
     {"HDMI Output Color", kOutputColours, 2},
     {"Output Source", kOutputSources, 0},
     {"HDMI Input EQ", kHdmiEqs, 2, 0, 2},
@@ -205,6 +219,18 @@ static_assert(EveryRowCounts(kGenlockModes));
 static_assert(EveryRowCounts(kIreLevels));
 static_assert(EveryRowCounts(kOutputSources));
 
+constexpr BoxTypes kWithInputs = {23, 24, 25, 27, 29, 34, 42, 48, 49, 50};
+// They tell the format of their reference in block 4.
+constexpr BoxTypes kGenlocked = {39, 40, 46, 47, 48, 49, 50};
+// Block 15 is the DIP 8 mode, the genlock mode or the region of these.
+constexpr BoxTypes kAspectElsewhere = {14, 24, 30, 34, 36, 37, 38, 39, 40, 43, 46, 47, 48, 49, 51};
+// Types of which nothing more is known.
+constexpr BoxTypes kPlain =
+    kOtherTypes.Except(kWithHdmiMode).Except({14, 20, 24, 25, 29, 30, 33, 34, 36, 43, 51});
+
+bool IsBrand2(const Identity& box, std::uint32_t /*firmware*/) { return box.brandCode == 2; }
+bool IsNotBrand2(const Identity& box, std::uint32_t /*firmware*/) { return box.brandCode != 2; }
+
 constexpr Kept kKept[] = {
     {kShippedType, 0, kInputSource, Word(4), Reads::kValue},
     {kShippedType, 0, kOutputFormat, Word(2), Reads::kValue},
@@ -214,10 +240,45 @@ constexpr Kept kKept[] = {
     {kShippedType, 1, kOutputLevel, Word(15)},
     {kShippedType, 1, kEdgeEnhance, Word(19), Reads::kIndex, kFromFirmware<278>},
 
-    {kOtherTypes, 0, kInputSource, Block(3), Reads::kValue},
-    {kOtherTypes, 0, kOutputFormat, Block(4), Reads::kValue},
-    {kOtherTypes, 0, kOutputSource, Block(5), Reads::kValue},
-    {kOtherTypes, 0, kAspectRatio, Block(15)},
+    // The first sub-page: input, what is put out, and how the picture fills it.
+    {kWithInputs, 0, kInputSource, Block(3), Reads::kValue},
+    {kOtherTypes.Except(kGenlocked), 0, kOutputFormat, Block(4), Reads::kValue},
+    {kGenlocked, 0, kOutputFormat, Block(5), Reads::kValue},
+    {{25, 29}, 0, kOutputSource, Block(5), Reads::kValue},
+    {{23, 42}, 0, kOutputMode, Block(5)},
+    {{24, 34}, 0, kErrorLed, Block(22)},
+    {kOtherTypes.Except(kAspectElsewhere), 0, kAspectRatio, Block(15)},
+    {{14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 51}, 0, kAspectRatio, Block(20)},
+    {{30, 43}, 0, kAspectRatio, Word(7)},
+    {{24, 34}, 0, kAspectRatio, Block(15), Reads::kIndex, IsBrand2},
+    {{24, 34}, 0, kAspectRatio, Word(11), Reads::kIndex, IsNotBrand2},
+
+    // The second one.
+    {{24, 34}, 1, kSdi0Eq, Block(5)},
+    {{24, 34}, 1, kSdi1Eq, Block(13)},
+    {{24, 34}, 1, kGpiMode, Block(50)},
+    {{30, 43}, 1, kGenlockMode, Block(15)},
+    {{20, 33}, 1, kGenlockMode, Block(19)},
+    {{23, 25, 29, 42}, 1, kIreLevel, Block(20)},
+    {kWithHdmiMode, 1, kHdmiOutputMode, Block(42)},
+    {kWithHdmiMode, 1, kOutputColour, Block(7), Reads::kValue},
+    {{37, 38}, 1, kSecondOutputLevel, Block(33)},
+    {{20, 33, 39, 40, 46, 47, 48, 49}, 1, kSdiOutputColour, Block(40), Reads::kValue},
+    {{20, 33, 50}, 1, kImageMirror, Block(45)},
+    {kPlain.With({25, 29}), 1, kEdgeEnhance, Block(25)},
+    {kPlain.With({14, 25, 29, 36, 51}), 1, kColourUpFilter, Block(29)},
+    {{14, 30, 36, 43, 51}, 1, kSdiType, Block(30), Reads::kValue},
+    {kPlain.With({14, 30, 36, 43, 51}), 1, kReclock, Block(49)},
+
+    // The third, of those that have one.
+    {{24, 34}, 2, kSdiType, Block(30), Reads::kValue, IsBrand2},
+    {{24, 34}, 2, kSdiOutputColour, Block(40), Reads::kValue, IsBrand2},
+    {{24, 34}, 2, kImageMirror, Block(45), Reads::kIndex, IsBrand2},
+    {{24, 34}, 2, kReclock, Block(49), Reads::kIndex, IsBrand2},
+    {{37, 38}, 2, kColourUpFilter, Block(29), Reads::kIndex, IsNotBrand2},
+    {{37, 38}, 2, kSdiType, Block(30), Reads::kValue, IsNotBrand2},
+    {{37, 38}, 2, kImageMirror, Block(45), Reads::kIndex, IsNotBrand2},
+    {{37, 38}, 2, kReclock, Block(49), Reads::kIndex, IsNotBrand2},
 };
 
 // The first row that holds counts; the last of an option always does.
@@ -280,7 +341,7 @@ constexpr Command kFreeze[] = {
      Block(19),
      1,
      [](const Identity& box, std::uint32_t firmware) { return !TogglesByWord(box, firmware); }},
-    {kAllTypes.Except({24, 34}), Block(19), 1},
+    {kWithFreeze.Except({24, 34}), Block(19), 1},
     {{25, 29}, Word(23), 11},
 };
 

@@ -1,5 +1,6 @@
 #include "pages/video/video_settings_dlg.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include "base/text.h"
@@ -91,18 +92,23 @@ void CVideoSettingsDlg::SetSubPage(int number) {
     Window().ShowControl(control, false);
   }
   PlaceOptions();
-  if (!kShippedType.Has(panel.identity.boxType)) {
-    Window().PlaceControl(kAutoPhaseButton, {kNextX + 50, 38, 70, 39});  // beside the input source
-    Window().PlaceControl(kVideoFreeze, {kLeft, 35, 300, 40});
-    Window().ShowControl(kVideoFreeze, subPage == 1);
-  }
+  Window().PlaceControl(kAutoPhaseButton, {kNextX + 50, 38, 70, 39});  // beside the input source
+  Window().PlaceControl(kVideoFreeze, {kLeft, 255, 300, 40});
+  Window().ShowControl(kVideoFreeze, HasFreeze());
   ShowConsequences(kInputSource);
 }
 
-// One below the other, output source and format last; on the first sub-page closer together.
+// Below the options of the second sub-page; the shipped type has none.
+bool CVideoSettingsDlg::HasFreeze() const {
+  return subPage == 1 && kWithFreeze.Except(kShippedType).Has(panel.identity.boxType);
+}
+
+// One below the other, output source and format last; closer together where there is more.
 void CVideoSettingsDlg::PlaceOptions() {
-  const int apart = subPage == 0 ? 70 : 80;
-  int top = subPage == 0 ? 15 : 35;
+  const auto shown = std::count_if(group.kept.begin(), group.kept.end(),
+                                   [this](const Kept& kept) { return IsShown(kept); });
+  const bool isTight = subPage == 0 || shown > 3 || HasFreeze();
+  int top = isTight ? 15 : 35;
   const auto place = [&](auto belongs) {
     for (const Kept& kept : group.kept) {
       if (!IsShown(kept) || !belongs(kept.option)) continue;
@@ -111,7 +117,7 @@ void CVideoSettingsDlg::PlaceOptions() {
       } else {
         ShowOption(kept.option, {kLeft, top}, kNextX);
       }
-      top += apart;
+      top += isTight ? 70 : 80;
     }
   };
   place([](int option) { return option != kOutputSource && option != kOutputFormat; });
@@ -185,7 +191,9 @@ void CVideoSettingsDlg::Refresh(ui::SerialHandle serial) {
       Read(kPassThroughRequest, request)) {
     passThrough = request;
   }
-  ShowConsequences(kInputSource);
+  for (const Kept& kept : group.kept) {
+    if (IsShown(kept)) ShowConsequences(kept.option);
+  }
 }
 
 void CVideoSettingsDlg::Apply() {

@@ -44,6 +44,7 @@ class CVideoSettingsDlg final : public OptionPage {
  private:
   int LastIndex(int option) const override;
   bool IsShown(const Kept& kept) const { return kept.subPage == subPage && Serves(kept); }
+  bool HasFreeze() const;
   void PlaceOptions();
   void PlaceOutputFormat(int top);
   void ShowConsequences(int option);

@@ -124,6 +124,20 @@ const std::vector<ReadingRow>& Readings() {
       {res::kVideoSettings, 1042, Options(video::kOutputSource)},
       {res::kVideoSettings, 1047, Options(video::kHdmiEq)},
       {res::kVideoSettings, 1048, Options(video::kHdmiEq)},
+      {res::kVideoSettings, 1040, Options(video::kOutputMode)},
+      {res::kVideoSettings, 1052, Options(video::kSdi0Eq)},
+      {res::kVideoSettings, 1056, Options(video::kSdi1Eq)},
+      {res::kVideoSettings, 1064, Options(video::kErrorLed)},
+      {res::kVideoSettings, 1069, Options(video::kGpiMode)},
+      {res::kVideoSettings, 1077, Options(video::kGenlockMode)},
+      {res::kVideoSettings, 1080, Options(video::kIreLevel)},
+      {res::kVideoSettings, 1087, Options(video::kColourUpFilter)},
+      {res::kVideoSettings, 1090, Options(video::kSdiType)},
+      {res::kVideoSettings, 1097, Options(video::kSecondOutputLevel)},
+      {res::kVideoSettings, 1100, Options(video::kSdiOutputColour)},
+      {res::kVideoSettings, 1104, Options(video::kHdmiOutputMode)},
+      {res::kVideoSettings, 1108, Options(video::kImageMirror)},
+      {res::kVideoSettings, 1112, Options(video::kReclock)},
       {res::kVideoSettings, 1084, Options(video::kEdgeEnhance)},
       {res::kDisplayMode, 1045, kModes},
       {res::kDisplayMode, 1048, kChannels},
@@ -183,9 +197,9 @@ bool MayRead(int dialog, int control, std::string_view text) {
 bool ChangesOnFailure(int dialog, int control, const Identity& identity) {
   if (dialog == res::kProcAmp) return true;             // is opened anew, with values in the middle
   if (dialog == res::kGenlock) return control == 1083;  // a reference that can't be read is none
+  if (dialog == res::kVideoSettings) return control == 1036;  // falls back to RGB444
   if (identity.boxType != 26) return false;
-  if (dialog == res::kInformation) return control == 1007;  // shows what the buffer holds
-  return dialog == res::kVideoSettings && control == 1036;  // falls back to RGB444
+  return dialog == res::kInformation && control == 1007;  // shows what the buffer holds
 }
 
 }  // namespace panelora::fuzz

@@ -172,9 +172,40 @@ Writes VideoApply(const Situation& now) {
     if (now.firmware >= 278) writes.push_back(Perhaps(Word(19)));
     return writes;
   }
-  if (now.cycleState != 0) return {};
-  Writes writes = {Perhaps(Block(3, 1)), Perhaps(Block(4, 1)), Perhaps(Block(5, 1)),
-                   Perhaps(Block(15, 1))};
+  const bool isBrand2 = now.identity.brandCode == 2;
+  Writes writes;
+  const auto blocks = [&](std::initializer_list<std::uint32_t> properties) {
+    for (const std::uint32_t property : properties) writes.push_back(Perhaps(Block(property, 1)));
+  };
+  if (now.cycleState == 2) {
+    if (isBrand2 && In(type, {24, 34})) blocks({30, 40, 45, 49});
+    if (!isBrand2 && In(type, {37, 38})) blocks({29, 30, 45, 49});
+    return writes;
+  }
+  if (now.cycleState == 1) {
+    if (In(type, {24, 34})) blocks({5, 13, 50});
+    if (In(type, {30, 43})) blocks({15, 30, 49});
+    if (In(type, {20, 33})) blocks({19, 40, 45});
+    if (In(type, {23, 42})) blocks({20, 42, 7});
+    if (In(type, {25, 29})) blocks({20, 25, 29});
+    if (In(type, {37, 38})) blocks({42, 7, 33});
+    if (In(type, {39, 40, 46, 47, 48, 49})) blocks({42, 7, 40});
+    if (type == 50) blocks({42, 7, 45});
+    if (In(type, {14, 36, 51})) blocks({29, 30, 49});
+    if (writes.empty()) blocks({25, 29, 49});
+    return writes;
+  }
+  blocks({3});
+  blocks({In(type, {39, 40, 46, 47, 48, 49, 50}) ? 5U : 4U});
+  if (In(type, {23, 25, 29, 42})) blocks({5});
+  if (In(type, {24, 34})) blocks({22});
+  if (In(type, {30, 43})) {
+    writes.push_back(Perhaps(Word(7)));
+  } else if (In(type, {24, 34}) && !isBrand2) {
+    writes.push_back(Perhaps(Word(11)));
+  } else {
+    blocks({In(type, {14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 51}) ? 20U : 15U});
+  }
   if (In(type, {24, 34, 30, 43, 20, 33})) writes.push_back(Perhaps(Block(8, 1)));
   return writes;
 }

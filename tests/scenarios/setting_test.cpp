@@ -368,9 +368,9 @@ TEST_F(Setting, OtherModelsReadAndWriteTheirOptions) {
   Open(0x0126, {46, 0, 0, 0, 0});
   EXPECT_EQ(TakeCalls(), (Calls{"get block 15,0,2", "get block 21,0,2", "get block 22,0,2"}));
   EXPECT_EQ(Cycle(1056, 1055, 5),
-            (Texts{"Dot By Dot", "Keep Aspect Ratio", "Full Screen", "16 : 9", "4 : 3"}));
+            (Texts{"4 : 3", "Dot By Dot", "Keep Aspect Ratio", "Full Screen", "16 : 9"}));
   EXPECT_EQ(CallsOf(kApplyButton),
-            (Calls{"set block 21,0,1: 01", "set block 22,0,1: 01", "set block 15,0,1: 01"}));
+            (Calls{"set block 21,0,1: 01", "set block 22,0,1: 01", "set block 15,0,1: 00"}));
   EXPECT_FALSE(desk.IsOpen(res::kCaution));
   panel.reset();
   Open(0x0126, {20, 0, 0, 0, 0});

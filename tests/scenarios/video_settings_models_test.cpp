@@ -52,7 +52,7 @@ TEST_F(VideoSettingsModels, HdmiOutputModeDviAllowsRgbOnly) {
 }
 
 TEST_F(VideoSettingsModels, GenlockModeOtherThanFreeRunLocksTheOutputFormat) {
-  Open(0x0126, {50, 0, 0, 0, 0});
+  Open(0x0126, {30, 0, 0, 0, 0});
   EXPECT_EQ(Cycle(1079, 1077, 1), Texts{"External"});
   EXPECT_FALSE(desk.Enables(kPage, 1029));
   EXPECT_FALSE(desk.Enables(kPage, 1033));
@@ -91,7 +91,8 @@ TEST_F(VideoSettingsModels, VideoFreezeWritesAtOnceAsTheModelWantsIt) {
   const Calls block = {"set block 19,0,1: 01"};
   const Calls word = {"set word 0,19 = 11"};
   const Row rows[] = {{{26, 0, 0, 0, 0}, block},
-                      {{20, 2, 0, 1, 1}, block},
+                      {{17, 2, 0, 1, 1}, block},
+                      {{20, 2, 0, 1, 1}, {}},  // keeps its genlock mode there
                       {{24, 0, 0, 0, 0}, word},
                       {{34, 1, 0, 0, 0}, word},
                       {{24, 2, 0, 0, 0}, block},
@@ -166,21 +167,19 @@ TEST_F(VideoSettingsModels, OtherModelsReadAndWriteOneByteBlocks) {
   Open(0x0126, {17, 0, 0, 0, 0});
   TakeCalls();
   Press(kPictureButton);
-  EXPECT_EQ(TakeCalls(),
-            (Calls{"get block 3,0,2", "get block 4,0,2", "get block 5,0,2", "get block 15,0,2"}));
-  EXPECT_EQ(CallsOf(kApplyButton),
-            (Calls{"set block 4,0,1: 0F", "set block 5,0,1: 00", "set block 15,0,1: 01"}));
+  EXPECT_EQ(TakeCalls(), (Calls{"get block 4,0,2", "get block 15,0,2"}));
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 4,0,1: 0F", "set block 15,0,1: 01"}));
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 0);
   panel.reset();
   Open(0x0126, {50, 0, 0, 0, 0});
-  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 3,0,1: 02", "set block 4,0,1: 0F",
-                                          "set block 5,0,1: 00", "set block 15,0,1: 01"}));
+  EXPECT_EQ(CallsOf(kApplyButton),
+            (Calls{"set block 3,0,1: 02", "set block 5,0,1: 0F", "set block 15,0,1: 05"}));
 }
 
 TEST_F(VideoSettingsModels, PassThroughModelsStartTheRefreshTimerWhichRunsOnce) {
   Open(0x0126, {20, 0, 0, 0, 0});
-  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 4,0,1: 0F", "set block 5,0,1: 00",
-                                          "set block 15,0,1: 01", "set block 8,0,1: 00"}));
+  EXPECT_EQ(CallsOf(kApplyButton),
+            (Calls{"set block 4,0,1: 0F", "set block 15,0,1: 01", "set block 8,0,1: 00"}));
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 5000);
   box.Word(17) = {1, 0};
   box.Word(1) = {7, 0};
@@ -191,8 +190,8 @@ TEST_F(VideoSettingsModels, PassThroughModelsStartTheRefreshTimerWhichRunsOnce) 
   EXPECT_EQ(TextOf(kFormat), "Pass Through");
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 0);
   // A report is no request, and the output format that was chosen stays chosen.
-  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 4,0,1: 0F", "set block 5,0,1: 00",
-                                          "set block 15,0,1: 01", "set block 8,0,1: 00"}));
+  EXPECT_EQ(CallsOf(kApplyButton),
+            (Calls{"set block 4,0,1: 0F", "set block 15,0,1: 01", "set block 8,0,1: 00"}));
 }
 
 TEST_F(VideoSettingsModels, FormatReportBecomesTheSelection) {
@@ -249,7 +248,7 @@ TEST_F(VideoSettingsModels, PassThroughThatWasNeverReadIsNeverWritten) {
   StartWith(0x0126, Identity{20, 0, 0, 0, 0});
   device.Fail("get block 8,0,2");
   panel->OpenPage(PageCode::kVideoSettings);
-  const Calls others = {"set block 4,0,1: 0F", "set block 5,0,1: 00", "set block 15,0,1: 01"};
+  const Calls others = {"set block 4,0,1: 0F", "set block 15,0,1: 01"};
   EXPECT_EQ(CallsOf(kApplyButton), others);
   EXPECT_EQ(desk.TimerPeriod(kPage, 1), 0);  // nothing that the box would have to settle
   device.FailNothing();
@@ -279,13 +278,15 @@ TEST_F(VideoSettingsModels, SimulatedBoxReportsWhatWasApplied) {
 }
 
 TEST_F(VideoSettingsModels, SomePassThroughModelsRefreshWhole) {
+  const Calls scaler = {"get block 3,0,2", "get block 4,0,2", "get block 22,0,2", "get word 0,11",
+                        "get block 8,0,2"};
+  const Calls locked = {"get block 4,0,2", "get word 0,7", "get block 8,0,2"};
   for (const std::uint8_t type : Bytes{24, 34, 30, 43}) {
     Open(0x0126, {type, 0, 0, 0, 0});
     CallsOf(kApplyButton);
     EXPECT_EQ(desk.TimerPeriod(kPage, 1), 5000);
     desk.Tick(kPage, 1);
-    EXPECT_EQ(TakeCalls(), (Calls{"get block 3,0,2", "get block 4,0,2", "get block 5,0,2",
-                                  "get block 15,0,2", "get block 8,0,2"}));
+    EXPECT_EQ(TakeCalls(), type == 24 || type == 34 ? scaler : locked);
     EXPECT_EQ(desk.TimerPeriod(kPage, 1), 0);
     panel.reset();
   }
@@ -305,14 +306,15 @@ TEST_F(VideoSettingsModels, ReturnAndTheEndStopTheTimer) {
 }
 
 TEST_F(VideoSettingsModels, OutputSourceIsStepped) {
-  Open(0x0126, {17, 0, 0, 0, 0});
+  Open(0x0126, {25, 0, 0, 0, 0});
   box.Block(5) = {9, 0};  // a value without a row is not sent back
   Press(kPictureButton);
-  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 4,0,1: 0F", "set block 15,0,1: 01"}));
+  EXPECT_EQ(CallsOf(kApplyButton),
+            (Calls{"set block 3,0,1: 02", "set block 4,0,1: 0F", "set block 15,0,1: 01"}));
   desk.Press(kPage, 1045);
   EXPECT_EQ(desk.Text(kPage, 1044), "VGA + HDMI");
-  EXPECT_EQ(CallsOf(kApplyButton),
-            (Calls{"set block 4,0,1: 0F", "set block 5,0,1: 00", "set block 15,0,1: 01"}));
+  EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set block 3,0,1: 02", "set block 4,0,1: 0F",
+                                          "set block 5,0,1: 00", "set block 15,0,1: 01"}));
 }
 
 // The phase is that of the analogue input, which an operator may choose on the box itself.

@@ -21,6 +21,20 @@ inline constexpr Group kColour = {1034, 1035, 1036, 1037};
 inline constexpr Group kLevel = {1030, 1021, 1023, 1022};
 inline constexpr Group kEq = {1046, 1047, 1048, 1049};
 inline constexpr Group kEdge = {1083, 1116, 1084, 1085};
+inline constexpr Group kMode = {1038, 1039, 1040, 1041};
+inline constexpr Group kSdi0 = {1050, 1051, 1052, 1053};
+inline constexpr Group kSdi1 = {1054, 1055, 1056, 1057};
+inline constexpr Group kLed = {1062, 1063, 1064, 1065};
+inline constexpr Group kGpi = {1067, 1068, 1069, 1070};
+inline constexpr Group kGenlock = {1078, 1114, 1077, 1079};
+inline constexpr Group kIre = {1081, 1115, 1080, 1082};
+inline constexpr Group kUpFilter = {1086, 1117, 1087, 1088};
+inline constexpr Group kSdiType = {1089, 1118, 1090, 1091};
+inline constexpr Group kSecondLevel = {1076, 1096, 1097, 1098};
+inline constexpr Group kSdiColour = {1095, 1099, 1100, 1101};
+inline constexpr Group kHdmiMode = {1102, 1103, 1104, 1105};
+inline constexpr Group kMirror = {1106, 1107, 1108, 1109};
+inline constexpr Group kReclock = {1110, 1111, 1112, 1113};
 inline constexpr int kFormatBack = 1033;
 inline constexpr int kAutoPhase = 1066;
 inline constexpr int kFreeze = 1075;
@@ -85,11 +99,22 @@ inline Options AspectsOf(int type) {
             {5, "UnderScan", 5},
             {6, "Pan Scan 16 : 9", 6}};
   }
-  return {{0, "16 : 9", 0},
-          {1, "4 : 3", 1},
-          {2, "Dot By Dot", 2},
-          {3, "Keep Aspect Ratio", 3},
-          {4, "Full Screen", 4}};
+  Options options = {{0, "16 : 9", 0},
+                     {1, "4 : 3", 1},
+                     {2, "Dot By Dot", 2},
+                     {3, "Keep Aspect Ratio", 3},
+                     {4, "Full Screen", 4}};
+  if (Has({24, 34}, type)) {
+    options[3] = {3, "UnderScan", 3};
+    options[4] = {4, "Keep Aspect Ratio", 4};
+    options.push_back({5, "Full Screen", 5});
+  }
+  if (Has({25, 29}, type)) {
+    options.push_back({5, "14 : 9", 5});
+    options.push_back({6, "UnderScan", 6});
+    options.push_back({7, "Pan Scan 16 : 9", 7});
+  }
+  return options;
 }
 inline int LastAspect(const Identity& box, std::uint32_t firmware) {
   const int type = box.boxType;
@@ -118,34 +143,136 @@ struct Setting {
   bool readsIndex;  // of what is read, the index of the row and not its value
   int last;
   int first = 0;
+  bool isWord = false;
 };
 
 using Settings = std::vector<Setting>;
 
+inline const Options kOffOn = {{0, "Disable", 0}, {1, "Enable", 1}};
+inline const Options kColours = {{0, "RGB444", 0}, {1, "YUV444", 1}, {2, "YUV422", 3}};
+inline const Options kSdiEqs = {
+    {0, "DISABLE", 0}, {1, "SMALL", 1}, {2, "MEDIUM", 2}, {3, "LARGE", 3}};
+inline const Options kEdges = {{0, "Disable", 0}, {1, "Min", 1}, {2, "Mid", 2}, {3, "Max", 3}};
+
+inline const Setting kHdmiModeSetting = {kHdmiMode, 42, {{1, "HDMI", 1}, {0, "DVI", 0}}, true, 1};
+inline const Setting kColourSetting = {kColour, 7, kColours, false, 2};
+inline const Setting kSdiColourSetting = {kSdiColour, 40, kColours, false, 2};
+inline const Setting kEdgeSetting = {kEdge, 25, kEdges, true, 3};
+inline const Setting kUpFilterSetting = {kUpFilter, 29, kOffOn, true, 1};
+inline const Setting kReclockSetting = {kReclock, 49, kOffOn, true, 1};
+inline const Setting kSdiTypeSetting = {
+    kSdiType, 30, {{0, "SD", 1}, {1, "HD", 4}, {2, "3GA", 9}, {3, "3GB", 10}}, false, 3};
+inline const Setting kMirrorSetting = {
+    kMirror,
+    45,
+    {{0, "Disable", 0}, {1, "Hor.", 1}, {2, "Ver.", 2}, {3, "Hor. + Ver.", 3}},
+    true,
+    3};
+inline const Setting kSecondLevelSetting = {
+    kSecondLevel, 33, {{1, "Full Range", 1}, {0, "Limit Range", 0}}, true, 1};
+
+inline Setting AspectOf(const Identity& box, std::uint32_t firmware) {
+  const int type = box.boxType;
+  Setting aspect = {kAspect, 15, AspectsOf(type), true, LastAspect(box, firmware)};
+  if (Has({14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 51}, type)) aspect.address = 20;
+  if (Has({26, 30, 43}, type)) aspect.address = 7;
+  if (Has({24, 34}, type) && box.brandCode != 2) aspect.address = 11;
+  aspect.isWord = aspect.address == 7 || aspect.address == 11;
+  return aspect;
+}
+
+// Of the types other than 26.
+inline Settings FirstSubPage(const Identity& box, std::uint32_t firmware) {
+  const int type = box.boxType;
+  Settings settings;
+  if (!InputsOf(type).empty())
+    settings.push_back({kInput, 3, InputsOf(type), false, LastInput(type)});
+  const bool locks = Has({39, 40, 46, 47, 48, 49, 50}, type);
+  settings.push_back({kFormat, locks ? 5 : 4, kFormats, false, 19, 1});
+  if (Has({25, 29}, type)) {
+    settings.push_back({kOutputSource, 5, {{0, "VGA + HDMI", 0}}, false, 0});
+  }
+  if (Has({23, 42}, type)) settings.push_back({kMode, 5, {{0, "AV", 0}}, true, 0});
+  if (Has({24, 34}, type)) settings.push_back({kLed, 22, {{0, "OFF", 0}, {1, "ON", 1}}, true, 1});
+  settings.push_back(AspectOf(box, firmware));
+  return settings;
+}
+
+inline Settings SecondSubPage(int type) {
+  const Options external = {{0, "Free-Run", 0}, {1, "External", 1}};
+  const Options inputs = {{0, "Free-Run", 0}, {1, "SDI-In", 1}, {2, "Ref-In", 2}};
+  const Options ire = {{0, "0   IRE", 0}, {1, "7.5 IRE", 1}};
+  const Options otherIre = {{0, "7.5 IRE", 0}, {1, "0   IRE", 1}};
+  switch (type) {
+    case 24:
+    case 34:
+      return {{kSdi0, 5, kSdiEqs, true, 3},
+              {kSdi1, 13, kSdiEqs, true, 3},
+              {kGpi, 50, {{0, "Pulse", 0}, {1, "Level", 1}}, true, 1}};
+    case 30:
+    case 43:
+      return {{kGenlock, 15, external, true, 1}, kSdiTypeSetting, kReclockSetting};
+    case 20:
+    case 33:
+      return {{kGenlock, 19, inputs, true, 1}, kSdiColourSetting, kMirrorSetting};
+    case 23:
+    case 42:
+      return {{kIre, 20, ire, true, 1}, kHdmiModeSetting, kColourSetting};
+    case 25:
+    case 29:
+      return {{kIre, 20, otherIre, true, 1}, kEdgeSetting, kUpFilterSetting};
+    case 37:
+    case 38:
+      return {kHdmiModeSetting, kColourSetting, kSecondLevelSetting};
+    case 39:
+    case 40:
+    case 46:
+    case 47:
+    case 48:
+    case 49:
+      return {kHdmiModeSetting, kColourSetting, kSdiColourSetting};
+    case 50:
+      return {kHdmiModeSetting, kColourSetting, kMirrorSetting};
+    case 14:
+    case 36:
+    case 51:
+      return {kUpFilterSetting, kSdiTypeSetting, kReclockSetting};
+    default:
+      return {kEdgeSetting, kUpFilterSetting, kReclockSetting};
+  }
+}
+
+inline bool HasThree(const Identity& box) {
+  return box.brandCode == 2 ? Has({24, 34}, box.boxType) : Has({37, 38}, box.boxType);
+}
+
+inline Settings ThirdSubPage(const Identity& box) {
+  if (!HasThree(box)) return {};
+  if (box.brandCode == 2) {
+    return {kSdiTypeSetting, kSdiColourSetting, kMirrorSetting, kReclockSetting};
+  }
+  return {kUpFilterSetting, kSdiTypeSetting, kMirrorSetting, kReclockSetting};
+}
+
 // In the order in which they are read and written.
 inline Settings SettingsOf(const Identity& box, std::uint32_t firmware, int subPage) {
   const int type = box.boxType;
-  const Setting input = {kInput, type == 26 ? 4 : 3, InputsOf(type), false, LastInput(type)};
-  const Setting format = {kFormat, type == 26 ? 2 : 4, kFormats, false, 19, 1};
-  const Setting aspect = {kAspect, type == 26 ? 7 : 15, AspectsOf(type), true,
-                          LastAspect(box, firmware)};
   if (type != 26) {
-    if (subPage != 0) return {};
-    return {input, format, {kOutputSource, 5, {{0, "VGA + HDMI", 0}}, false, 0}, aspect};
+    if (subPage == 0) return FirstSubPage(box, firmware);
+    return subPage == 1 ? SecondSubPage(type) : ThirdSubPage(box);
   }
+  Settings settings;
   if (subPage == 0) {
-    return {input,
-            format,
-            aspect,
-            {kEq, 12, {{2, "LOW", 2}, {0, "MIDDLE", 0}, {1, "HIGH", 1}}, true, 2}};
+    settings = {{kInput, 4, InputsOf(type), false, 2},
+                {kFormat, 2, kFormats, false, 19, 1},
+                AspectOf(box, firmware),
+                {kEq, 12, {{2, "LOW", 2}, {0, "MIDDLE", 0}, {1, "HIGH", 1}}, true, 2}};
+  } else {
+    settings = {{kColour, 10, kColours, false, 2},
+                {kLevel, 15, {{0, "Limit Range", 0}, {1, "Full Range", 1}}, true, 1}};
+    if (firmware >= 278) settings.push_back({kEdge, 19, kEdges, true, 3});
   }
-  Settings settings = {
-      {kColour, 10, {{0, "RGB444", 0}, {1, "YUV444", 1}, {2, "YUV422", 3}}, false, 2},
-      {kLevel, 15, {{0, "Limit Range", 0}, {1, "Full Range", 1}}, true, 1}};
-  if (firmware >= 278) {
-    settings.push_back(
-        {kEdge, 19, {{0, "Disable", 0}, {1, "Min", 1}, {2, "Mid", 2}, {3, "Max", 3}}, true, 3});
-  }
+  for (Setting& setting : settings) setting.isWord = true;
   return settings;
 }
 
@@ -172,20 +299,43 @@ inline void PlaceFour(Places& places, const Group& group, int top) {
   places[group.next] = {360, top + 23, 40, 39};
 }
 
+inline bool HasFreeze(int type) { return !Has({13, 15, 20, 33}, type); }
+
 // Of the types other than 26; `phase`: the analogue input is selected.
-inline Places ExpectedPlaces(int type, int subPage, bool phase) {
+inline Places ExpectedPlaces(const Identity& box, int subPage, bool phase) {
+  const int type = box.boxType;
+  const Settings settings = SettingsOf(box, 0x0126, subPage);
   Places places;
-  if (subPage == 1) places[kFreeze] = {50, 35, 300, 40};
-  if (subPage != 0) return places;
-  PlaceFour(places, kInput, 15);
-  PlaceFour(places, kAspect, 85);
-  PlaceFour(places, kOutputSource, 155);
-  PlaceFour(places, kFormat, 225);
-  places[kFormat.value] = {60, 255, 260, 30};
-  places[kFormatBack] = {360, 248, 40, 39};
-  places[kFormat.next] = {410, 248, 40, 39};
-  if (phase && HasPhase(type)) places[kAutoPhase] = {410, 38, 70, 39};
+  const bool freeze = subPage == 1 && HasFreeze(type);
+  const bool tight = subPage == 0 || freeze || settings.size() > 3;
+  int top = tight ? 15 : 35;
+  const auto place = [&](const Setting& setting) {
+    PlaceFour(places, setting.group, top);
+    if (setting.group.next == kFormat.next) {
+      places[kFormat.value] = {60, top + 30, 260, 30};
+      places[kFormatBack] = {360, top + 23, 40, 39};
+      places[kFormat.next] = {410, top + 23, 40, 39};
+    }
+    top += tight ? 70 : 80;
+  };
+  for (const Setting& setting : settings) {
+    if (!Has({kFormat.next, kOutputSource.next}, setting.group.next)) place(setting);
+  }
+  for (const Group& last : {kOutputSource, kFormat}) {
+    for (const Setting& setting : settings) {
+      if (setting.group.next == last.next) place(setting);
+    }
+  }
+  if (freeze) places[kFreeze] = {50, 255, 300, 40};
+  if (subPage == 0 && phase && HasPhase(type)) places[kAutoPhase] = {410, 38, 70, 39};
   return places;
+}
+
+inline std::string GetOf(const Setting& setting) {
+  return setting.isWord ? GetWord(setting.address) : GetBlock(setting.address);
+}
+inline std::string SetOf(const Setting& setting, int value) {
+  return setting.isWord ? SetWord(setting.address, value) : SetBlock(setting.address, {value});
 }
 
 class VideoListed : public ModelWalk {
@@ -196,20 +346,24 @@ class VideoListed : public ModelWalk {
     for (int i = 0; i < subPage; ++i) Press(kPageUpButton);
     TakeCalls();
   }
-  void ReportTo(const Identity& identity, int address, int value) {
-    if (identity.boxType == 26) {
-      ReportWord(address, value);
+  void ReportTo(const Setting& setting, int value) {
+    if (setting.isWord) {
+      ReportWord(setting.address, value);
     } else {
-      Report(address, {static_cast<std::uint8_t>(value), 0x77});
+      Report(setting.address, {static_cast<std::uint8_t>(value), 0x77});
     }
+  }
+  // Whether they are those of the first sub-page, where the pass-through goes with them.
+  static bool IsFirst(const Settings& settings) {
+    return std::any_of(settings.begin(), settings.end(),
+                       [](const Setting& each) { return each.group.next == kFormat.next; });
   }
   static Calls Reads(const Identity& identity, const Settings& settings) {
     Calls calls;
     for (const Setting& setting : settings) {
-      calls.push_back(identity.boxType == 26 ? GetWord(setting.address)
-                                             : GetBlock(setting.address));
+      calls.push_back(GetOf(setting));
     }
-    if (PassesThrough(identity.boxType) && !settings.empty()) calls.push_back(GetBlock(8));
+    if (PassesThrough(identity.boxType) && IsFirst(settings)) calls.push_back(GetBlock(8));
     return calls;
   }
   static Calls Writes(const Identity& identity, const Settings& settings,
@@ -218,10 +372,9 @@ class VideoListed : public ModelWalk {
     for (std::size_t i = 0; i < settings.size(); ++i) {
       const Option* option = At(settings[i].options, selected[i]);
       if (option == nullptr) continue;
-      calls.push_back(identity.boxType == 26 ? SetWord(settings[i].address, option->value)
-                                             : SetBlock(settings[i].address, {option->value}));
+      calls.push_back(SetOf(settings[i], option->value));
     }
-    if (PassesThrough(identity.boxType) && !settings.empty()) calls.push_back(SetBlock(8, {0}));
+    if (PassesThrough(identity.boxType) && IsFirst(settings)) calls.push_back(SetBlock(8, {0}));
     return calls;
   }
   std::string TextOf(const Group& group) { return desk.Text(kPage, group.value); }

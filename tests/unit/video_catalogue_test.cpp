@@ -1,5 +1,5 @@
-// The option tables of the Video settings page, row by row, against a list of their own: also the
-// values that no page reads or writes yet.
+// The option tables of the Video settings page, row by row, against a list of their
+// own.
 #include "catalogue/video.h"
 
 #include <gtest/gtest.h>
@@ -86,6 +86,8 @@ const Table kTables[] = {
     {"aspect ratio",
      video::kAspectRatio,
      {{{26, 50}, kAspects},
+      {{24, 34}, {{3, "UnderScan", 3}, {4, "Keep Aspect Ratio", 4}, {5, "Full Screen", 5}}},
+      {{25, 29}, {{5, "14 : 9", 5}, {6, "UnderScan", 6}, {7, "Pan Scan 16 : 9", 7}}},
       {{},
        {{0, "16 : 9", 0},
         {1, "4 : 3", 1},
@@ -98,7 +100,10 @@ const Table kTables[] = {
      video::kOutputLevel,
      {{{26}, {{0, "Limit Range", 0}, {1, "Full Range", 1}}}},
      ""},
-    {"output colour", video::kOutputColour, {{{26}, kColours}}, ""},
+    {"output colour",
+     video::kOutputColour,
+     {{{23, 26, 37, 38, 39, 40, 42, 46, 47, 48, 49, 50}, kColours}},
+     ""},
     {"edge enhance",
      video::kEdgeEnhance,
      {{{}, {{0, "Disable", 0}, {1, "Min", 1}, {2, "Mid", 2}, {3, "Max", 3}}}},
@@ -127,15 +132,16 @@ const Table kTables[] = {
     {"error LED", video::kErrorLed, {{{24, 34}, {{0, "OFF", 0}, {1, "ON", 1}}}}, ""},
     {"genlock mode",
      video::kGenlockMode,
-     {{{30, 43, 46, 47, 50}, {{0, "Free-Run", 0}, {1, "External", 1}}},
-      {{39, 40, 48, 49}, {{0, "Free-Run", 0}, {1, "SDI-In", 1}, {2, "Ref-In", 2}}}},
+     {{{30, 43}, {{0, "Free-Run", 0}, {1, "External", 1}}},
+      {{20, 33}, {{0, "Free-Run", 0}, {1, "SDI-In", 1}, {2, "Ref-In", 2}}}},
      ""},
     {"IRE level",
      video::kIreLevel,
      {{{23, 42}, {{0, "0   IRE", 0}, {1, "7.5 IRE", 1}}},
       {{25, 29}, {{0, "7.5 IRE", 0}, {1, "0   IRE", 1}}}},
      ""},
-    {"output source", video::kOutputSource, {{{}, {{0, "VGA + HDMI", 0}}}}, ""},
+    {"output source", video::kOutputSource, {{{25, 29}, {{0, "VGA + HDMI", 0}}}}, ""},
+    {"output mode", video::kOutputMode, {{{23, 42}, {{0, "AV", 0}}}}, ""},
 };
 
 const std::vector<Row>& RowsOf(const Table& table, int type) {
