@@ -43,13 +43,16 @@ constexpr Choice kSourcesOfInput4[] = {
     {{26, 50}, 1, "Internal (SDI)", 1},
     {{26, 50}, 2, "HDMI", 2},
 };
+constexpr BoxTypes kWithEmbedded = {37, 38, 39, 40, 46, 47, 48, 49, 52};
+
 constexpr Choice kSourcesOfAnyInput[] = {
-    {{24, 34, 25, 29, 46, 47, 48, 49, 52}, 1, "L/R Audio", 1},
+    {{24, 34, 25, 29}, 1, "L/R Audio", 1},
     {{24, 34}, 2, "XLR Audio", 2},
     {{25, 29}, 0, "Default", 0},
     {{25, 29}, 2, "Embedded Audio", 2},
-    {{46, 47, 48, 49, 52}, 0, "Embedded Audio", 0},
-    {{46, 47, 48, 49, 52}, 2, "Mix Audio", 2},
+    {kWithEmbedded, 0, "Embedded Audio", 0},
+    {kWithEmbedded, 1, "L/R Audio", 1},
+    {kWithEmbedded, 2, "Mix Audio", 2},
     {{14, 36}, 0, "Internal", 0},
     {{14, 36}, 1, "XLR Audio", 1},
     {{14, 36}, 2, "AES-3", 2},
@@ -69,8 +72,8 @@ constexpr Choice kSourcesOfAnyInput[] = {
     {{30, 43}, 2, "Mix ( SDI + L/R )", 2},
     {{20, 33}, 0, "L(Aud) + R( Dig )", 0},
     {{20, 33}, 1, "R(Aud) + L( Dig )", 1},
-    {{17, 35}, 0, "SDI", 0},
-    {{17, 35}, 1, "HDMI", 1},
+    {{17, 21, 35}, 0, "SDI", 0},
+    {{17, 21, 35}, 1, "HDMI", 1},
     {{18, 32}, 0, "Nono", 0},
     {{18, 32}, 1, "LAnalog L/R Audio", 1},
     {{18, 32}, 2, "L/R Ear Phone", 2},
@@ -108,8 +111,9 @@ constexpr OptionList kLists[kOptionCount] = {
 };
 
 constexpr BoxTypes kWithStandard = {26, 50};
-constexpr BoxTypes kWithSourceIn9 = {14, 36};
-constexpr BoxTypes kRest = kAllTypes.Except(kWithStandard);
+constexpr BoxTypes kWithInput = {24, 34};
+constexpr BoxTypes kWithMuteIn5 = {20, 30, 33, 43};
+constexpr BoxTypes kWithMuteIn11 = {13, 15, 18, 23, 32, 42};
 
 constexpr Kept kKept[] = {
     {kWithStandard, 0, kMute, Word(11)},
@@ -117,12 +121,33 @@ constexpr Kept kKept[] = {
     // has no row. Deliberate.
     {kWithStandard, 0, kSource, Word(6)},
     {kWithStandard, 0, kStandard, Word(16)},
-    {kRest.Except({51}), 0, kMute, Block(6)},
-    {kWithSourceIn9, 0, kSource, Block(9)},
-    {kRest.Except(kWithSourceIn9), 0, kSource, Block(10)},
+
+    {kWithMuteIn5, 0, kMute, Word(5)},
+    {kWithMuteIn11, 0, kMute, Word(11)},
+    {{17, 35}, 0, kMute, Word(17)},
+    {{24, 34}, 0, kMute, Word(7)},
+    {{36}, 0, kMute, Word(3)},
+    {{21}, 0, kMute, Word(24), Reads::kIndex, nullptr, Access::kReadOnly},
+    {{21}, 0, kMute, Block(1), Reads::kIndex, nullptr, Access::kWriteOnly},
+    {kOtherTypes.Except(kWithStandard)
+         .Except(kWithMuteIn5)
+         .Except(kWithMuteIn11)
+         .Except({17, 21, 24, 34, 35, 36, 51}),
+     0, kMute, Block(6)},
+
+    {{17, 35}, 0, kSource, Block(3)},
+    {{20, 33}, 0, kSource, Word(6)},
+    {{18, 32}, 0, kSource, Word(7)},
+    {{13, 15, 23, 42}, 0, kSource, Word(16)},
+    {{14, 36}, 0, kSource, Block(9)},
+    {kWithEmbedded.With({24, 25, 29, 30, 34, 43, 51}), 0, kSource, Block(10)},
+    {{21}, 0, kSource, Block(38), Reads::kIndex, nullptr, Access::kReadOnly},
+    {{21}, 0, kSource, Block(4), Reads::kIndex, nullptr, Access::kWriteOnly},
+
     {{14, 24, 34, 36}, 0, kXlrLevel, Block(7)},
     {{14}, 0, kXlrImpedance, Block(32)},
-    {{18, 29, 32}, 0, kChannel, Block(32), Reads::kValue},
+    {{18, 32}, 0, kChannel, Block(32), Reads::kValue},
+    {{29}, 0, kChannel, Block(32), Reads::kValue, kFromFirmware<265>},
 };
 
 constexpr Volumes kVolumes[] = {
@@ -156,7 +181,15 @@ const Choice* FindSource(std::uint8_t boxType, std::uint8_t input, std::uint8_t 
   return nullptr;
 }
 
-Address InputOf(std::uint8_t boxType) { return kWithStandard.Has(boxType) ? Word(4) : Block(3); }
+Address InputOf(std::uint8_t boxType) {
+  if (kWithStandard.Has(boxType)) return Word(4);
+  return kWithInput.Has(boxType) ? Block(3) : Address{};
+}
+
+Address FittedOf(std::uint8_t boxType) {
+  static constexpr BoxTypes kTelling = {37, 38, 52};
+  return kTelling.Has(boxType) ? Block(38) : Address{};
+}
 
 const Volumes& VolumesOf(std::uint8_t boxType) {
   const Volumes* row = FirstOf(kVolumes, boxType);

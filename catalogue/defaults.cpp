@@ -1,5 +1,7 @@
 #include "catalogue/defaults.h"
 
+#include <algorithm>
+
 #include "catalogue/audio.h"
 #include "catalogue/codecs.h"
 #include "catalogue/information.h"
@@ -40,6 +42,10 @@ class Collector {
     if (at.kind != Address::Kind::kNone) all.push_back({at, std::move(bytes)});
   }
 
+  bool Has(const Address& at) const {
+    return std::any_of(all.begin(), all.end(), [&](const Default& each) { return each.at == at; });
+  }
+
   // The first choice of an option that is chosen so often, or whichever the type has.
   void AddOptions(const OptionGroup& group) {
     for (const Kept& kept : group.kept) {
@@ -76,6 +82,9 @@ class Collector {
     if (volumes.kind == audio::VolumeKind::kOutputLevel) Add(volumes.at, {62, 0});
     if (volumes.kind == audio::VolumeKind::kAttenuation) Add(volumes.at, {50, 50});
     if (volumes.kind == audio::VolumeKind::kInput) Add(volumes.at, {50, 50, 0});
+    Add(audio::FittedOf(identity.boxType), {1, 1});
+    const Address input = audio::InputOf(identity.boxType);
+    if (!Has(input)) Add(input, {1});
   }
 
   void AddImage() {
@@ -112,9 +121,7 @@ class Collector {
   void AddWall() {
     const wall::Store* store = wall::Find(identity.boxType);
     if (store == nullptr) return;
-    // The firmware version of some stands where others have the size of their wall.
-    const bool shared = store->size == information::FirmwareOf(identity.boxType);
-    if (!shared) Add(store->size, {2, 0});
+    Add(store->size, {2, 0});
     Add(store->tile, {0});
   }
 

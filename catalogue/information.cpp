@@ -53,7 +53,13 @@ constexpr std::uint8_t kFirstMissingCode = 92;
 
 }  // namespace
 
-Address FirmwareOf(std::uint8_t boxType) { return Word(kShippedType.Has(boxType) ? 5 : 8); }
+// Item 8 is the wall size, the function button or the reset of these.
+constexpr BoxTypes kFirmwareIn4 = {17, 18, 19, 20, 21, 27, 30, 32, 33, 43};
+
+Address FirmwareOf(std::uint8_t boxType) {
+  if (kShippedType.Has(boxType)) return Word(5);
+  return Word(kFirmwareIn4.Has(boxType) ? 4 : 8);
+}
 
 const FormatSource& FormatSourceOf(std::uint8_t boxType) {
   const FormatSource* row = FirstOf(kSources, boxType);

@@ -163,7 +163,7 @@ bool IsByDipOrBrand2(const Identity& box, std::uint32_t /*firmware*/) {
 constexpr Store kStores[] = {
     {{39, 40, 46, 47, 48, 49}, Block(18, 30), Block(4)},
     {{35}, Block(14, 30), Word(4)},
-    {{32}, Block(18, 30), Word(4)},
+    {{32}, Block(18, 30), Word(2)},
     {{23, 42}, Block(14, 30), Word(5)},
     {{30, 43}, Block(19, 30), Word(2)},
     {{24, 34}, Block(18, 30), Block(4), IsByDipOrBrand2},

@@ -6,8 +6,12 @@ Address ChannelOf(std::uint8_t boxType) {
   static constexpr BoxTypes kByBlock = {37, 38, 39, 40, 46, 47, 48, 49, 50, 51};
   static constexpr BoxTypes kByWord5 = {24, 34};
   static constexpr BoxTypes kByWord7 = {23, 42};
+  static constexpr BoxTypes kByWord10 = {13, 15};
+  static constexpr BoxTypes kByBlock16 = {14, 36};
   if (kByBlock.Has(boxType)) return Block(1);
+  if (kByBlock16.Has(boxType)) return Block(16);
   if (kByWord5.Has(boxType)) return Word(5);
+  if (kByWord10.Has(boxType)) return Word(10);
   return Word(kByWord7.Has(boxType) ? 7 : 4);
 }
 

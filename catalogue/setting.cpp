@@ -18,19 +18,25 @@ constexpr Choice kPatterns[] = {
     {kAllTypes, 9, "WV Ramp", 9}, {kAllTypes, 10, "Diagonal", 10}, {kAllTypes, 11, "Red", 11},
     {kAllTypes, 12, "Green", 12}, {kAllTypes, 13, "Blue", 13},
 };
+// Models with the scaling modes of a seven-way switch.
+constexpr BoxTypes kWithSevenModes = {26, 50};
+// Models with five of them.
+constexpr BoxTypes kWithFiveModes = {13, 14, 15, 17, 18, 20, 21, 23, 24, 25, 29, 30, 32, 33,
+                                     34, 35, 36, 37, 38, 39, 40, 42, 43, 46, 47, 48, 49, 51};
+
 constexpr Choice kDip8Modes[] = {
-    {{26}, 0, "Keep Aspect Ratio", 0},
-    {{26}, 1, "Full Screen (16:9)", 1},
-    {{26}, 2, "Dot By Dot", 2},
-    {{26}, 3, "4 : 3", 3},
-    {{26}, 4, "14 : 9", 4},
-    {{26}, 5, "UnderScan", 5},
-    {{26}, 6, "Pan Scan 16 : 9", 6},
-    {kOtherTypes, 4, "Full Screen", 4},
-    {kOtherTypes, 0, "16 : 9", 0},
-    {kOtherTypes, 1, "4 : 3", 1},
-    {kOtherTypes, 2, "Dot By Dot", 2},
-    {kOtherTypes, 3, "Keep Aspect Ratio", 3},
+    {kWithSevenModes, 0, "Keep Aspect Ratio", 0},
+    {kWithSevenModes, 1, "Full Screen (16:9)", 1},
+    {kWithSevenModes, 2, "Dot By Dot", 2},
+    {kWithSevenModes, 3, "4 : 3", 3},
+    {kWithSevenModes, 4, "14 : 9", 4},
+    {kWithSevenModes, 5, "UnderScan", 5},
+    {kWithSevenModes, 6, "Pan Scan 16 : 9", 6},
+    {kWithFiveModes, 4, "Full Screen", 4},
+    {kWithFiveModes, 0, "16 : 9", 0},
+    {kWithFiveModes, 1, "4 : 3", 1},
+    {kWithFiveModes, 2, "Dot By Dot", 2},
+    {kWithFiveModes, 3, "Keep Aspect Ratio", 3},
 };
 
 constexpr OptionList kLists[kOptionCount] = {
@@ -45,19 +51,37 @@ static_assert(EveryRowCounts(kNoSignals));
 static_assert(EveryRowCounts(kPatterns));
 static_assert(EveryRowCounts(kDip8Modes));
 
-constexpr BoxTypes kByBlock = {14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 50, 51};
-constexpr BoxTypes kByWord = kOtherTypes.Except(kByBlock);
+// Three options each. What a type needs for its wall, its audio, its region or its firmware
+// version is not among their addresses.
+constexpr BoxTypes kByBlock = {14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 51};
+constexpr BoxTypes kLocking = {13, 15, 17, 18, 21, 32, 35};
+constexpr BoxTypes kWithOsd = {20, 24, 30, 33, 34, 43};
+constexpr BoxTypes kWithPattern = {23, 25, 29, 42};
+constexpr BoxTypes kWithLowItems = {19, 27};
+constexpr BoxTypes kRest = kOtherTypes.Except(kByBlock)
+                               .Except({50})
+                               .Except(kLocking)
+                               .Except(kWithOsd)
+                               .Except(kWithPattern)
+                               .Except(kWithLowItems);
 
 constexpr Kept kKept[] = {
     {kShippedType, 0, kDip8, kDip8AndExtra, Reads::kIndex, kFromFirmware<294>},
     {kShippedType, 0, kNoSignal, Block(22), Reads::kIndex, kFromFirmware<293>},
     {kShippedType, 0, kOsd, Word(21), Reads::kIndex, kFromFirmware<281>},
+
     {kByBlock, 0, kDip8, Block(15)},
-    {kByBlock, 0, kOsd, Block(21)},
-    {kByBlock, 0, kNoSignal, Block(22)},
-    {kByWord, 0, kLock, Word(12)},
-    {kByWord, 0, kPattern, Word(13)},
-    {kByWord, 0, kNoSignal, Word(17)},
+    {kWithFiveModes.Except(kByBlock).With({50}), 0, kDip8, Block(17)},
+    {kByBlock.With({50}), 0, kOsd, Block(21)},
+    {kByBlock.With({50}), 0, kNoSignal, Block(22)},
+    {kLocking.With(kRest), 0, kLock, Word(12)},
+    {kLocking.With(kRest).With(kWithPattern), 0, kPattern, Word(13)},
+    {kWithOsd, 0, kOsd, Word(21)},
+    {kWithOsd, 0, kNoSignal, Word(16)},
+    {kWithPattern.With(kRest), 0, kNoSignal, Word(17)},
+    {kWithLowItems, 0, kLock, Word(8)},
+    {kWithLowItems, 0, kPattern, Word(10)},
+    {kWithLowItems, 0, kNoSignal, Word(5)},
 };
 
 constexpr Reset kResets[] = {
@@ -78,6 +102,8 @@ const OptionGroup& Options() {
   static constexpr OptionGroup kGroup = {kLists, kKept};
   return kGroup;
 }
+
+std::uint8_t LastDip8(std::uint8_t boxType) { return kWithSevenModes.Has(boxType) ? 6 : 4; }
 
 const Reset& ResetOf(std::uint8_t boxType) {
   const Reset* row = FirstOf(kResets, boxType);

@@ -1,7 +1,8 @@
 // The unit-wide options, which box keeps which of them where, and what resets a box.
 //
-// Models: of box type 26 all is the box's own. Of the other types the texts are known, and the
-// properties that they use between them; which type uses which is chosen.
+// Models: of box type 26 all is the box's own. Of the other types the texts are known, that most
+// have five DIP 8 modes, and the properties that they use between them; which type uses which, and
+// that 50 has the modes of 26, is chosen.
 #pragma once
 
 #include "catalogue/kept.h"
@@ -15,6 +16,11 @@ const OptionGroup& Options();
 
 // Where the DIP 8 mode comes with a second byte, which goes back as it came.
 constexpr Address kDip8AndExtra = Block(23);
+
+// The greatest mode of a type. Models with seven modes are offered the first and the last alone,
+// though their table holds more: deliberate.
+std::uint8_t LastDip8(std::uint8_t boxType);
+constexpr std::uint8_t kLastOfSevenModes = 6;
 
 // What a box is told to restart.
 struct Reset {

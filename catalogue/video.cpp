@@ -223,7 +223,8 @@ constexpr BoxTypes kWithInputs = {23, 24, 25, 27, 29, 34, 42, 48, 49, 50};
 // They tell the format of their reference in block 4.
 constexpr BoxTypes kGenlocked = {39, 40, 46, 47, 48, 49, 50};
 // Block 15 is the DIP 8 mode, the genlock mode or the region of these.
-constexpr BoxTypes kAspectElsewhere = {14, 24, 30, 34, 36, 37, 38, 39, 40, 43, 46, 47, 48, 49, 51};
+constexpr BoxTypes kAspectElsewhere = {14, 21, 24, 30, 34, 36, 37, 38,
+                                       39, 40, 43, 46, 47, 48, 49, 51};
 // Types of which nothing more is known.
 constexpr BoxTypes kPlain =
     kOtherTypes.Except(kWithHdmiMode).Except({14, 20, 24, 25, 29, 30, 33, 34, 36, 43, 51});
@@ -242,14 +243,15 @@ constexpr Kept kKept[] = {
 
     // The first sub-page: input, what is put out, and how the picture fills it.
     {kWithInputs, 0, kInputSource, Block(3), Reads::kValue},
-    {kOtherTypes.Except(kGenlocked), 0, kOutputFormat, Block(4), Reads::kValue},
+    {kOtherTypes.Except(kGenlocked).Except({21}), 0, kOutputFormat, Block(4), Reads::kValue},
+    {{21}, 0, kOutputFormat, Word(2), Reads::kValue},
     {kGenlocked, 0, kOutputFormat, Block(5), Reads::kValue},
     {{25, 29}, 0, kOutputSource, Block(5), Reads::kValue},
     {{23, 42}, 0, kOutputMode, Block(5)},
     {{24, 34}, 0, kErrorLed, Block(22)},
     {kOtherTypes.Except(kAspectElsewhere), 0, kAspectRatio, Block(15)},
     {{14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 51}, 0, kAspectRatio, Block(20)},
-    {{30, 43}, 0, kAspectRatio, Word(7)},
+    {{21, 30, 43}, 0, kAspectRatio, Word(7)},
     {{24, 34}, 0, kAspectRatio, Block(15), Reads::kIndex, IsBrand2},
     {{24, 34}, 0, kAspectRatio, Word(11), Reads::kIndex, IsNotBrand2},
 

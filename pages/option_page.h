@@ -18,6 +18,18 @@ struct OptionControls {
 };
 
 class OptionPage : public Page {
+ public:
+  // Copies the device handle, sets fonts and texts, and shows what the box has.
+  virtual void Init() = 0;
+
+  void Open() override {
+    Init();
+    Refresh(panel.serialHandle);
+  }
+
+  // There are no defaults to restore: the page is read again.
+  void RestoreDefaults() override { Refresh(serialHandle); }
+
  protected:
   // `theControls` has a row for each option of the group, in the same order.
   OptionPage(int number, PanelContext context, const OptionGroup& theGroup,

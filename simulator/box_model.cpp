@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "catalogue/audio.h"
 #include "catalogue/information.h"
 #include "catalogue/multiview.h"
 #include "catalogue/picture.h"
@@ -111,6 +112,7 @@ int BoxModel::GetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std
 int BoxModel::SetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std::uint8_t sub,
                                  std::uint8_t length, const BlockBuffer& bytes) {
   if (!Answers(handle)) return kFailure;
+  if (StoreToldElsewhere(panelora::Block(property), bytes[0])) return kSuccess;
   // One byte on that property opens a function of the box; only type 51 keeps its display mode
   // there.
   const bool keepsMode = multiview::kByBlock.Has(identity.boxType);
@@ -157,7 +159,9 @@ int BoxModel::SetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint
     StoreChannelCode(static_cast<std::uint8_t>(value));
     return kSuccess;
   }
-  Word(item)[0] = value;  // not the second: word 8 holds wall size and firmware version at once
+  // What is told to the item of the firmware version is a command: the version stays.
+  if (item == information::FirmwareOf(identity.boxType).number) return kSuccess;
+  Word(item) = {value, 0};
   if (IsModel26() && item == kInputSource.number) ReportInputFormat();
   return kSuccess;
 }
@@ -191,6 +195,21 @@ void BoxModel::StoreChannelCode(std::uint8_t code) {
   const std::size_t slot = isMode9 ? 9 : reported;
   std::vector<std::uint8_t>& codes = Block(multiview::kCodes.number);
   if (slot >= 1 && slot <= codes.size()) codes[slot - 1] = code;
+}
+
+// An option that is told in one place and reported in another; false when it is none.
+bool BoxModel::StoreToldElsewhere(const Address& at, std::uint8_t value) {
+  for (const Kept& told : audio::Options().kept) {
+    if (told.access != Access::kWriteOnly || told.at != at || !told.Serves(identity, firmware)) {
+      continue;
+    }
+    for (const Kept& kept : audio::Options().kept) {
+      if (kept.option != told.option || kept.access != Access::kReadOnly) continue;
+      if (kept.Serves(identity, firmware)) Store({kept.at, {value}});
+    }
+    return true;
+  }
+  return false;
 }
 
 // What models with pass-through report of their output after it was set.

@@ -67,6 +67,7 @@ class BoxModel final : public DeviceLink {
   void Restore(std::initializer_list<Address> addresses);
   void RestoreProcAmp();
   void ReportInputFormat();
+  bool StoreToldElsewhere(const Address& at, std::uint8_t value);
   bool StoreMultiView(std::uint8_t property, std::uint8_t length, const BlockBuffer& bytes);
   void StoreChannelCode(std::uint8_t code);
   void ReportOutput(std::uint8_t property, std::uint8_t value);

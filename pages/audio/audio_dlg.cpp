@@ -63,7 +63,6 @@ void CAudioDlg::Init() {
   TakeHandle();
   for (const ui::ControlTemplate& control : res::FindDialog(res::kAudio)->controls) {
     Window().SetFont(control.id, ui::kCaptionFont);
-    Window().ShowControl(control.id, false);
   }
   SetUpOptions(ui::kCaptionFont);
   for (const int control : {kVolumeDown, kHdmiDown}) Window().SetText(control, "-");
@@ -71,10 +70,12 @@ void CAudioDlg::Init() {
   Window().SetText(kVolumeFrame, "");
   Window().SetText(kHdmiFrame, "");
   Window().SetText(kLevelCaption, "Audio Level");
+  hasSource = hasVolume = true;
   LayOut();
 }
 
 bool CAudioDlg::Has(int option) const {
+  if (option == kSource && !hasSource) return false;
   for (const Kept& kept : group.kept) {
     if (kept.option == option && Serves(kept)) return true;
   }
@@ -92,6 +93,9 @@ bool CAudioDlg::IsLevelByDip() const {
 }
 
 void CAudioDlg::LayOut() {
+  for (const ui::ControlTemplate& control : res::FindDialog(res::kAudio)->controls) {
+    Window().ShowControl(control.id, false);
+  }
   // With volumes there is more to show, closer together.
   const bool isTight = Kind() != VolumeKind::kNone;
   const int apart = isTight ? 68 : 80;
@@ -147,12 +151,27 @@ void CAudioDlg::PlaceHdmiVolume(int top) {
 
 void CAudioDlg::Refresh(ui::SerialHandle serial) {
   serialHandle = serial;
+  ReadFitted();
   for (const Kept& kept : group.kept) {
-    if (!Serves(kept)) continue;
+    if (!Serves(kept) || !Has(kept.option) || kept.access == Access::kWriteOnly) continue;
     if (kept.option == kSource) Read(InputOf(panel.identity.boxType), input);
     ReadOption(kept);
   }
+  if (Kind() == VolumeKind::kNone) return;
   if (volumes.Read(box, panel.identity)) ShowVolumes(selection[kSource]);
+}
+
+// A box that can't tell keeps what it was known to have.
+void CAudioDlg::ReadFitted() {
+  const Address at = FittedOf(panel.identity.boxType);
+  BlockBuffer bytes{};
+  if (at.kind == Address::Kind::kNone || !Read(at, bytes)) return;
+  const bool source = bytes[0] != 0;
+  const bool volume = bytes[1] != 0;
+  if (source == hasSource && volume == hasVolume) return;
+  hasSource = source;
+  hasVolume = volume;
+  LayOut();
 }
 
 void CAudioDlg::ShowBar(const VolumeBar& bar, int control, int caption) {
@@ -219,19 +238,25 @@ void CAudioDlg::OnLevelChosen() {
   volumes.Write(box, panel.identity);
 }
 
+// Whether the box is told the option there.
+bool CAudioDlg::Tells(const Kept& kept) const {
+  return Serves(kept) && Has(kept.option) && kept.access != Access::kReadOnly;
+}
+
 void CAudioDlg::Apply() {
   for (const Kept& kept : group.kept) {
-    if (kept.option == kSource && Serves(kept)) WriteOption(kept);
+    if (kept.option == kSource && Tells(kept)) WriteOption(kept);
   }
   for (const Kept& kept : group.kept) {
-    if (!Serves(kept) || kept.option == kSource || (kept.option == kMute && !ShowsMute())) continue;
+    if (!Tells(kept) || kept.option == kSource || (kept.option == kMute && !ShowsMute())) continue;
     if (kept.reads == Reads::kIndex) {
       WriteSelection(kept);
     } else {
       WriteOption(kept);
     }
   }
-  if (Kind() != VolumeKind::kInput) volumes.Write(box, panel.identity);
+  const bool sentByApply = Kind() != VolumeKind::kInput && Kind() != VolumeKind::kNone;
+  if (sentByApply) volumes.Write(box, panel.identity);
 }
 
 }  // namespace panelora

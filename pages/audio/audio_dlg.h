@@ -15,22 +15,13 @@ class CAudioDlg final : public OptionPage {
  public:
   explicit CAudioDlg(PanelContext context);
 
-  // Copies the device handle, sets fonts and captions, and shows the controls of the box type.
-  void Init();
-
-  void Open() override {
-    Init();
-    Refresh(panel.serialHandle);
-  }
+  void Init() override;
 
   // Reads the box. A failed read keeps field and text; a value without a row keeps the text.
   void Refresh(ui::SerialHandle serial) override;
 
   // Writes the source, then what else is shown; volumes that are not sent at once.
   void Apply() override;
-
-  // There are no defaults to restore: the page is read again.
-  void RestoreDefaults() override { Refresh(serialHandle); }
 
   void OnCommand(int control, ui::Notification what) override;
 
@@ -40,8 +31,12 @@ class CAudioDlg final : public OptionPage {
   bool Has(int option) const;
   bool ShowsMute() const;
   bool IsLevelByDip() const;
-  audio::VolumeKind Kind() const { return volumes.KindOf(panel.identity); }
+  bool Tells(const Kept& kept) const;
+  audio::VolumeKind Kind() const {
+    return hasVolume ? volumes.KindOf(panel.identity) : audio::VolumeKind::kNone;
+  }
 
+  void ReadFitted();
   void LayOut();
   void PlaceVolume(int top);
   void PlaceLevels(int top);
@@ -52,6 +47,8 @@ class CAudioDlg final : public OptionPage {
   void OnLevelChosen();
 
   std::uint8_t input = 0;  // the box's video input code
+  bool hasSource = true;   // what a box says that it is fitted with
+  bool hasVolume = true;
   AudioVolumes volumes;
 };
 

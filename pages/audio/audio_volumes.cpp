@@ -1,7 +1,7 @@
 #include "pages/audio/audio_volumes.h"
 
 #include "base/text.h"
-#include "pages/audio/audio_levels.h"
+#include "catalogue/audio_levels.h"
 
 namespace panelora {
 
@@ -44,6 +44,7 @@ bool AudioVolumes::Read(const Box& link, const Identity& box) {
   } else {
     volume = bytes[0];
     volume2 = bytes[1];
+    if (kept.at.readLength > 2) extra = bytes[2];
   }
   return true;
 }

@@ -45,6 +45,7 @@ class AudioVolumes {
 
   std::uint8_t volume = 0;        // 0 to 100; raw 0 to 80 where the input level is shown
   std::uint8_t volume2 = 0;       // 0 to 100: of the second source, or of the embedded audio
+  std::uint8_t extra = 0;         // told behind the input volumes; nobody knows what it says
   std::uint8_t outputLevel = 62;  // raw 0 to 112, half decibels around 62
 };
 

@@ -34,9 +34,6 @@ struct LayoutRow {
 constexpr LayoutRow kLayouts[] = {
     {0, 0, 0, 125}, {65, 0, 23, 165}, {30, 85, 22, 215}, {15, 70, 23, 235}};
 
-// The greatest DIP 8 mode of model 26, and the only one but 0 that it is offered.
-constexpr int kLastDip8Mode26 = 6;
-
 }  // namespace
 
 CSettingDlg::CSettingDlg(PanelContext context)
@@ -67,8 +64,11 @@ void CSettingDlg::LayOut() {
 void CSettingDlg::Refresh(ui::SerialHandle serial) {
   serialHandle = serial;
   if (IsModel26()) selection[kLock] = 0;
+  patternAvailable = osdAvailable = false;
   for (const Kept& kept : group.kept) {
     if (!Serves(kept)) continue;
+    patternAvailable |= kept.option == kPattern;
+    osdAvailable |= kept.option == kOsd;
     if (kept.option == kDip8) {
       ReadDip8(kept);
     } else {
@@ -93,12 +93,18 @@ void CSettingDlg::Apply() {
       if (kept.option != option || !kept.types.Has(panel.identity.boxType)) continue;
       if (option == kDip8) {
         dip8 = &kept;
-      } else {
+      } else if (IsWritten(option)) {
         WriteSelection(kept);
       }
     }
   }
   if (dip8 != nullptr) WriteDip8(*dip8);
+}
+
+// Model 26 is sent what it has, whatever its firmware shows; the others what a refresh has found.
+bool CSettingDlg::IsWritten(int option) const {
+  if (IsModel26()) return true;
+  return option == kPattern ? patternAvailable : option != kOsd || osdAvailable;
 }
 
 // Warns once per change.
@@ -114,7 +120,7 @@ void CSettingDlg::WriteDip8(const Kept& kept) {
 }
 
 int CSettingDlg::LastIndex(int option) const {
-  return option == kDip8 && IsModel26() ? kLastDip8Mode26 : OptionPage::LastIndex(option);
+  return option == kDip8 ? LastDip8(panel.identity.boxType) : OptionPage::LastIndex(option);
 }
 
 void CSettingDlg::OnCommand(int control, ui::Notification what) {
@@ -129,11 +135,12 @@ void CSettingDlg::OnCommand(int control, ui::Notification what) {
   }
 }
 
-// Model 26 is only ever offered 0 and 6, though its table holds more: deliberate.
+// Of seven modes the first and the last alone are offered.
 void CSettingDlg::OnNextDip8() {
+  const int last = LastIndex(kDip8);
   do {
     Next(kDip8);
-  } while (IsModel26() && selection[kDip8] != 0 && selection[kDip8] != kLastDip8Mode26);
+  } while (last == kLastOfSevenModes && selection[kDip8] != 0 && selection[kDip8] != last);
 }
 
 // Acts at once: the box restarts, and the next tick of the monitor shows it as absent.

@@ -14,14 +14,7 @@ class CSettingDlg final : public OptionPage {
  public:
   explicit CSettingDlg(PanelContext context);
 
-  // Copies the device handle, sets texts and fonts, and shows the options that model and firmware
-  // have.
-  void Init();
-
-  void Open() override {
-    Init();
-    Refresh(panel.serialHandle);
-  }
+  void Init() override;
 
   // Reads the options that the firmware has. A failed read keeps value and text; a value without a
   // row keeps the text.
@@ -31,20 +24,20 @@ class CSettingDlg final : public OptionPage {
   // mode changed.
   void Apply() override;
 
-  // There are no defaults to restore: the page is read again.
-  void RestoreDefaults() override { Refresh(serialHandle); }
-
   void OnCommand(int control, ui::Notification what) override;
 
  private:
   int LastIndex(int option) const override;
   void LayOut();
+  bool IsWritten(int option) const;
   void ReadDip8(const Kept& kept);
   void WriteDip8(const Kept& kept);
   void OnNextDip8();
   void OnHardwareReset();
   bool IsModel26() const { return kShippedType.Has(panel.identity.boxType); }
 
+  bool patternAvailable = false;  // of the box that was refreshed last
+  bool osdAvailable = false;
   std::uint8_t dip8Confirmed = 0;  // the mode last read from the box or warned of
   std::uint8_t dip8Extra = 0;      // goes back to the box as it came
   CCautionDlg caution;

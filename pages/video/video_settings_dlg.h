@@ -18,7 +18,7 @@ class CVideoSettingsDlg final : public OptionPage {
 
   // Copies the device handle, gives every control its font and first text, and lays out the
   // sub-page of the panel state.
-  void Init();
+  void Init() override;
 
   // Shows the first sub-page as the box has it; the handle is that of Init.
   void Open() override;

@@ -149,15 +149,37 @@ Writes OpeningOf(PageCode page, const Identity& id) {
   }
 }
 
+AllowedWrite MuteOf(int type) {
+  if (In(type, {13, 15, 18, 32, 23, 42})) return Word(11);
+  if (In(type, {17, 35})) return Word(17);
+  if (In(type, {20, 33, 30, 43})) return Word(5);
+  if (In(type, {24, 34})) return Word(7);
+  if (type == 36) return Word(3);
+  return Block(type == 21 ? 1 : 6, 1);
+}
+
+AllowedWrite SourceOf(int type) {
+  if (In(type, {20, 33})) return Word(6);
+  if (In(type, {18, 32})) return Word(7);
+  if (In(type, {13, 15, 23, 42})) return Word(16);
+  if (In(type, {17, 35})) return Block(3, 1);
+  if (In(type, {14, 36})) return Block(9, 1);
+  return Block(type == 21 ? 4 : 10, 1);
+}
+
 Writes AudioApply(const Identity& id) {
   const int type = id.boxType;
   if (In(type, {26, 50})) return {Perhaps(Word(6)), Word(11), Word(16)};
-  Writes writes = {Perhaps(Block(In(type, {14, 36}) ? 9 : 10, 1))};
-  if (type != 51) writes.push_back(Perhaps(Block(6, 1)));
+  const bool hasSource = In(type, {13, 14, 15, 17, 18, 20, 21, 23, 24, 25, 29, 30, 32, 33, 34,
+                                   35, 36, 37, 38, 39, 40, 42, 43, 46, 47, 48, 49, 51, 52});
+  Writes writes;
+  if (hasSource) writes.push_back(Perhaps(SourceOf(type)));
+  if (type != 51) writes.push_back(Perhaps(MuteOf(type)));
   if (In(type, {24, 34, 14, 36})) writes.push_back(Block(7, 1));
   if (type == 14) writes.push_back(Block(32, 1));
   if (In(type, {29, 18, 32})) writes.push_back(Perhaps(Block(32, 1)));
-  if (In(type, {46, 47, 48, 49, 52})) writes.push_back(Block(11, 2));
+  if (In(type, {46, 47, 48, 49})) writes.push_back(Block(11, 2));
+  if (type == 52) writes.push_back(Perhaps(Block(11, 2)));  // it says whether it has a volume
   if (In(type, {24, 34})) writes.push_back(Block(44, 2));
   return writes;
 }
@@ -195,11 +217,15 @@ Writes VideoApply(const Situation& now) {
     if (writes.empty()) blocks({25, 29, 49});
     return writes;
   }
-  blocks({3});
-  blocks({In(type, {39, 40, 46, 47, 48, 49, 50}) ? 5U : 4U});
+  if (In(type, {23, 24, 25, 27, 29, 34, 42, 48, 49, 50})) blocks({3});
+  if (type == 21) {
+    writes.push_back(Perhaps(Word(2)));
+  } else {
+    blocks({In(type, {39, 40, 46, 47, 48, 49, 50}) ? 5U : 4U});
+  }
   if (In(type, {23, 25, 29, 42})) blocks({5});
   if (In(type, {24, 34})) blocks({22});
-  if (In(type, {30, 43})) {
+  if (In(type, {21, 30, 43})) {
     writes.push_back(Perhaps(Word(7)));
   } else if (In(type, {24, 34}) && !isBrand2) {
     writes.push_back(Perhaps(Word(11)));
@@ -212,7 +238,12 @@ Writes VideoApply(const Situation& now) {
 
 Writes SettingApply(int type) {
   if (type == 26) return {Word(21), Block(22, 1), Block(23, 2)};
+  if (type == 50) return {Block(21, 1), Block(22, 1), Block(17, 1)};
   if (TakesBlocks(type)) return {Block(21, 1), Block(22, 1), Block(15, 1)};
+  if (In(type, {13, 15, 17, 18, 21, 32, 35})) return {Word(12), Word(13), Block(17, 1)};
+  if (In(type, {20, 24, 30, 33, 34, 43})) return {Word(21), Word(16), Block(17, 1)};
+  if (In(type, {23, 25, 29, 42})) return {Word(13), Word(17), Block(17, 1)};
+  if (In(type, {19, 27})) return {Word(8), Word(10), Word(5)};
   return {Word(12), Word(13), Word(17)};
 }
 
@@ -281,6 +312,8 @@ Writes DefaultOf(const Situation& now) {
   if (In(type, {37, 38, 39, 40, 46, 47, 48, 49, 50, 51})) return {Block(1, 1, 0)};
   if (In(type, {24, 34})) return {Word(5, 0)};
   if (In(type, {23, 42})) return {Word(7, 0)};
+  if (In(type, {14, 36})) return {Block(16, 1, 0)};
+  if (In(type, {13, 15})) return {Word(10, 0)};
   return {Word(4, 0)};
 }
 

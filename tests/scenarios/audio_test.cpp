@@ -318,14 +318,18 @@ TEST_F(Audio, FailedReadsKeepTheVolumesThatAreShown) {
 
 TEST_F(Audio, MuteIsWrittenOnlyWhereItIsShown) {
   int shown = 0;
+  const auto isMute = [](std::uint8_t type, const std::string& call) {
+    const char* mute = type == 24 ? "set word 0,7 =" : type == 36 ? "set word 0,3 =" : nullptr;
+    if (mute != nullptr) return call.rfind(mute, 0) == 0;
+    return call.rfind("set block 6,0,1", 0) == 0 || call.rfind("set word 0,11 =", 0) == 0;
+  };
   for (const std::uint8_t type : Bytes{26, 50, 13, 14, 18, 24, 25, 36, 46, 51, 52}) {
     for (const std::uint8_t brand : Bytes{0, 2}) {
       SCOPED_TRACE("type " + std::to_string(type) + " brand " + std::to_string(int{brand}));
       Open({type, brand, 0, 0, 0});
       const Calls sent = CallsOf(kApplyButton);
-      const bool writes = std::any_of(sent.begin(), sent.end(), [](const std::string& call) {
-        return call.rfind("set block 6,0,1", 0) == 0 || call.rfind("set word 0,11 =", 0) == 0;
-      });
+      const bool writes = std::any_of(sent.begin(), sent.end(),
+                                      [&](const std::string& call) { return isMute(type, call); });
       EXPECT_EQ(writes, desk.Shows(kPage, 1024));
       if (writes) ++shown;
       panel.reset();

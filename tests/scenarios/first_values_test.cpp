@@ -115,7 +115,7 @@ TEST_F(FirstValues, AudioIsNotMutedAndItsOutputAt0Decibels) {
   const std::pair<std::uint8_t, Calls> types[] = {
       {26, {"set word 0,11 = 0", "set word 0,16 = 0"}},
       {24,
-       {"set block 10,0,1: 00", "set block 6,0,1: 00", "set block 7,0,1: 00",
+       {"set block 10,0,1: 00", "set word 0,7 = 0", "set block 7,0,1: 00",
         "set block 44,0,2: 3E 00"}},
       {46, {"set block 10,0,1: 00", "set block 11,0,2: 00 00"}},
       {14, {"set block 9,0,1: 00", "set block 7,0,1: 00", "set block 32,0,1: 00"}},
@@ -131,7 +131,7 @@ TEST_F(FirstValues, SettingsAre0) {
   StartSilent({24, 0, 0, 0, 0});
   Press(kSettingButton);
   EXPECT_EQ(CallsOf(kApplyButton),
-            (Calls{"set word 0,12 = 0", "set word 0,13 = 0", "set word 0,17 = 0"}));
+            (Calls{"set word 0,21 = 0", "set word 0,16 = 0", "set block 17,0,1: 00"}));
   StartSilent({26, 0, 0, 0, 0});
   Press(kSettingButton);
   EXPECT_EQ(CallsOf(kApplyButton),

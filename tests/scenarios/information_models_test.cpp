@@ -14,9 +14,14 @@ constexpr int kAddress = 1015;
 
 bool TellsByBlock(int type) { return Has({14, 36, 51}, type); }
 
+int FirmwareItemOf(int type) {
+  if (type == 26) return 5;
+  return Has({17, 18, 19, 20, 21, 27, 30, 32, 33, 43}, type) ? 4 : 8;
+}
+
 Calls ReadsOf(int type) {
   if (type == 26) return {GetBlock(1, 30), GetWord(5)};
-  return {TellsByBlock(type) ? GetBlock(3, 30) : GetWord(3), GetWord(8)};
+  return {TellsByBlock(type) ? GetBlock(3, 30) : GetWord(3), GetWord(FirmwareItemOf(type))};
 }
 
 TEST_F(InformationModels, EveryTypeShowsItsInputAndItsFirmware) {
@@ -98,18 +103,19 @@ TEST_F(InformationModels, EveryTypeTellsItsFirmwareInItsOwnItem) {
   for (const int type : kTypes) {
     SCOPED_TRACE(Named(Box(type)));
     StartAs(Box(type));
-    box.Word(5) = {0xABCD12, 0xABCD34};
-    box.Word(8) = {0xABCD56, 0xABCD78};
+    const auto item = static_cast<std::uint32_t>(FirmwareItemOf(type));
+    for (const std::uint32_t other : {4U, 5U, 8U}) box.Word(other) = {0xABCD12, 0xABCD34};
+    box.Word(item) = {0xABCD56, 0xABCD78};
     Reread();
-    EXPECT_EQ(desk.Text(kPage, kFirmware), type == 26 ? "3.4.1.2" : "7.8.5.6");
-    EXPECT_EQ(panel->Panel().firmwareVersion, type == 26 ? 0x3412U : 0x7856U);
+    EXPECT_EQ(desk.Text(kPage, kFirmware), "7.8.5.6");
+    EXPECT_EQ(panel->Panel().firmwareVersion, 0x7856U);
     // Filled, but answered with something else than success.
     const std::string call = ReadsOf(type).back();
     device.FillAndAnswer(call, 2);
-    box.Word(type == 26 ? 5 : 8) = {1, 1};
+    box.Word(item) = {1, 1};
     Reread();
-    EXPECT_EQ(desk.Text(kPage, kFirmware), type == 26 ? "3.4.1.2" : "7.8.5.6");
-    EXPECT_EQ(panel->Panel().firmwareVersion, type == 26 ? 0x3412U : 0x7856U);
+    EXPECT_EQ(desk.Text(kPage, kFirmware), "7.8.5.6");
+    EXPECT_EQ(panel->Panel().firmwareVersion, 0x7856U);
     device.FailNothing();
     if (type == 26) continue;
     const std::string shown = desk.Text(kPage, kFormat);

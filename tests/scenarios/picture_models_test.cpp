@@ -39,6 +39,8 @@ class ProcAmpModels : public ModelWalk {
     if (Has({24, 34}, type)) return SetWord(5, 0);
     if (Has({23, 42}, type)) return SetWord(7, 0);
     if (Has({37, 38, 39, 40, 46, 47, 48, 49, 50, 51}, type)) return SetBlock(1, {0});
+    if (Has({14, 36}, type)) return SetBlock(16, {0});
+    if (Has({13, 15}, type)) return SetWord(10, 0);
     return SetWord(4, 0);
   }
   static bool Commits(int type, int brand, std::uint32_t firmware) {

@@ -331,10 +331,10 @@ TEST_F(ProcAmp, OtherModelsCommitWithControl255) {
 
 TEST_F(ProcAmp, OtherModelsReadTheirDefaultsOneByOne) {
   const std::pair<std::uint8_t, Calls> rows[] = {
-      {std::uint8_t{20}, {"set word 0,4 = 0"}}, {std::uint8_t{24}, {"set word 0,5 = 0"}},
-      {std::uint8_t{23}, {"set word 0,7 = 0"}}, {std::uint8_t{46}, {"set block 1,0,1: 00"}},
-      {std::uint8_t{21}, {"set word 0,4 = 0"}}, {std::uint8_t{13}, {"set word 0,4 = 0"}},
-      {std::uint8_t{5}, {"set word 0,4 = 0"}}};
+      {std::uint8_t{20}, {"set word 0,4 = 0"}},     {std::uint8_t{24}, {"set word 0,5 = 0"}},
+      {std::uint8_t{23}, {"set word 0,7 = 0"}},     {std::uint8_t{46}, {"set block 1,0,1: 00"}},
+      {std::uint8_t{21}, {"set word 0,4 = 0"}},     {std::uint8_t{13}, {"set word 0,10 = 0"}},
+      {std::uint8_t{14}, {"set block 16,0,1: 00"}}, {std::uint8_t{5}, {"set word 0,4 = 0"}}};
   const Calls reads = {"get proc amp 0,2", "get proc amp 0,3", "get proc amp 0,4",
                        "get proc amp 0,5"};
   for (const auto& [type, select] : rows) {

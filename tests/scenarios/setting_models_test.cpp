@@ -33,37 +33,69 @@ const Names kDip8Of26 = {{0, "Keep Aspect Ratio"},
 const Names kDip8Of = {
     {4, "Full Screen"}, {0, "16 : 9"}, {1, "4 : 3"}, {2, "Dot By Dot"}, {3, "Keep Aspect Ratio"}};
 
-bool ByBlock(int type) { return Has({14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 50, 51}, type); }
+// Where a setting is kept: word item or block property.
+struct Place {
+  bool isWord;
+  int number;
+};
+constexpr Place W(int item) { return {true, item}; }
+constexpr Place B(int property) { return {false, property}; }
 
-// One of the three settings that a type has.
+// One of the settings that a type has.
 struct Setting {
   Group group;
   Names names;
   int last;
+  Place at;
 };
+Setting Lock(Place at) { return {kLock, kLocks, 1, at}; }
+Setting Pattern(Place at) { return {kPattern, kPatterns, 13, at}; }
+Setting Osd(Place at) { return {kOsd, kOsds, 1, at}; }
+Setting NoSignal(Place at) { return {kNoSignal, kNoSignals, 2, at}; }
+Setting Dip8(Place at) { return {kDip8, kDip8Of, 4, at}; }
+Setting SevenDip8(Place at) { return {kDip8, kDip8Of26, 6, at}; }
 
-// Top to bottom, as they are shown.
+// Top to bottom, as they are shown; which is the order of the reads of all types but 26.
 std::vector<Setting> SettingsOf(int type) {
-  if (type == 26) {
-    return {{kDip8, kDip8Of26, 6}, {kOsd, kOsds, 1}, {kNoSignal, kNoSignals, 2}};
+  if (type == 26) return {SevenDip8(B(23)), Osd(W(21)), NoSignal(B(22))};
+  if (type == 50) return {SevenDip8(B(17)), Osd(B(21)), NoSignal(B(22))};
+  if (Has({14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 51}, type)) {
+    return {Dip8(B(15)), Osd(B(21)), NoSignal(B(22))};
   }
-  if (ByBlock(type)) {
-    return {{kDip8, kDip8Of, 4}, {kOsd, kOsds, 1}, {kNoSignal, kNoSignals, 2}};
-  }
-  return {{kLock, kLocks, 1}, {kPattern, kPatterns, 13}, {kNoSignal, kNoSignals, 2}};
+  if (Has({13, 15, 17, 18, 21, 32, 35}, type)) return {Dip8(B(17)), Lock(W(12)), Pattern(W(13))};
+  if (Has({20, 24, 30, 33, 34, 43}, type)) return {Dip8(B(17)), Osd(W(21)), NoSignal(W(16))};
+  if (Has({23, 25, 29, 42}, type)) return {Dip8(B(17)), Pattern(W(13)), NoSignal(W(17))};
+  if (type == 19 || type == 27) return {Lock(W(8)), Pattern(W(10)), NoSignal(W(5))};
+  return {Lock(W(12)), Pattern(W(13)), NoSignal(W(17))};
 }
+bool HasSevenModes(int type) { return type == 26 || type == 50; }
 
 Calls ReadsOf(int type) {
   if (type == 26) return {GetBlock(23), GetBlock(22), GetWord(21)};
-  if (ByBlock(type)) return {GetBlock(15), GetBlock(21), GetBlock(22)};
-  return {GetWord(12), GetWord(13), GetWord(17)};
+  Calls calls;
+  for (const Setting& setting : SettingsOf(type)) {
+    calls.push_back(setting.at.isWord ? GetWord(setting.at.number) : GetBlock(setting.at.number));
+  }
+  return calls;
 }
 
-// What Apply sends of the three; `extra` is the byte that 26 keeps beside its DIP 8 mode.
+// What Apply sends of the three, the DIP 8 mode last; `extra` is the byte that 26 keeps beside it.
 Calls WritesOf(int type, const std::vector<int>& v, int extra) {
   if (type == 26) return {SetWord(21, v[1]), SetBlock(22, {v[2]}), SetBlock(23, {v[0], extra})};
-  if (ByBlock(type)) return {SetBlock(21, {v[1]}), SetBlock(22, {v[2]}), SetBlock(15, {v[0]})};
-  return {SetWord(12, v[0]), SetWord(13, v[1]), SetWord(17, v[2])};
+  const std::vector<Setting> settings = SettingsOf(type);
+  Calls calls;
+  std::string last;
+  for (std::size_t i = 0; i < settings.size(); ++i) {
+    const Place& at = settings[i].at;
+    const std::string call = at.isWord ? SetWord(at.number, v[i]) : SetBlock(at.number, {v[i]});
+    if (settings[i].group.next == kDip8.next) {
+      last = call;
+    } else {
+      calls.push_back(call);
+    }
+  }
+  if (!last.empty()) calls.push_back(last);
+  return calls;
 }
 
 constexpr int kExtra = 0x5A;
@@ -71,19 +103,15 @@ constexpr int kExtra = 0x5A;
 class SettingModels : public ModelWalk {
  protected:
   void Report(int type, const std::vector<int>& v) {
-    const auto byte = [](int value) { return static_cast<std::uint8_t>(value); };
-    if (type == 26) {
-      ModelWalk::Report(23, {byte(v[0]), kExtra});
-      ReportWord(21, v[1]);
-      ModelWalk::Report(22, {byte(v[2]), 0x77});
-    } else if (ByBlock(type)) {
-      ModelWalk::Report(15, {byte(v[0]), 0x77});
-      ModelWalk::Report(21, {byte(v[1]), 0x77});
-      ModelWalk::Report(22, {byte(v[2]), 0x77});
-    } else {
-      ReportWord(12, v[0]);
-      ReportWord(13, v[1]);
-      ReportWord(17, v[2]);
+    const std::vector<Setting> settings = SettingsOf(type);
+    for (std::size_t i = 0; i < settings.size(); ++i) {
+      const Place& at = settings[i].at;
+      const std::uint8_t second = type == 26 && i == 0 ? kExtra : 0x77;
+      if (at.isWord) {
+        ReportWord(at.number, v[i]);
+      } else {
+        ModelWalk::Report(at.number, {static_cast<std::uint8_t>(v[i]), second});
+      }
     }
   }
   void OpenAs(const Identity& identity, std::uint32_t firmware = 0x0126) {
@@ -164,12 +192,12 @@ TEST_F(SettingModels, EveryValueIsShownSentAndSteppedFrom) {
         ASSERT_FALSE(desk.IsOpen(res::kCaution));
         ASSERT_EQ(CallsOnPage(kPage, setting.group.next), Calls{});
         values[i] = value + 1 > setting.last ? 0 : value + 1;
-        // 26 is offered the first and the last mode alone.
-        const bool isDip8Of26 = type == 26 && i == 0;
-        if (isDip8Of26) values[i] = value < 6 ? 6 : 0;
+        // Of seven modes the first and the last alone are offered, and 26 warns of a change.
+        const bool isSeven = HasSevenModes(type) && i == 0;
+        if (isSeven) values[i] = value < 6 ? 6 : 0;
         ASSERT_NO_FATAL_FAILURE(expect());
-        ASSERT_EQ(desk.IsOpen(res::kCaution), isDip8Of26);
-        if (isDip8Of26) desk.RequestClose(res::kCaution);
+        ASSERT_EQ(desk.IsOpen(res::kCaution), isSeven && type == 26);
+        if (isSeven && type == 26) desk.RequestClose(res::kCaution);
       }
     }
   }
@@ -182,18 +210,19 @@ TEST_F(SettingModels, EverySettingStepsOnEveryType) {
     device.FailEverything();
     Press(kSettingButton);
     TakeCalls();
-    const Setting settings[] = {{kLock, kLocks, 1},
-                                {kOsd, kOsds, 1},
-                                {kPattern, kPatterns, 13},
-                                {kNoSignal, kNoSignals, 2},
-                                {kDip8, kDip8Of, 4}};
-    for (const Setting& setting : settings) {
-      if (type == 26 && setting.group.next == kDip8.next) continue;
+    for (const Setting& setting : {Lock(W(0)), Osd(W(0)), Pattern(W(0)), NoSignal(W(0))}) {
       for (int i = 1; i <= 2 * setting.last + 2; ++i) {
         desk.Press(kPage, setting.group.next);
         ASSERT_EQ(TextOf(setting.group), setting.names.at(i % (setting.last + 1)))
             << type << " " << setting.group.next;
       }
+    }
+    const bool hasDip8 = SettingsOf(type).front().group.next == kDip8.next;
+    for (int i = 1; i <= 10; ++i) {
+      desk.Press(kPage, kDip8.next);
+      std::string expected = "FULL SCREEN";  // a type without modes keeps the first text
+      if (hasDip8) expected = HasSevenModes(type) ? kDip8Of26.at(i % 2 * 6) : kDip8Of.at(i % 5);
+      ASSERT_EQ(TextOf(kDip8), expected) << type;
     }
     ASSERT_EQ(TakeCalls(), Calls{});
     device.FailNothing();
@@ -202,7 +231,7 @@ TEST_F(SettingModels, EverySettingStepsOnEveryType) {
 
 // Filled and answered with something else than success, each read on its own.
 TEST_F(SettingModels, OneFailedReadKeepsItsValueAlone) {
-  for (const int type : {26, 46, 14, 50, 20, 24, 0}) {
+  for (const int type : {26, 46, 14, 50, 20, 24, 13, 23, 19, 0}) {
     const Calls reads = ReadsOf(type);
     // Which of the three each read is for: 26 reads the last two the other way round.
     const std::vector<std::size_t> order =

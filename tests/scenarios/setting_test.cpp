@@ -354,7 +354,7 @@ TEST_F(Setting, FailedReadsOfOtherModelsKeepTheTexts) {
 
 // A front panel that is locked is not unlocked because a read failed.
 TEST_F(Setting, FailedReadOfTheLockKeepsIt) {
-  Open(0x0126, {20, 0, 0, 0, 0});
+  Open(0x0126, {18, 0, 0, 0, 0});
   box.Word(12) = {1, 0};
   Press(kPictureButton);
   EXPECT_EQ(desk.Text(kPage, 1038), "Locked");
@@ -373,11 +373,11 @@ TEST_F(Setting, OtherModelsReadAndWriteTheirOptions) {
             (Calls{"set block 21,0,1: 01", "set block 22,0,1: 01", "set block 15,0,1: 00"}));
   EXPECT_FALSE(desk.IsOpen(res::kCaution));
   panel.reset();
-  Open(0x0126, {20, 0, 0, 0, 0});
-  EXPECT_EQ(TakeCalls(), (Calls{"get word 0,12", "get word 0,13", "get word 0,17"}));
+  Open(0x0126, {18, 0, 0, 0, 0});
+  EXPECT_EQ(TakeCalls(), (Calls{"get block 17,0,2", "get word 0,12", "get word 0,13"}));
   desk.Press(kPage, 1039);
   EXPECT_EQ(CallsOf(kApplyButton),
-            (Calls{"set word 0,12 = 1", "set word 0,13 = 0", "set word 0,17 = 0"}));
+            (Calls{"set word 0,12 = 1", "set word 0,13 = 0", "set block 17,0,1: 00"}));
 }
 
 }  // namespace

@@ -302,7 +302,7 @@ TEST_F(TvWall, DefaultAndPageUpAreOfOtherPages) {
   Press(kPageUpButton);
   EXPECT_EQ(TakeCalls(), Calls{});
   Press(kDefaultButton);
-  EXPECT_EQ(TakeCalls(), (Calls{"set word 0,4 = 0", "get proc amp 0,2", "get proc amp 0,3",
+  EXPECT_EQ(TakeCalls(), (Calls{"set block 16,0,1: 00", "get proc amp 0,2", "get proc amp 0,3",
                                 "get proc amp 0,4", "get proc amp 0,5"}));
   EXPECT_EQ(panel->Panel().tickSkip, 2);
 }

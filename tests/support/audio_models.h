@@ -38,11 +38,16 @@ struct Column {
   const char* partsOfBrand2;
 };
 inline const Column kColumns[] = {
-    {{26, 50}, "mst", "mst"},  {{29}, "csmv", "csb"},
-    {{25}, "smv", "sb"},       {{18, 32}, "csm", "csm"},
-    {{24, 34}, "xsmv", "xsb"}, {{14}, "xis", "xis"},
-    {{36}, "xsm", "xsm"},      {{46, 47, 48, 49, 52}, "svh", "svh"},
+    {{26, 50}, "mst", "mst"},
+    {{29}, "csmv", "csb"},
+    {{25}, "smv", "sb"},
+    {{18, 32}, "csm", "csm"},
+    {{24, 34}, "xsmv", "xsb"},
+    {{14}, "xis", "xis"},
+    {{36}, "xsm", "xsm"},
+    {{46, 47, 48, 49, 52}, "svh", "svh"},
     {{51}, "s", "s"},
+    {{13, 15, 17, 20, 21, 23, 30, 33, 35, 37, 38, 39, 40, 42, 43}, "sm", "sm"},
 };
 
 inline std::string PartsOf(const Identity& box) {
@@ -51,13 +56,55 @@ inline std::string PartsOf(const Identity& box) {
       return box.brandCode == 2 ? column.partsOfBrand2 : column.parts;
     }
   }
-  return "sm";
+  return "m";
 }
 inline bool HasPart(const Identity& box, char part) {
   return PartsOf(box).find(part) != std::string::npos;
 }
 inline bool TakesWords(int type) { return type == 26 || type == 50; }
-inline int SourceBlock(int type) { return type == 14 || type == 36 ? 9 : 10; }
+
+// Where a value is kept: word item or block property; -1 = nowhere.
+struct Place {
+  bool isWord;
+  int number;
+
+  std::string Get() const { return isWord ? GetWord(number) : GetBlock(number); }
+  std::string Set(int value) const {
+    return isWord ? SetWord(number, value) : SetBlock(number, {value});
+  }
+};
+inline constexpr Place W(int item) { return {true, item}; }
+inline constexpr Place B(int property) { return {false, property}; }
+inline constexpr Place kNowhere = {false, -1};
+
+inline Place MuteOf(int type) {
+  if (Has({26, 50, 13, 15, 18, 32, 23, 42}, type)) return W(11);
+  if (Has({17, 35}, type)) return W(17);
+  if (Has({20, 33, 30, 43}, type)) return W(5);
+  if (Has({24, 34}, type)) return W(7);
+  if (type == 36) return W(3);
+  if (type == 21) return W(24);
+  return type == 51 ? kNowhere : B(6);
+}
+inline Place SourceOf(int type) {
+  if (Has({26, 50, 20, 33}, type)) return W(6);
+  if (Has({18, 32}, type)) return W(7);
+  if (Has({13, 15, 23, 42}, type)) return W(16);
+  if (Has({17, 35}, type)) return B(3);
+  if (Has({14, 36}, type)) return B(9);
+  if (type == 21) return B(38);
+  return B(10);
+}
+// Type 21 is told elsewhere.
+inline Place ToldMuteOf(int type) { return type == 21 ? B(1) : MuteOf(type); }
+inline Place ToldSourceOf(int type) { return type == 21 ? B(4) : SourceOf(type); }
+// The video input on which the sources hang.
+inline Place InputOf(int type) {
+  if (TakesWords(type)) return W(4);
+  return type == 24 || type == 34 ? B(3) : kNowhere;
+}
+// These tell first whether they have a source and a volume.
+inline bool TellsWhatItHas(int type) { return Has({37, 38, 52}, type); }
 
 enum class Volume { kNone, kAttenuation, kInput, kOutput };
 inline Volume VolumeOf(int type) {
@@ -146,14 +193,14 @@ inline const SourceList kSources[] = {
     // Of another input the scalers have no default, which is index 0.
     {{24, 34}, -1, {{nullptr}, {"L/R Audio"}, {"XLR Audio"}}},
     {{25, 29}, -1, {{"Default"}, {"L/R Audio"}, {"Embedded Audio"}}},
-    {{46, 47, 48, 49, 52}, -1, {{"Embedded Audio"}, {"L/R Audio"}, {"Mix Audio"}}},
+    {{37, 38, 39, 40, 46, 47, 48, 49, 52}, -1, {{"Embedded Audio"}, {"L/R Audio"}, {"Mix Audio"}}},
     {{14, 36}, -1, {{"Internal"}, {"XLR Audio"}, {"AES-3"}}},
     {{13, 15}, -1, {{"Channel 1"}, {"Channel 2"}, {"Channel 3"}, {"Channel 4"}}},
     {{51}, -1, {{"Line In 1"}, {"Line In 2"}, {"Line In 3"}, {"Line In 4"}}},
     {{23, 42}, -1, {{"Internal( HDMI )"}, {"SPDIF"}, {"MicroPhone"}}},
     {{30, 43}, -1, {{"Embedded( SDI )"}, {"Analog L/R Audio"}, {"Mix ( SDI + L/R )"}}},
     {{20, 33}, -1, {{"L(Aud) + R( Dig )"}, {"R(Aud) + L( Dig )"}}},
-    {{17, 35}, -1, {{"SDI"}, {"HDMI"}}},
+    {{17, 21, 35}, -1, {{"SDI"}, {"HDMI"}}},
     {{18, 32}, -1, {{"Nono"}, {"LAnalog L/R Audio"}, {"L/R Ear Phone"}}},
 };
 
@@ -194,26 +241,26 @@ class AudioModels : public ModelWalk {
     TakeCalls();
   }
   void Hold(const Identity& identity, const Held& held) {
-    const auto report = [&](int property, int value) {
-      Report(property, {static_cast<std::uint8_t>(value), 0x77});
+    const auto report = [&](const Place& place, int value) {
+      if (place.number < 0) return;
+      if (place.isWord) {
+        ReportWord(place.number, value);
+      } else {
+        Report(place.number, {static_cast<std::uint8_t>(value), 0x77});
+      }
     };
-    if (TakesWords(identity.boxType)) {
-      ReportWord(11, held.mute);
-      ReportWord(4, held.input);
-      ReportWord(6, held.source);
-      ReportWord(16, held.standard);
-      return;
-    }
-    report(6, held.mute);
-    report(3, held.input);
-    report(SourceBlock(identity.boxType), held.source);
-    report(7, held.xlrLevel);
-    report(32, held.option32);
+    const int type = identity.boxType;
+    report(MuteOf(type), held.mute);
+    report(InputOf(type), held.input);
+    if (HasPart(identity, 's')) report(SourceOf(type), held.source);
+    if (HasPart(identity, 't')) report(W(16), held.standard);
+    if (HasPart(identity, 'x')) report(B(7), held.xlrLevel);
+    if (HasPart(identity, 'i') || HasPart(identity, 'c')) report(B(32), held.option32);
     const Bytes volumes = {static_cast<std::uint8_t>(held.volume),
                            static_cast<std::uint8_t>(held.volume2), 0x77};
     if (VolumeOf(identity.boxType) == Volume::kAttenuation) Report(11, volumes);
     if (VolumeOf(identity.boxType) == Volume::kInput) Report(19, volumes);
-    if (VolumeOf(identity.boxType) == Volume::kOutput) report(44, held.level);
+    if (VolumeOf(identity.boxType) == Volume::kOutput) report(B(44), held.level);
   }
   // The box holds this and the page has read it.
   void Read(const Identity& identity, const Held& held) {
@@ -222,11 +269,15 @@ class AudioModels : public ModelWalk {
     TakeCalls();
   }
   static Calls Reads(const Identity& box) {
-    if (TakesWords(box.boxType)) return {GetWord(11), GetWord(4), GetWord(6), GetWord(16)};
+    const int type = box.boxType;
     Calls calls;
-    if (box.boxType != 51) calls.push_back(GetBlock(6));
-    calls.push_back(GetBlock(3));
-    calls.push_back(GetBlock(SourceBlock(box.boxType)));
+    if (TellsWhatItHas(type)) calls.push_back(GetBlock(38));
+    if (MuteOf(type).number >= 0) calls.push_back(MuteOf(type).Get());
+    if (HasPart(box, 's')) {
+      if (InputOf(type).number >= 0) calls.push_back(InputOf(type).Get());
+      calls.push_back(SourceOf(type).Get());
+    }
+    if (HasPart(box, 't')) calls.push_back(GetWord(16));
     if (HasPart(box, 'x')) calls.push_back(GetBlock(7));
     if (HasPart(box, 'i') || HasPart(box, 'c')) calls.push_back(GetBlock(32));
     const Volume volume = VolumeOf(box.boxType);
@@ -237,15 +288,11 @@ class AudioModels : public ModelWalk {
   }
   static Calls Writes(const Identity& box, const Held& held) {
     Calls calls;
-    const std::optional<SourceRow> row = SourceOf(box.boxType, held.input, held.source);
-    if (TakesWords(box.boxType)) {
-      if (row) calls.push_back(SetWord(6, row->code));
-      calls.push_back(SetWord(11, held.mute));
-      calls.push_back(SetWord(16, held.standard));
-      return calls;
-    }
-    if (row) calls.push_back(SetBlock(SourceBlock(box.boxType), {row->code}));
-    if (HasPart(box, 'm')) calls.push_back(SetBlock(6, {held.mute}));
+    const int type = box.boxType;
+    const std::optional<SourceRow> row = SourceOf(type, held.input, held.source);
+    if (row && HasPart(box, 's')) calls.push_back(ToldSourceOf(type).Set(row->code));
+    if (HasPart(box, 'm')) calls.push_back(ToldMuteOf(type).Set(held.mute));
+    if (HasPart(box, 't')) calls.push_back(SetWord(16, held.standard));
     if (HasPart(box, 'x')) calls.push_back(SetBlock(7, {held.xlrLevel}));
     // A channel that has no name is not sent back.
     const bool named = held.option32 >= 2 && held.option32 <= 8 && held.option32 / 2 != 2;

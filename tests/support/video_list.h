@@ -175,7 +175,7 @@ inline Setting AspectOf(const Identity& box, std::uint32_t firmware) {
   const int type = box.boxType;
   Setting aspect = {kAspect, 15, AspectsOf(type), true, LastAspect(box, firmware)};
   if (Has({14, 36, 37, 38, 39, 40, 46, 47, 48, 49, 51}, type)) aspect.address = 20;
-  if (Has({26, 30, 43}, type)) aspect.address = 7;
+  if (Has({21, 26, 30, 43}, type)) aspect.address = 7;
   if (Has({24, 34}, type) && box.brandCode != 2) aspect.address = 11;
   aspect.isWord = aspect.address == 7 || aspect.address == 11;
   return aspect;
@@ -189,6 +189,10 @@ inline Settings FirstSubPage(const Identity& box, std::uint32_t firmware) {
     settings.push_back({kInput, 3, InputsOf(type), false, LastInput(type)});
   const bool locks = Has({39, 40, 46, 47, 48, 49, 50}, type);
   settings.push_back({kFormat, locks ? 5 : 4, kFormats, false, 19, 1});
+  if (type == 21) {
+    settings.back().address = 2;
+    settings.back().isWord = true;
+  }
   if (Has({25, 29}, type)) {
     settings.push_back({kOutputSource, 5, {{0, "VGA + HDMI", 0}}, false, 0});
   }

@@ -1,5 +1,5 @@
 // The level texts for every raw value, against decibels counted in another way.
-#include "pages/audio/audio_levels.h"
+#include "catalogue/audio_levels.h"
 
 #include <gtest/gtest.h>
 

@@ -22,8 +22,14 @@ int StoredAt(const std::vector<Default>& defaults, const Address& at) {
   return stored;
 }
 
+std::uint8_t Byte(int value) { return static_cast<std::uint8_t>(value); }
+
+std::vector<Identity> Variants(std::uint8_t boxType) {
+  return {{boxType, 0, 0, 0, 0}, {boxType, 2, 0, 0, 0}, {boxType, 0, 0, 1, 1}};
+}
+
 const Choice* Named(const OptionGroup& group, const Kept& kept, std::uint8_t boxType, int value) {
-  const auto byte = static_cast<std::uint8_t>(value);
+  const auto byte = Byte(value);
   const Choices choices = group.options[kept.option].choices;
   return kept.reads == Reads::kIndex ? FindIndex(choices, boxType, byte)
                                      : FindValue(choices, boxType, byte);
@@ -35,7 +41,7 @@ TEST(Defaults, EveryOptionOfEveryTypeIsStored) {
     const std::vector<Default> defaults = DefaultsOf({boxType, 0, 0, 0, 0}, kNewest);
     for (const OptionGroup* group : {&video::Options(), &setting::Options(), &audio::Options()}) {
       for (const Kept& kept : group->kept) {
-        if (!kept.types.Has(boxType)) continue;
+        if (!kept.types.Has(boxType) || kept.access == Access::kWriteOnly) continue;
         const int stored = StoredAt(defaults, kept.at);
         ASSERT_GE(stored, 0) << type << ": " << group->options[kept.option].name;
       }
@@ -43,17 +49,26 @@ TEST(Defaults, EveryOptionOfEveryTypeIsStored) {
   }
 }
 
-TEST(Defaults, EveryOptionOfTheShippedTypeHasAName) {
-  const std::vector<Default> defaults = DefaultsOf({26, 0, 0, 0, 0}, kNewest);
-  for (const OptionGroup* group : {&video::Options(), &setting::Options()}) {
-    for (const Kept& kept : group->kept) {
-      if (!kept.types.Has(26)) continue;
-      const Choice* choice = Named(*group, kept, 26, StoredAt(defaults, kept.at));
-      EXPECT_NE(choice, nullptr) << group->options[kept.option].name;
+// Also where brand and DIP switches say what a type has.
+TEST(Defaults, EveryOptionOfEveryTypeHasAName) {
+  for (int type = 0; type < kNoBoxType; ++type) {
+    for (const Identity& box : Variants(static_cast<std::uint8_t>(type))) {
+      const std::vector<Default> defaults = DefaultsOf(box, kNewest);
+      const int input = StoredAt(defaults, audio::InputOf(box.boxType));
+      for (const OptionGroup* group : {&video::Options(), &setting::Options(), &audio::Options()}) {
+        for (const Kept& kept : group->kept) {
+          if (!kept.Serves(box, kNewest) || kept.access == Access::kWriteOnly) continue;
+          const int stored = StoredAt(defaults, kept.at);
+          const bool isSource = group == &audio::Options() && kept.option == audio::kSource;
+          const Choice* choice = isSource
+                                     ? audio::FindSource(box.boxType, Byte(input), Byte(stored))
+                                     : Named(*group, kept, box.boxType, stored);
+          EXPECT_NE(choice, nullptr)
+              << type << ": " << group->options[kept.option].name << " " << stored;
+        }
+      }
     }
   }
-  EXPECT_NE(audio::FindSource(26, 1, static_cast<std::uint8_t>(StoredAt(defaults, Word(6)))),
-            nullptr);
 }
 
 TEST(Defaults, NoBoxHasNone) { EXPECT_TRUE(DefaultsOf({}, kNewest).empty()); }
