@@ -20,7 +20,7 @@ VideoFormat DecodeFormat(BlockBytes bytes, ByteOrder order) {
           bytes[6]};
 }
 
-std::array<std::uint8_t, 7> EncodeFormat(const VideoFormat& format, ByteOrder order) {
+std::array<std::uint8_t, kFormatBytes> EncodeFormat(const VideoFormat& format, ByteOrder order) {
   const Bytes2 width = Split(order, format.width);
   const Bytes2 height = Split(order, format.height);
   return {width[0], width[1], height[0], height[1], format.rate, format.hundredths, format.scan};

@@ -55,8 +55,9 @@ struct VideoFormat {
 
   bool operator==(const VideoFormat&) const = default;
 };
+constexpr std::size_t kFormatBytes = 7;
 VideoFormat DecodeFormat(BlockBytes bytes, ByteOrder order);
-std::array<std::uint8_t, 7> EncodeFormat(const VideoFormat& format, ByteOrder order);
+std::array<std::uint8_t, kFormatBytes> EncodeFormat(const VideoFormat& format, ByteOrder order);
 
 // What stands instead of the format of an input without a signal.
 inline constexpr char kNoSignalText[] = "-  NO SIGNAL  -";

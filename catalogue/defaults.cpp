@@ -58,10 +58,18 @@ class Collector {
   }
 
   void AddStatus() {
-    const information::FormatSource& source = information::FormatSourceOf(identity.boxType);
-    if (source.kind == information::FormatKind::kCode) Add(source.at, {10});
-    if (source.kind == information::FormatKind::kLittleBlock) {
-      Add(source.at, ToBytes(EncodeFormat(kInput, ByteOrder::kLittle)));
+    for (const information::Told& told : information::Rows()) {
+      const Address at = information::AddressOf(told, identity, firmware);
+      if (told.tells == information::Tells::kFormatCode) Add(at, {10});
+      if (told.tells == information::Tells::kLittleFormat && !Has(at)) {
+        Bytes formats;
+        for (int input = 0; input < told.inputs; ++input) {
+          const Bytes format = ToBytes(EncodeFormat(kInput, ByteOrder::kLittle));
+          formats.insert(formats.end(), format.begin(), format.end());
+        }
+        Add(at, formats);
+      }
+      if (told.row == information::kInputColour) Add(at, {0});
     }
     Bytes label = {1};
     const LabelField text = CentredLabel("CAMERA 1");

@@ -1,17 +1,55 @@
 #include "catalogue/information.h"
 
-#include <iterator>
-
 #include "base/text.h"
+#include "catalogue/audio.h"
+#include "catalogue/multiview.h"
+#include "catalogue/video.h"
 
 namespace panelora::information {
 
 namespace {
 
-constexpr FormatSource kSources[] = {
-    {{26}, FormatKind::kBigBlock, Block(1, 30)},
-    {{14, 36, 51}, FormatKind::kLittleBlock, Block(3, 30)},
-    {kAllTypes, FormatKind::kCode, Word(3)},
+constexpr BoxTypes kFourByCode = {13, 15};
+constexpr BoxTypes kFourSdi = {51};
+constexpr BoxTypes kFourHdmi = {52};
+constexpr BoxTypes kFourByBlock = kFourSdi.With(kFourHdmi);
+constexpr BoxTypes kByBlock = {14, 36};
+constexpr BoxTypes kWithReference = {39, 40, 46, 47, 48, 49, 50};
+
+constexpr Told Video(const BoxTypes& types, Row row, video::Option option, Address at = {}) {
+  return {types, row, Tells::kVideoOption, at, option};
+}
+constexpr Told Audio(const BoxTypes& types, Row row, audio::Option option) {
+  return {types, row, Tells::kAudioOption, {}, option};
+}
+
+constexpr Told kRows[] = {
+    {kShippedType, kInput1, Tells::kBigFormat, Block(1, 30)},
+    {kByBlock, kInput1, Tells::kLittleFormat, Block(3, 30)},
+    {kFourByBlock, kInput1, Tells::kLittleFormat, Block(3, 30), 0, 4},
+    {kOtherTypes.Except(kByBlock).Except(kFourByBlock), kInput1, Tells::kFormatCode, Word(3)},
+    {kFourByCode, kInput2, Tells::kFormatCode, Word(7)},
+    {kFourByCode, kInput3, Tells::kFormatCode, Word(14)},
+    {kFourByCode, kInput4, Tells::kFormatCode, Word(18)},
+
+    Video({23, 24, 25, 27, 29, 34, 42, 48, 49, 50}, kInputSource, video::kInputSource),
+    // Named like the colours of an output.
+    Video({25, 29}, kInputColour, video::kSdiOutputColour, Word(18)),
+    Video(kOtherTypes, kOutputFormat, video::kOutputFormat),
+    Video({23, 37, 38, 39, 40, 42, 46, 47, 50}, kOutputColour, video::kOutputColour),
+    Video({23, 42}, kOutputMode, video::kOutputMode),
+    Video({25, 29}, kOutputSource, video::kOutputSource),
+    Video(kOtherTypes.Except(kFourByCode)
+              .Except(kFourByBlock)
+              .Except(kWithReference)
+              .Except({18, 20, 23, 25, 29, 30, 32, 33, 37, 38, 42, 43}),
+          kAspectRatio, video::kAspectRatio),
+    Audio({17, 18, 20, 30, 32, 33, 35, 37, 38, 39, 40, 43, 46, 47, 48, 49}, kAudioSource,
+          audio::kSource),
+    Audio({14, 18, 20, 21, 32, 33, 36}, kAudioMute, audio::kMute),
+    {{24, 34}, kAnalogLevel, Tells::kOutputLevel},
+    {kWithReference.With({30, 43}), kGenlockFormat, Tells::kReference},
+    Video({30, 43}, kGenlockMode, video::kGenlockMode),
 };
 
 struct FormatNameRow {
@@ -51,19 +89,57 @@ constexpr FormatNameRow kFormatNames[] = {
 constexpr BoxTypes kWithFewFormats = {19};
 constexpr std::uint8_t kFirstMissingCode = 92;
 
-}  // namespace
-
 // Item 8 is the wall size, the function button or the reset of these.
 constexpr BoxTypes kFirmwareIn4 = {17, 18, 19, 20, 21, 27, 30, 32, 33, 43};
 
-Address FirmwareOf(std::uint8_t boxType) {
-  if (kShippedType.Has(boxType)) return Word(5);
-  return Word(kFirmwareIn4.Has(boxType) ? 4 : 8);
+const OptionGroup& GroupOf(const Told& told) {
+  return told.tells == Tells::kVideoOption ? video::Options() : audio::Options();
 }
 
-const FormatSource& FormatSourceOf(std::uint8_t boxType) {
-  const FormatSource* row = FirstOf(kSources, boxType);
-  return row != nullptr ? *row : *std::rbegin(kSources);
+// The row by which a box keeps the option; null when it does not.
+const Kept* KeptOf(const Told& told, const Identity& identity, std::uint32_t firmware) {
+  for (const Kept& kept : GroupOf(told).kept) {
+    const bool isTold = kept.option == told.option && kept.access != Access::kWriteOnly;
+    if (isTold && kept.Serves(identity, firmware)) return &kept;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+std::span<const Told> Rows() { return kRows; }
+
+Address AddressOf(const Told& told, const Identity& identity, std::uint32_t firmware) {
+  if (!told.types.Has(identity.boxType)) return {};
+  if (told.at.kind != Address::Kind::kNone) return told.at;
+  if (told.tells == Tells::kReference) return genlock::Find(identity.boxType)->reference;
+  if (told.tells == Tells::kOutputLevel) return audio::VolumesOf(identity.boxType).at;
+  const Kept* kept = KeptOf(told, identity, firmware);
+  return kept != nullptr ? kept->at : Address{};
+}
+
+const char* OptionName(const Told& told, const Identity& identity, std::uint32_t firmware,
+                       std::uint8_t value) {
+  const std::uint8_t type = identity.boxType;
+  const Kept* kept = KeptOf(told, identity, firmware);
+  const bool byIndex = kept != nullptr && kept->reads == Reads::kIndex;
+  const Choices choices = GroupOf(told).options[told.option].choices;
+  const Choice* choice =
+      byIndex ? FindIndex(choices, type, value) : FindValue(choices, type, value);
+  if (told.tells == Tells::kAudioOption && told.option == audio::kSource) {
+    choice = audio::FindSource(type, audio::kNoInput, value);
+  }
+  return choice != nullptr ? choice->text : nullptr;
+}
+
+const char* InputCaption(std::uint8_t boxType, Row row) {
+  static constexpr const char* kSdi[] = {"SDI CH 1 :", "SDI CH 2 :", "SDI CH 3 :", "SDI CH 4 :"};
+  static constexpr const char* kHdmi[] = {
+      "HDMI CH 1 :", "HDMI CH 2 :", "HDMI CH 3 :", "HDMI CH 4 :"};
+  if (row > kInput4) return nullptr;
+  if (kFourSdi.Has(boxType)) return kSdi[row];
+  if (kFourHdmi.Has(boxType)) return kHdmi[row];
+  return kFourByCode.Has(boxType) && row == kInput1 ? "Input Format 1 :" : nullptr;
 }
 
 std::string InputFormatName(std::uint8_t boxType, std::uint8_t code, bool divided) {
@@ -72,6 +148,11 @@ std::string InputFormatName(std::uint8_t boxType, std::uint8_t code, bool divide
     if (row.code == code) return divided ? row.dividedName : row.name;
   }
   return kNoSignalText;
+}
+
+Address FirmwareOf(std::uint8_t boxType) {
+  if (kShippedType.Has(boxType)) return Word(5);
+  return Word(kFirmwareIn4.Has(boxType) ? 4 : 8);
 }
 
 std::string FirmwareText(std::uint32_t version) {

@@ -1,7 +1,7 @@
 // What the Information page is told, by model.
 //
-// Models: 26 is complete. Which source of the input format belongs to which of the others is
-// chosen.
+// Models: 26 is complete. Of the others the rows, their texts and the properties that the page asks
+// for are known; which model shows which of them, and from which property, is chosen.
 #pragma once
 
 #include "catalogue/codecs.h"
@@ -12,15 +12,59 @@ namespace panelora::information {
 // Whose number is read: two words, see DecodeFirmware.
 Address FirmwareOf(std::uint8_t boxType);
 
-// The input format as a block, in an order by model; or as a code.
-enum class FormatKind : std::uint8_t { kBigBlock, kLittleBlock, kCode };
-struct FormatSource {
-  BoxTypes types;
-  FormatKind kind;
-  Address at;
+// The rows of the page, each a caption and a value; the firmware version stands below them.
+enum Row : std::uint8_t {
+  kInput1,
+  kInput2,
+  kInput3,
+  kInput4,
+  kInputSource,
+  kInputColour,
+  kOutputFormat,
+  kOutputColour,
+  kOutputMode,
+  kOutputSource,
+  kAspectRatio,
+  kAudioSource,
+  kAudioMute,
+  kAnalogLevel,
+  kGenlockFormat,
+  kGenlockMode,
+  kRowCount,
 };
-// Of any type but no box.
-const FormatSource& FormatSourceOf(std::uint8_t boxType);
+
+// What is read for a row.
+enum class Tells : std::uint8_t {
+  kBigFormat,     // a format block, big-endian
+  kLittleFormat,  // the same, little-endian; seven bytes for each of `inputs` rows from this one on
+  kFormatCode,    // two words: the code, and whether the rate is 1/1.001 of the nominal one
+  kReference,     // the reference format of Genlock
+  kVideoOption,   // an option of Video settings
+  kAudioOption,   // an option of Audio
+  kOutputLevel,   // the volume of Audio
+};
+
+struct Told {
+  BoxTypes types;
+  Row row;
+  Tells tells;
+  Address at = {};  // none = where the page of the option has it
+  std::uint8_t option = 0;
+  std::uint8_t inputs = 1;
+};
+
+// In the order in which a box is asked, and from top to bottom; five rows at the most.
+std::span<const Told> Rows();
+
+// Where a box tells it; none when it does not.
+Address AddressOf(const Told& told, const Identity& identity, std::uint32_t firmware);
+
+// What an option is called whose byte was read; null when that has no name.
+const char* OptionName(const Told& told, const Identity& identity, std::uint32_t firmware,
+                       std::uint8_t value);
+
+// The caption of an input row where it is not the usual one; null elsewhere.
+const char* InputCaption(std::uint8_t boxType, Row row);
 
 // The name of an input format code; `divided` = the rate is 1/1.001 of the nominal one, which is
 // blank where there is no such format. The no-signal text when the code has no name.
@@ -28,8 +72,5 @@ std::string InputFormatName(std::uint8_t boxType, std::uint8_t code, bool divide
 
 // "0.1.1.2" from 0x0112: four hexadecimal digits, most significant first.
 std::string FirmwareText(std::uint32_t version);
-
-// Models whose first input has a number.
-inline constexpr BoxTypes kNumbersInputs = {13, 15};
 
 }  // namespace panelora::information

@@ -1,5 +1,9 @@
 #include "pages/status/information_dlg.h"
 
+#include <iterator>
+#include <string>
+
+#include "catalogue/audio_levels.h"
 #include "res/dialog_templates.h"
 
 namespace panelora {
@@ -9,73 +13,46 @@ namespace {
 using namespace information;
 
 constexpr int kGroup = 1016;
-constexpr int kFormatCaption = 1003;
-constexpr int kFormatValue = 1007;
 constexpr int kFirmwareCaption = 1013;
 constexpr int kFirmwareValue = 1014;
 constexpr int kWebAddress = 1015;
 
-struct TextRow {
-  int control;
-  const char* text;
+// The two controls of a row, and their first texts.
+struct RowControls {
+  int caption;
+  const char* captionText;
+  int value;
+  const char* firstText;
 };
-
-// The first text of every caption and value.
-constexpr TextRow kTexts[] = {
-    {kGroup, "Information"},
-    {1003, "Input Format    :"},
-    {1007, "1920x1080 60.00p"},
-    {1004, "Input Format 2 :"},
-    {1008, "1920x1080 60.00p"},
-    {1005, "Input Format 3 :"},
-    {1009, "1920x1080 60.00p"},
-    {1006, "Input Format 4 :"},
-    {1010, "1920x1080 60.00p"},
-    {kFirmwareCaption, "F/W Version     :"},
-    {kFirmwareValue, "0.1.0.1"},
-    {1011, "Input Color       :"},
-    {1012, "RGB444"},
-    {1030, "Output Color    :"},
-    {1026, "RGB444"},
-    {1028, "Output Format :"},
-    {1022, "1920x1080 p60.00"},
-    {1029, "Input Source    :"},
-    {1025, "DVI-D (HDMI)"},
-    {1032, "Output Mode    :"},
-    {1031, "AV ( CEA-861)"},
-    {1024, "Aspect Ratio   :"},
-    {1021, "Full Screen"},
-    {1027, "Audio Source  :"},
-    {1019, "L/R Audio"},
-    {1023, "Audio Mute     :"},
-    {1020, "OFF"},
-    {1017, "Control Interface :"},
-    {1018, "DipSwitch"},
-    {1033, "Output Source  :"},
-    {1034, "VGA + HDMI"},
-    {1035, "Analog Audio Output Level :"},
-    {1036, "24dBu"},
-    {1037, "Genlock Format  :"},
-    {1038, "1920x1080 60.00p"},
-    {1039, "Genlock Mode  :"},
-    {1079, "Free Run"},
+constexpr RowControls kControls[] = {
+    {1003, "Input Format    :", 1007, "1920x1080 60.00p"},
+    {1004, "Input Format 2 :", 1008, "1920x1080 60.00p"},
+    {1005, "Input Format 3 :", 1009, "1920x1080 60.00p"},
+    {1006, "Input Format 4 :", 1010, "1920x1080 60.00p"},
+    {1029, "Input Source    :", 1025, "DVI-D (HDMI)"},
+    {1011, "Input Color       :", 1012, "RGB444"},
+    {1028, "Output Format :", 1022, "1920x1080 p60.00"},
+    {1030, "Output Color    :", 1026, "RGB444"},
+    {1032, "Output Mode    :", 1031, "AV ( CEA-861)"},
+    {1033, "Output Source  :", 1034, "VGA + HDMI"},
+    {1024, "Aspect Ratio   :", 1021, "Full Screen"},
+    {1027, "Audio Source  :", 1019, "L/R Audio"},
+    {1023, "Audio Mute     :", 1020, "OFF"},
+    {1035, "Analog Audio Output Level :", 1036, "24dBu"},
+    {1037, "Genlock Format  :", 1038, "1920x1080 60.00p"},
+    {1039, "Genlock Mode  :", 1079, "Free Run"},
 };
+static_assert(std::size(kControls) == kRowCount);
 
-struct PlaceRow {
-  int control;
-  ui::Rect rect;
-};
+// Which way a box is controlled: no model is known to tell.
+constexpr RowControls kControlInterface = {1017, "Control Interface :", 1018, "DipSwitch"};
 
-constexpr PlaceRow kPlaces[] = {
-    {kGroup, {55, 20, 390, 260}}, {1003, {80, 60, 110, 20}},  {1007, {200, 60, 150, 20}},
-    {1004, {80, 90, 110, 20}},    {1008, {200, 90, 150, 20}}, {1005, {80, 120, 110, 20}},
-    {1009, {200, 120, 150, 20}},  {1006, {80, 150, 110, 20}}, {1010, {200, 150, 150, 20}},
-};
-
-// Rows of boxes with more inputs or more to tell: input rows 2 to 4, input colour, and the rest.
-constexpr int kHiddenRows[] = {1004, 1008, 1005, 1009, 1006, 1010, 1011, 1012, 1030, 1026, 1028,
-                               1022, 1029, 1025, 1032, 1031, 1024, 1021, 1027, 1019, 1023, 1020,
-                               1017, 1018, 1033, 1034, 1035, 1036, 1037, 1038, 1039, 1079};
+constexpr int kInputs = 4;
+constexpr int kTop = 60;
+constexpr int kApart = 30;
+constexpr int kCaptionLeft = 80;
+constexpr int kValueLeft = 200;
+constexpr int kWideValueLeft = 290;  // beside the longest caption
 
 // Closes the list: the maker's own.
 constexpr std::uint8_t kAnyBrand = 255;
@@ -107,23 +84,52 @@ const char* CInformationDlg::WebAddress(std::uint8_t brandCode) {
 
 void CInformationDlg::Init() {
   TakeHandle();
-  for (const TextRow& row : kTexts) {
-    Window().SetFont(row.control, ui::kCaptionFont);
-    Window().SetText(row.control, row.text);
-  }
+  const auto setUp = [&](int control, const char* text) {
+    Window().SetFont(control, ui::kCaptionFont);
+    Window().SetText(control, text);
+  };
+  const auto setUpRow = [&](const RowControls& row) {
+    setUp(row.caption, row.captionText);
+    setUp(row.value, row.firstText);
+    Window().ShowControl(row.caption, false);
+    Window().ShowControl(row.value, false);
+  };
+  setUp(kGroup, "Information");
+  Window().PlaceControl(kGroup, {55, 20, 390, 260});
+  setUp(kFirmwareCaption, "F/W Version     :");
+  setUp(kFirmwareValue, "0.1.0.1");
   Window().SetFont(kWebAddress, ui::kCaptionFont);
-  for (const PlaceRow& row : kPlaces) Window().PlaceControl(row.control, row.rect);
-  for (const int control : kHiddenRows) Window().ShowControl(control, false);
+  for (const RowControls& row : kControls) setUpRow(row);
+  setUpRow(kControlInterface);
+  for (int input = 0; input < kInputs; ++input) PlaceRow(input, kTop + input * kApart);
   LayOut();
 }
 
+void CInformationDlg::PlaceRow(int row, int top) {
+  const bool isWide = row == kAnalogLevel;
+  Window().PlaceControl(kControls[row].caption, {kCaptionLeft, top, isWide ? 200 : 110, 20});
+  Window().PlaceControl(kControls[row].value, {isWide ? kWideValueLeft : kValueLeft, top, 150, 20});
+}
+
+// One row below the other, the firmware version last.
 void CInformationDlg::LayOut() {
-  if (information::kNumbersInputs.Has(panel.identity.boxType)) {
-    Window().SetText(kFormatCaption, "Input Format 1 :");
+  int top = kTop;
+  const auto place = [&](int row) {
+    const RowControls& controls = kControls[row];
+    PlaceRow(row, top);
+    Window().ShowControl(controls.caption, true);
+    Window().ShowControl(controls.value, true);
+    const char* caption = InputCaption(panel.identity.boxType, static_cast<Row>(row));
+    if (caption != nullptr) Window().SetText(controls.caption, caption);
+    top += kApart;
+  };
+  for (const Told& told : Rows()) {
+    if (AddressOf(told).kind == Address::Kind::kNone) continue;
+    for (int input = 0; input < told.inputs; ++input) place(told.row + input);
   }
-  // The firmware row takes the place of input row 2.
-  Window().PlaceControl(kFirmwareCaption, {80, 90, 110, 30});
-  Window().PlaceControl(kFirmwareValue, {200, 90, 150, 30});
+  if (top == kTop) place(kInput1);  // without a box
+  Window().PlaceControl(kFirmwareCaption, {kCaptionLeft, top, 110, 30});
+  Window().PlaceControl(kFirmwareValue, {kValueLeft, top, 150, 30});
   ShowWebAddress();
 }
 
@@ -140,30 +146,65 @@ void CInformationDlg::ShowWebAddress() {
 void CInformationDlg::Refresh(ui::SerialHandle serial) {
   serialHandle = serial;
   const bool present = panel.identity.boxType != kNoBoxType;  // no model, nothing to ask for
-  if (present) RefreshInputFormat();
+  if (present) {
+    for (const Told& told : Rows()) RefreshRow(told);
+  }
   if (present) ReadFirmware();
   panel.firmwareVersion = firmwareVersion;  // on every refresh, whether or not the read succeeded
   Window().SetText(kFirmwareValue, FirmwareText(firmwareVersion));
 }
 
-void CInformationDlg::RefreshInputFormat() {
-  const FormatSource& source = FormatSourceOf(panel.identity.boxType);
-  if (source.kind == FormatKind::kCode) {
-    WordBuffer words{};
-    if (!Read(source.at, words)) return;
-    const auto code = static_cast<std::uint8_t>(words[0] & 0xFF);
-    Window().SetText(kFormatValue, InputFormatName(panel.identity.boxType, code, words[1] == 1));
+void CInformationDlg::ShowValue(int row, const std::string& text) {
+  Window().SetText(kControls[row].value, text);
+}
+
+void CInformationDlg::RefreshRow(const Told& told) {
+  const Address at = AddressOf(told);
+  if (at.kind == Address::Kind::kNone) return;
+  switch (told.tells) {
+    case Tells::kBigFormat:
+    case Tells::kLittleFormat:
+    case Tells::kReference:
+      RefreshFormats(told, at);
+      return;
+    case Tells::kFormatCode:
+      RefreshFormatCode(told, at);
+      return;
+    case Tells::kVideoOption:
+    case Tells::kAudioOption:
+    case Tells::kOutputLevel:
+      break;
+  }
+  std::uint8_t value = 0;
+  if (!Read(at, value)) return;
+  if (told.tells == Tells::kOutputLevel) {
+    ShowValue(told.row, OutputLevelTexts(value).shortLabel.substr(1) + "dBu");  // no blank
     return;
   }
-  // The result of the read from model 26 is not tested: after a failure the buffer's earlier
-  // contents are shown.
-  const bool isBig = source.kind == FormatKind::kBigBlock;
-  if (!Read(source.at, inputFormat) && !isBig) return;
-  const VideoFormat format =
-      DecodeFormat(inputFormat, isBig ? ByteOrder::kBig : ByteOrder::kLittle);
-  const char* little = format.scan == 1 ? "p" : format.scan == 2 ? "s" : "i";
-  const char* big = format.scan != 0 ? "i" : "p";
-  Window().SetText(kFormatValue, TextOf(format, isBig ? big : little));
+  const char* name = OptionName(told, panel.identity, panel.firmwareVersion, value);
+  if (name != nullptr) ShowValue(told.row, name);
+}
+
+// The result of the read from model 26 is not tested: after a failure the buffer's earlier contents
+// are shown.
+void CInformationDlg::RefreshFormats(const Told& told, const Address& at) {
+  const bool isBig = told.tells == Tells::kBigFormat;
+  BlockBuffer answer{};
+  if (!Read(at, isBig ? inputFormat : answer) && !isBig) return;
+  for (std::size_t input = 0; input < told.inputs; ++input) {
+    const BlockBytes bytes = BlockBytes(isBig ? inputFormat : answer).subspan(input * kFormatBytes);
+    const VideoFormat format = DecodeFormat(bytes, isBig ? ByteOrder::kBig : ByteOrder::kLittle);
+    const char* little = format.scan == 1 ? "p" : format.scan == 2 ? "s" : "i";
+    const char* big = format.scan != 0 ? "i" : "p";
+    ShowValue(told.row + static_cast<int>(input), TextOf(format, isBig ? big : little));
+  }
+}
+
+void CInformationDlg::RefreshFormatCode(const Told& told, const Address& at) {
+  WordBuffer words{};
+  if (!Read(at, words)) return;
+  const auto code = static_cast<std::uint8_t>(words[0] & 0xFF);
+  ShowValue(told.row, InputFormatName(panel.identity.boxType, code, words[1] == 1));
 }
 
 void CInformationDlg::ReadFirmware() {

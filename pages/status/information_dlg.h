@@ -1,8 +1,7 @@
 // The Information page (template 103): what the box receives, and which firmware it runs. Its
 // refresh is the one place where the firmware version is read; every other page compares with it.
 //
-// Models: what each tells stands in catalogue/information.h. Other models than 26 show one input
-// row: the rows of second to fourth inputs stay hidden rather than show what nobody read.
+// Models: which rows each shows, and where it tells them, stands in catalogue/information.h.
 #pragma once
 
 #include "catalogue/information.h"
@@ -26,9 +25,17 @@ class CInformationDlg final : public Page {
 
  private:
   void LayOut();
+  void PlaceRow(int row, int top);
   void ShowWebAddress();
-  void RefreshInputFormat();
+  // Asks for what a row shows; a failed read keeps the text, and so does what has no name.
+  void RefreshRow(const information::Told& told);
+  void RefreshFormats(const information::Told& told, const Address& at);
+  void RefreshFormatCode(const information::Told& told, const Address& at);
   void ReadFirmware();
+  void ShowValue(int row, const std::string& text);
+  Address AddressOf(const information::Told& told) const {
+    return information::AddressOf(told, panel.identity, panel.firmwareVersion);
+  }
 
   std::uint32_t firmwareVersion = 0;  // the last version read, as PanelState::firmwareVersion
   BlockBuffer inputFormat{};          // the last answer; a failed read shows it again

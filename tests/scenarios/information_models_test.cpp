@@ -12,31 +12,148 @@ constexpr int kFormat = 1007;
 constexpr int kFirmware = 1014;
 constexpr int kAddress = 1015;
 
-bool TellsByBlock(int type) { return Has({14, 36, 51}, type); }
+// Where a box tells something, and how it is named.
+struct Place {
+  bool isWord;
+  int number;
+  int length = 2;
 
-int FirmwareItemOf(int type) {
-  if (type == 26) return 5;
-  return Has({17, 18, 19, 20, 21, 27, 30, 32, 33, 43}, type) ? 4 : 8;
+  std::string Get() const { return isWord ? GetWord(number) : GetBlock(number, length); }
+};
+constexpr Place W(int item) { return {true, item}; }
+constexpr Place B(int property, int length = 2) { return {false, property, length}; }
+
+// A row of the page: its two controls, where it is told, two values and their names.
+struct Row {
+  int caption;
+  int value;
+  Place at;
+  std::vector<std::pair<int, std::string>> names = {};
+};
+using Rows = std::vector<Row>;
+
+bool TellsByBlock(int type) { return Has({14, 36, 51, 52}, type); }
+bool HasReference(int type) { return Has({39, 40, 46, 47, 48, 49, 50}, type); }
+bool HasFour(int type) { return Has({13, 15, 51, 52}, type); }
+
+Place FirmwareOf(int type) {
+  if (type == 26) return W(5);
+  return Has({17, 18, 19, 20, 21, 27, 30, 32, 33, 43}, type) ? W(4) : W(8);
+}
+
+Row InputSourceOf(int type) {
+  if (Has({24, 34}, type)) return {1029, 1025, B(3), {{0, "SDI"}, {1, "HDMI"}}};
+  if (Has({48, 49}, type)) return {1029, 1025, B(3), {{0, "SDI 1"}, {1, "SDI 2"}}};
+  if (type == 27) return {1029, 1025, B(3), {{0, "CH 1"}, {1, "CH 2"}}};
+  if (type == 50) return {1029, 1025, B(3), {{2, "VGA"}, {4, "SDI"}}};
+  if (Has({25, 29}, type))
+    return {1029, 1025, B(3), {{4, "Composite (CVBS)"}, {5, "S-Video (YC)"}}};
+  return {1029, 1025, B(3), {{3, "YPbPr"}, {6, "S-VIDEO"}}};
+}
+Row AspectOf(int type) {
+  Row row = {1024, 1021, B(15), {{1, "4 : 3"}, {2, "Dot By Dot"}}};
+  if (Has({14, 36}, type)) row.at = B(20);
+  if (type == 21) row.at = W(7);
+  if (Has({24, 34}, type)) row.at = W(11);
+  return row;
+}
+Row AudioSourceOf(int type) {
+  if (Has({20, 33}, type)) {
+    return {1027, 1019, W(6), {{0, "L(Aud) + R( Dig )"}, {1, "R(Aud) + L( Dig )"}}};
+  }
+  if (Has({18, 32}, type)) return {1027, 1019, W(7), {{0, "Nono"}, {2, "L/R Ear Phone"}}};
+  if (Has({17, 35}, type)) return {1027, 1019, B(3), {{0, "SDI"}, {1, "HDMI"}}};
+  if (Has({30, 43}, type)) {
+    return {1027, 1019, B(10), {{0, "Embedded( SDI )"}, {2, "Mix ( SDI + L/R )"}}};
+  }
+  return {1027, 1019, B(10), {{0, "Embedded Audio"}, {2, "Mix Audio"}}};
+}
+Row MuteOf(int type) {
+  Row row = {1023, 1020, B(6), {{1, "ON"}, {0, "OFF"}}};
+  if (Has({20, 33}, type)) row.at = W(5);
+  if (Has({18, 32}, type)) row.at = W(11);
+  if (type == 36) row.at = W(3);
+  if (type == 21) row.at = W(24);
+  return row;
+}
+
+// Below the input formats, from top to bottom.
+Rows RowsOf(int type) {
+  if (type == 26) return {};
+  Rows rows;
+  const bool hasSource = Has({23, 24, 25, 27, 29, 34, 42, 48, 49, 50}, type);
+  if (hasSource) rows.push_back(InputSourceOf(type));
+  if (Has({25, 29}, type)) rows.push_back({1011, 1012, W(18), {{1, "YUV444"}, {3, "YUV422"}}});
+  const Place format = HasReference(type) ? B(5) : type == 21 ? W(2) : B(4);
+  rows.push_back({1028, 1022, format, {{21, "1920x1080 24.00p"}, {1, "720x480 59.94i"}}});
+  if (Has({23, 37, 38, 39, 40, 42, 46, 47, 50}, type)) {
+    rows.push_back({1030, 1026, B(7), {{0, "RGB444"}, {3, "YUV422"}}});
+  }
+  if (Has({23, 42}, type)) rows.push_back({1032, 1031, B(5), {{0, "AV"}}});
+  if (Has({25, 29}, type)) rows.push_back({1033, 1034, B(5), {{0, "VGA + HDMI"}}});
+  const bool noAspect = Has({18, 20, 23, 25, 29, 30, 32, 33, 37, 38, 42, 43}, type);
+  if (!noAspect && !HasReference(type) && !HasFour(type)) rows.push_back(AspectOf(type));
+  if (Has({17, 18, 20, 30, 32, 33, 35, 37, 38, 39, 40, 43, 46, 47, 48, 49}, type)) {
+    rows.push_back(AudioSourceOf(type));
+  }
+  if (Has({14, 18, 20, 21, 32, 33, 36}, type)) rows.push_back(MuteOf(type));
+  if (Has({24, 34}, type)) {
+    rows.push_back({1035, 1036, B(44), {{62, "+0.0dBu"}, {21, "-20.5dBu"}}});
+  }
+  if (HasReference(type)) rows.push_back({1037, 1038, B(25, 30)});
+  if (Has({30, 43}, type)) {
+    rows.push_back({1037, 1038, B(18, 30)});
+    rows.push_back({1039, 1079, B(15), {{0, "Free-Run"}, {1, "External"}}});
+  }
+  return rows;
+}
+
+std::vector<Place> InputsOf(int type) {
+  if (type == 26) return {B(1, 30)};
+  if (TellsByBlock(type)) return {B(3, 30)};
+  if (Has({13, 15}, type)) return {W(3), W(7), W(14), W(18)};
+  return {W(3)};
 }
 
 Calls ReadsOf(int type) {
-  if (type == 26) return {GetBlock(1, 30), GetWord(5)};
-  return {TellsByBlock(type) ? GetBlock(3, 30) : GetWord(3), GetWord(FirmwareItemOf(type))};
+  Calls calls;
+  for (const Place& place : InputsOf(type)) calls.push_back(place.Get());
+  for (const Row& row : RowsOf(type)) calls.push_back(row.at.Get());
+  calls.push_back(FirmwareOf(type).Get());
+  return calls;
 }
 
-TEST_F(InformationModels, EveryTypeShowsItsInputAndItsFirmware) {
+std::string InputCaption(int type, int input) {
+  const std::string number = std::to_string(input + 1);
+  if (type == 51) return "SDI CH " + number + " :";
+  if (type == 52) return "HDMI CH " + number + " :";
+  if (input > 0 || type == 13 || type == 15) return "Input Format " + number + " :";
+  return "Input Format    :";
+}
+
+TEST_F(InformationModels, EveryTypeShowsItsRowsAndItsFirmware) {
   for (const int type : kTypes) {
     SCOPED_TRACE(Named(Box(type)));
     StartAs(Box(type));
-    Places expected = {{1016, {55, 20, 390, 260}},
-                       {1003, {80, 60, 110, 20}},
-                       {kFormat, {200, 60, 150, 20}},
-                       {1013, {80, 90, 110, 30}},
-                       {kFirmware, {200, 90, 150, 30}}};
+    Places expected = {{1016, {55, 20, 390, 260}}};
+    int top = 60;
+    for (int input = 0; input < (HasFour(type) ? 4 : 1); ++input) {
+      expected[1003 + input] = {80, top, 110, 20};
+      expected[1007 + input] = {200, top, 150, 20};
+      EXPECT_EQ(desk.Text(kPage, 1003 + input), InputCaption(type, input));
+      top += 30;
+    }
+    for (const Row& row : RowsOf(type)) {
+      const bool isWide = row.caption == 1035;
+      expected[row.caption] = {80, top, isWide ? 200 : 110, 20};
+      expected[row.value] = {isWide ? 290 : 200, top, 150, 20};
+      top += 30;
+    }
+    expected[1013] = {80, top, 110, 30};
+    expected[kFirmware] = {200, top, 150, 30};
     expected[kAddress] = type == 26 ? Rect{180, 250, 200, 30} : Rect{180, 255, 200, 20};
     ASSERT_EQ(ShownOn(kPage), expected);
-    const bool numbered = type == 13 || type == 15;
-    EXPECT_EQ(desk.Text(kPage, 1003), numbered ? "Input Format 1 :" : "Input Format    :");
+    EXPECT_LE(top, 210);  // above the address
     EXPECT_EQ(desk.Text(kPage, 1016), "Information");
     EXPECT_EQ(desk.Text(kPage, 1013), "F/W Version     :");
     EXPECT_EQ(desk.Text(kPage, kFirmware), "0.1.2.6");
@@ -45,6 +162,74 @@ TEST_F(InformationModels, EveryTypeShowsItsInputAndItsFirmware) {
     }
     EXPECT_EQ(CallsOf(kPictureButton), ReadsOf(type));
     EXPECT_EQ(CallsOf(kInformationButton), ReadsOf(type));
+  }
+}
+
+TEST_F(InformationModels, EveryRowNamesWhatItIsToldAndKeepsItOtherwise) {
+  for (const int type : kTypes) {
+    StartAs(Box(type));
+    for (const Row& row : RowsOf(type)) {
+      SCOPED_TRACE(Named(Box(type)) + " caption " + std::to_string(row.caption));
+      const auto tell = [&](int value) {
+        if (row.at.isWord) {
+          ReportWord(row.at.number, value);
+        } else {
+          Report(row.at.number, {static_cast<std::uint8_t>(value), 0x77});
+        }
+        Reread();
+      };
+      for (const auto& [value, name] : row.names) {
+        tell(value);
+        EXPECT_EQ(desk.Text(kPage, row.value), name);
+      }
+      if (row.names.empty()) continue;
+      const std::string shown = desk.Text(kPage, row.value);
+      if (row.caption != 1035) tell(200);  // every level has a name
+      device.FillAndAnswer(row.at.Get(), 2);
+      tell(row.names.front().first);
+      device.FailNothing();
+      EXPECT_EQ(desk.Text(kPage, row.value), shown);
+    }
+  }
+}
+
+TEST_F(InformationModels, ReferenceFormatIsNamed) {
+  for (const int type : {30, 43, 39, 40, 46, 47, 48, 49, 50}) {
+    StartAs(Box(type));
+    Report(HasReference(type) ? 25 : 18, {0x00, 0x05, 0xD0, 0x02, 50, 0, 1});
+    Reread();
+    EXPECT_EQ(desk.Text(kPage, 1038), "1280x720  50.00p") << type;
+  }
+}
+
+TEST_F(InformationModels, FourInputsAreToldInOneBlockOrInAWordEach) {
+  for (const int type : {51, 52}) {
+    StartAs(Box(type));
+    Bytes told;
+    for (const std::uint8_t rate : Bytes{24, 25, 30, 50}) {
+      const Bytes format = {0x80, 0x07, 0x38, 0x04, rate, 0, 1};
+      told.insert(told.end(), format.begin(), format.end());
+    }
+    told[21] = 0;
+    told[22] = 0;  // the fourth has no width
+    Report(3, told);
+    Reread();
+    EXPECT_EQ(desk.Text(kPage, 1007), "1920x1080  24.00p");
+    EXPECT_EQ(desk.Text(kPage, 1008), "1920x1080  25.00p");
+    EXPECT_EQ(desk.Text(kPage, 1009), "1920x1080  30.00p");
+    EXPECT_EQ(desk.Text(kPage, 1010), "-  NO SIGNAL  -");
+  }
+  for (const int type : {13, 15}) {
+    StartAs(Box(type));
+    ReportWord(3, 4);
+    ReportWord(7, 44);
+    ReportWord(14, 91);
+    ReportWord(18, 12);
+    Reread();
+    EXPECT_EQ(desk.Text(kPage, 1007), "1280x720 60.00p");
+    EXPECT_EQ(desk.Text(kPage, 1008), "1920x1080 25.00p");
+    EXPECT_EQ(desk.Text(kPage, 1009), "-  NO  SIGNAL  -");
+    EXPECT_EQ(desk.Text(kPage, 1010), "1920x1080 50.00p");
   }
 }
 
@@ -103,16 +288,16 @@ TEST_F(InformationModels, EveryTypeTellsItsFirmwareInItsOwnItem) {
   for (const int type : kTypes) {
     SCOPED_TRACE(Named(Box(type)));
     StartAs(Box(type));
-    const auto item = static_cast<std::uint32_t>(FirmwareItemOf(type));
+    const int item = FirmwareOf(type).number;
     for (const std::uint32_t other : {4U, 5U, 8U}) box.Word(other) = {0xABCD12, 0xABCD34};
-    box.Word(item) = {0xABCD56, 0xABCD78};
+    box.Word(static_cast<std::uint32_t>(item)) = {0xABCD56, 0xABCD78};
     Reread();
     EXPECT_EQ(desk.Text(kPage, kFirmware), "7.8.5.6");
     EXPECT_EQ(panel->Panel().firmwareVersion, 0x7856U);
     // Filled, but answered with something else than success.
     const std::string call = ReadsOf(type).back();
     device.FillAndAnswer(call, 2);
-    box.Word(item) = {1, 1};
+    box.Word(static_cast<std::uint32_t>(item)) = {1, 1};
     Reread();
     EXPECT_EQ(desk.Text(kPage, kFirmware), "7.8.5.6");
     EXPECT_EQ(panel->Panel().firmwareVersion, 0x7856U);
