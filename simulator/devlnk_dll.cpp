@@ -5,10 +5,10 @@
 #include <cstring>
 #include <string>
 
+#include "device/call.h"
 #include "device/devlnk_library.h"
 #include "simulator/bench_port.h"
 #include "simulator/box_model.h"
-#include "simulator/call_text.h"
 
 namespace panelora::simulator {
 
@@ -45,8 +45,9 @@ class BenchedBox {
   BenchedBox& operator=(const BenchedBox&) = delete;
 
   // The box as the bench wants it, after the call was noted.
-  BoxModel& Called(const std::string& call) {
+  BoxModel& Called(const Call& made) {
     if (port == nullptr) return box;
+    const std::string call = TextOf(made);
     const std::size_t used = port->logBytes;
     if (used + call.size() + 1 < sizeof port->log) {
       std::memcpy(port->log + used, call.data(), call.size());
@@ -83,6 +84,7 @@ BenchedBox& Box() {
 }  // namespace panelora::simulator
 
 using panelora::BlockBuffer;
+using panelora::Call;
 using panelora::ProcAmpBytes;
 using panelora::WordBuffer;
 using namespace panelora::simulator;  // NOLINT: the exports stand outside every namespace
@@ -90,7 +92,7 @@ using namespace panelora::simulator;  // NOLINT: the exports stand outside every
 #define DEVLNK_EXPORT extern "C" __declspec(dllexport)
 
 DEVLNK_EXPORT std::uint32_t PANELORA_DEVLNK_CALL DEVLNK_OPEN(std::uint32_t mode) {
-  return Box().Called(OpenText(mode)).Open(mode);
+  return Box().Called(Call::Open(mode)).Open(mode);
 }
 
 DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_KIRABOX_PROPERTY(std::uint32_t handle,
@@ -100,7 +102,7 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_KIRABOX_PROPERTY(std::uint32_t
                                                                    std::uint8_t* out) {
   BlockBuffer answer{};
   const int result = Box()
-                         .Called(GetBlockText(property, sub, length))
+                         .Called(Call::GetBlock(property, sub, length))
                          .GetKiraboxProperty(handle, property, sub, length, answer);
   if (Box().FillsLength() && property != 254) answer.fill(0xFF);
   if (result == panelora::kSuccess && !Box().Fails()) {
@@ -117,7 +119,7 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_SET_KIRABOX_PROPERTY(std::uint32_t
                                                                    std::uint8_t* bytes) {
   BlockBuffer sent{};
   std::copy_n(bytes, length, sent.begin());
-  BoxModel& box = Box().Called(SetBlockText(property, sub, length, sent));
+  BoxModel& box = Box().Called(Call::SetBlock(property, sub, length, sent));
   return Box().Fails() ? kFailure : box.SetKiraboxProperty(handle, property, sub, length, sent);
 }
 
@@ -127,7 +129,7 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_BOX_PROPERTY(std::uint32_t han
                                                                std::uint32_t* out) {
   WordBuffer answer{};
   const int result =
-      Box().Called(GetWordText(group, item)).GetBoxProperty(handle, group, item, answer);
+      Box().Called(Call::GetWord(group, item)).GetBoxProperty(handle, group, item, answer);
   if (result != panelora::kSuccess || Box().Fails()) return kFailure;
   out[0] = answer[0];
   // Only the firmware and format code items have a second word.
@@ -139,7 +141,7 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_SET_BOX_PROPERTY(std::uint32_t han
                                                                std::uint32_t group,
                                                                std::uint32_t item,
                                                                std::uint32_t value) {
-  BoxModel& box = Box().Called(SetWordText(group, item, value));
+  BoxModel& box = Box().Called(Call::SetWord(group, item, value));
   return Box().Fails() ? kFailure : box.SetBoxProperty(handle, group, item, value);
 }
 
@@ -149,7 +151,7 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_KIRABOX_PROC_AMP(std::uint32_t
                                                                    std::uint8_t* hue,
                                                                    std::uint8_t* saturation) {
   ProcAmpBytes picture;
-  const int result = Box().Called(GetProcAmpText()).GetKiraboxProcAmp(handle, picture);
+  const int result = Box().Called(Call::GetPicture()).GetKiraboxProcAmp(handle, picture);
   if (result != panelora::kSuccess || Box().Fails()) return kFailure;
   *brightness = picture.brightness;
   *contrast = picture.contrast;
@@ -163,8 +165,9 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_VIDEO_PROC_AMP(std::uint32_t h
                                                                  std::uint32_t control,
                                                                  std::uint32_t* out) {
   WordBuffer answer{};
-  const int result =
-      Box().Called(GetProcAmpText(group, control)).GetVideoProcAmp(handle, group, control, answer);
+  const int result = Box()
+                         .Called(Call::GetProcAmp(group, control))
+                         .GetVideoProcAmp(handle, group, control, answer);
   if (result != panelora::kSuccess || Box().Fails()) return kFailure;
   out[0] = answer[0];
   return result;
@@ -174,6 +177,6 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_SET_VIDEO_PROC_AMP(std::uint32_t h
                                                                  std::uint32_t group,
                                                                  std::uint32_t control,
                                                                  std::uint32_t value) {
-  BoxModel& box = Box().Called(SetProcAmpText(group, control, value));
+  BoxModel& box = Box().Called(Call::SetProcAmp(group, control, value));
   return Box().Fails() ? kFailure : box.SetVideoProcAmp(handle, group, control, value);
 }

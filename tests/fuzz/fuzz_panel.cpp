@@ -278,8 +278,9 @@ void FuzzPanel::CheckWrites(const Step& step, const Situation& before) {
 
 // One with every tick that is not skipped, before anything else, and none besides.
 void FuzzPanel::CheckOpens(const Step& step, const Situation& before) {
-  const auto opens = std::count_if(calls.begin(), calls.end(),
-                                   [](const Call& call) { return call.kind == Call::Kind::kOpen; });
+  const auto opens = std::count_if(calls.begin(), calls.end(), [](const Call& call) {
+    return call.operation == Call::Operation::kOpen;
+  });
   if (step.act != Act::kTick) {
     if (opens != 0) Break("the device was opened without a tick");
     return;
@@ -289,7 +290,7 @@ void FuzzPanel::CheckOpens(const Step& step, const Situation& before) {
     if (panel.Panel().tickSkip != before.tickSkip - 1) Break("a skipped tick was not counted");
     return;
   }
-  if (opens != 1 || calls.front().kind != Call::Kind::kOpen) {
+  if (opens != 1 || calls.front().operation != Call::Operation::kOpen) {
     Break("a tick opened the device other than once");
   }
 }
@@ -393,7 +394,7 @@ std::vector<std::string> FuzzPanel::KeptTexts(const Situation& situation) {
 
 void FuzzPanel::CheckKeptTexts(const Step& /*step*/, const Situation& before) {
   const bool read = std::any_of(calls.begin(), calls.end(),
-                                [](const Call& call) { return call.IsRead() && call.succeeded; });
+                                [](const Call& call) { return call.IsRead() && call.Succeeded(); });
   const bool another = identitiesOfPage.size() > 1;  // whose page is laid out anew
   if (!read && !another && KeptTexts(before) != textsBefore)
     Break("a failed refresh changed a text");

@@ -2,34 +2,7 @@
 
 #include <algorithm>
 
-#include "simulator/call_text.h"
-
 namespace panelora::fuzz {
-
-std::string TextOf(const Call& call) {
-  switch (call.kind) {
-    case Call::Kind::kOpen:
-      return simulator::OpenText(call.number);
-    case Call::Kind::kGetBlock:
-      return simulator::GetBlockText(static_cast<int>(call.number), call.sub, call.length);
-    case Call::Kind::kSetBlock: {
-      BlockBuffer bytes{};
-      std::copy(call.bytes.begin(), call.bytes.end(), bytes.begin());
-      return simulator::SetBlockText(static_cast<int>(call.number), call.sub, call.length, bytes);
-    }
-    case Call::Kind::kGetWord:
-      return simulator::GetWordText(0, call.number);
-    case Call::Kind::kSetWord:
-      return simulator::SetWordText(0, call.number, call.value);
-    case Call::Kind::kGetPicture:
-      return simulator::GetProcAmpText();
-    case Call::Kind::kGetProcAmp:
-      return simulator::GetProcAmpText(0, call.number);
-    case Call::Kind::kSetProcAmp:
-      return simulator::SetProcAmpText(0, call.number, call.value);
-  }
-  return "";
-}
 
 void HostileBox::SetMood(Mood nowMood, std::uint32_t seed) {
   mood = nowMood;
@@ -40,8 +13,8 @@ Mood HostileBox::MoodOfCall() {
   return mood == Mood::kChangesItsMind ? static_cast<Mood>(Random(kMoods - 1)) : mood;
 }
 
-template <class Right, class Fill>
-int HostileBox::Read(Call call, Right right, Fill fill) {
+template <class Out, class Right, class Fill>
+int HostileBox::Read(Call call, const Out& out, Right right, Fill fill) {
   int result = 0;
   switch (MoodOfCall()) {
     case Mood::kRight:
@@ -64,7 +37,8 @@ int HostileBox::Read(Call call, Right right, Fill fill) {
       result = kSuccess;
       break;
   }
-  call.succeeded = result == kSuccess;
+  call.result = result;
+  if (call.Succeeded()) call.Take(out);
   calls.push_back(std::move(call));
   return result;
 }
@@ -90,7 +64,7 @@ int HostileBox::Write(Call call, Right right) {
       result = static_cast<int>(random());
       break;
   }
-  call.succeeded = result == kSuccess;
+  call.result = result;
   calls.push_back(std::move(call));
   return result;
 }
@@ -98,14 +72,16 @@ int HostileBox::Write(Call call, Right right) {
 // Even a box in a bad mood is there or not: a failing open is a box that was unplugged.
 DeviceHandle HostileBox::Open(std::uint32_t mode) {
   const DeviceHandle handle = model.Open(mode);
-  calls.push_back({.kind = Call::Kind::kOpen, .number = mode, .succeeded = handle != kNoBox});
+  Call call = Call::Open(mode);
+  call.result = handle != kNoBox ? kSuccess : 0;
+  calls.push_back(std::move(call));
   return handle;
 }
 
 int HostileBox::GetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std::uint8_t sub,
                                    std::uint8_t length, BlockBuffer& out) {
   return Read(
-      {.kind = Call::Kind::kGetBlock, .number = property, .sub = sub, .length = length},
+      Call::GetBlock(property, sub, length), out,
       [&] { return model.GetKiraboxProperty(handle, property, sub, length, out); },
       [&] {
         std::generate_n(out.begin(), length, [&] { return static_cast<std::uint8_t>(random()); });
@@ -114,18 +90,14 @@ int HostileBox::GetKiraboxProperty(DeviceHandle handle, std::uint8_t property, s
 
 int HostileBox::SetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std::uint8_t sub,
                                    std::uint8_t length, const BlockBuffer& bytes) {
-  return Write({.kind = Call::Kind::kSetBlock,
-                .number = property,
-                .sub = sub,
-                .length = length,
-                .bytes = {bytes.begin(), bytes.begin() + length}},
+  return Write(Call::SetBlock(property, sub, length, bytes),
                [&] { return model.SetKiraboxProperty(handle, property, sub, length, bytes); });
 }
 
 int HostileBox::GetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint32_t item,
                                WordBuffer& out) {
   return Read(
-      {.kind = Call::Kind::kGetWord, .number = item},
+      Call::GetWord(group, item), out,
       [&] { return model.GetBoxProperty(handle, group, item, out); },
       [&] {
         for (std::uint32_t& word : out) word = static_cast<std::uint32_t>(random());
@@ -134,14 +106,14 @@ int HostileBox::GetBoxProperty(DeviceHandle handle, std::uint32_t group, std::ui
 
 int HostileBox::SetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint32_t item,
                                std::uint32_t value) {
-  return Write({.kind = Call::Kind::kSetWord, .number = item, .value = value},
+  return Write(Call::SetWord(group, item, value),
                [&] { return model.SetBoxProperty(handle, group, item, value); });
 }
 
 int HostileBox::GetKiraboxProcAmp(DeviceHandle handle, ProcAmpBytes& out) {
   const auto byte = [&] { return static_cast<std::uint8_t>(random()); };
   return Read(
-      {.kind = Call::Kind::kGetPicture}, [&] { return model.GetKiraboxProcAmp(handle, out); },
+      Call::GetPicture(), out, [&] { return model.GetKiraboxProcAmp(handle, out); },
       [&] {
         out = {byte(), byte(), byte(), byte()};
       });
@@ -150,14 +122,14 @@ int HostileBox::GetKiraboxProcAmp(DeviceHandle handle, ProcAmpBytes& out) {
 int HostileBox::GetVideoProcAmp(DeviceHandle handle, std::uint32_t group, std::uint32_t control,
                                 WordBuffer& out) {
   return Read(
-      {.kind = Call::Kind::kGetProcAmp, .number = control},
+      Call::GetProcAmp(group, control), out,
       [&] { return model.GetVideoProcAmp(handle, group, control, out); },
       [&] { out[0] = static_cast<std::uint32_t>(random()); });
 }
 
 int HostileBox::SetVideoProcAmp(DeviceHandle handle, std::uint32_t group, std::uint32_t control,
                                 std::uint32_t value) {
-  return Write({.kind = Call::Kind::kSetProcAmp, .number = control, .value = value},
+  return Write(Call::SetProcAmp(group, control, value),
                [&] { return model.SetVideoProcAmp(handle, group, control, value); });
 }
 

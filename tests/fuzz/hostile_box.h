@@ -3,10 +3,10 @@
 
 #include <cstdint>
 #include <random>
-#include <string>
 #include <utility>
 #include <vector>
 
+#include "device/call.h"
 #include "simulator/box_model.h"
 
 namespace panelora::fuzz {
@@ -21,35 +21,6 @@ enum class Mood {
   kChangesItsMind,   // any of these, with every call anew
 };
 constexpr int kMoods = 7;
-
-struct Call {
-  enum class Kind {
-    kOpen,
-    kGetBlock,
-    kSetBlock,
-    kGetWord,
-    kSetWord,
-    kGetPicture,  // the four picture values at once
-    kGetProcAmp,
-    kSetProcAmp,
-  };
-  Kind kind;
-  std::uint32_t number = 0;  // property, item or control
-  std::uint8_t sub = 0;
-  std::uint8_t length = 0;               // of a block
-  std::uint32_t value = 0;               // that was written
-  std::vector<std::uint8_t> bytes = {};  // of a block that was written
-  bool succeeded = false;
-
-  bool IsWrite() const {
-    return kind == Kind::kSetBlock || kind == Kind::kSetWord || kind == Kind::kSetProcAmp;
-  }
-  bool IsRead() const { return kind != Kind::kOpen && !IsWrite(); }
-  bool operator==(const Call&) const = default;
-};
-
-// As the logs of the simulated box write it.
-std::string TextOf(const Call& call);
 
 class HostileBox final : public DeviceLink {
  public:
@@ -77,8 +48,8 @@ class HostileBox final : public DeviceLink {
 
  private:
   Mood MoodOfCall();
-  template <class Right, class Fill>
-  int Read(Call call, Right right, Fill fill);
+  template <class Out, class Right, class Fill>
+  int Read(Call call, const Out& out, Right right, Fill fill);
   template <class Right>
   int Write(Call call, Right right);
   std::uint32_t Random(std::uint32_t bound) { return static_cast<std::uint32_t>(random()) % bound; }

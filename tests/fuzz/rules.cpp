@@ -11,7 +11,7 @@ namespace panelora::fuzz {
 
 namespace {
 
-using Kind = Call::Kind;
+using Operation = Call::Operation;
 using Writes = std::vector<AllowedWrite>;
 
 bool In(int type, std::initializer_list<int> types) {
@@ -19,13 +19,13 @@ bool In(int type, std::initializer_list<int> types) {
 }
 
 AllowedWrite Word(std::uint32_t item, int value = AllowedWrite::kAnyValue) {
-  return {.kind = Kind::kSetWord, .number = item, .value = value};
+  return {.operation = Operation::kSetWord, .number = item, .value = value};
 }
 AllowedWrite Block(std::uint32_t property, int length, int value = AllowedWrite::kAnyValue) {
-  return {.kind = Kind::kSetBlock, .number = property, .length = length, .value = value};
+  return {.operation = Operation::kSetBlock, .number = property, .length = length, .value = value};
 }
 AllowedWrite Picture(std::uint32_t control, int value = AllowedWrite::kAnyValue) {
-  return {.kind = Kind::kSetProcAmp, .number = control, .value = value};
+  return {.operation = Operation::kSetProcAmp, .number = control, .value = value};
 }
 AllowedWrite Perhaps(AllowedWrite write) {
   write.needed = false;
@@ -486,10 +486,10 @@ bool UncoversPage(const Step& step) {
 }
 
 bool Fits(const Call& call, const AllowedWrite& allowed) {
-  if (call.kind != allowed.kind || call.number != allowed.number) return false;
-  if (call.kind != Kind::kSetBlock) {
+  if (call.operation != allowed.operation || call.number != allowed.number) return false;
+  if (call.operation != Operation::kSetBlock) {
     return allowed.value == AllowedWrite::kAnyValue ||
-           call.value == static_cast<std::uint32_t>(allowed.value);
+           call.words[0] == static_cast<std::uint32_t>(allowed.value);
   }
   return call.sub == allowed.sub && call.length == allowed.length &&
          (allowed.value == AllowedWrite::kAnyValue || call.bytes.front() == allowed.value) &&

@@ -14,7 +14,7 @@ namespace panelora::fuzz {
 struct AllowedWrite {
   static constexpr int kAnyValue = -1;
 
-  Call::Kind kind;
+  Call::Operation operation;
   std::uint32_t number;
   bool needed = true;
   int length = 0;         // bytes of a block

@@ -19,11 +19,11 @@ Step Press(int dialog, int control) {
 }
 
 Call WordWrite(std::uint32_t item, std::uint32_t value) {
-  return {.kind = Call::Kind::kSetWord, .number = item, .value = value};
+  return Call::SetWord(kBoxGroup, item, value);
 }
 
 Call BlockWrite(std::uint32_t property, std::vector<std::uint8_t> bytes) {
-  Call call{.kind = Call::Kind::kSetBlock, .number = property};
+  Call call{.operation = Call::Operation::kSetBlock, .number = property};
   call.length = static_cast<std::uint8_t>(bytes.size());
   call.bytes = std::move(bytes);
   return call;
@@ -66,8 +66,8 @@ TEST(FuzzRulesTest, WritesAreAllowedByWhatWasPressed) {
 
   // Repaints send the picture values of brand 2 again, in any order, and nothing else.
   const Step repaint{.act = Act::kRepaint, .dialog = res::kProcAmp};
-  const Call hue{.kind = Call::Kind::kSetProcAmp, .number = 4, .value = 9};
-  const Call brightness{.kind = Call::Kind::kSetProcAmp, .number = 2, .value = 9};
+  const Call hue = Call::SetProcAmp(kBoxGroup, 4, 9);
+  const Call brightness = Call::SetProcAmp(kBoxGroup, 2, 9);
   EXPECT_EQ(compare(repaint, On(PageCode::kProcAmp, 24, 2), {hue, brightness}), "");
   EXPECT_NE(compare(repaint, On(PageCode::kProcAmp, 24), {hue}), "");
   EXPECT_EQ(compare(repaint, On(PageCode::kProcAmp, 24, 2), {WordWrite(5, 0)}),

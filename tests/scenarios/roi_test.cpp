@@ -33,7 +33,7 @@ std::string Write(int property, const Region& region) {
   BlockBuffer buffer{};
   const Bytes bytes = BytesOf(region);
   std::copy(bytes.begin(), bytes.end(), buffer.begin());
-  return simulator::SetBlockText(property, 0, 10, buffer);
+  return TextOf(Call::SetBlock(static_cast<std::uint8_t>(property), kNoSub, 10, buffer));
 }
 
 struct ModelRow {

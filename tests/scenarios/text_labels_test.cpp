@@ -30,7 +30,7 @@ class TextLabels : public PanelTest {
     BlockBuffer buffer{};
     buffer[0] = state;
     std::copy(label.begin(), label.end(), buffer.begin() + 1);
-    return {simulator::SetBlockText(41, 0, 21, buffer)};
+    return {TextOf(Call::SetBlock(41, kNoSub, 21, buffer))};
   }
 };
 

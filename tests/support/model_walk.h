@@ -83,20 +83,22 @@ inline std::string SetBlock(int property, std::initializer_list<int> bytes) {
   BlockBuffer buffer{};
   std::size_t size = 0;
   for (const int byte : bytes) buffer[size++] = static_cast<std::uint8_t>(byte);
-  return simulator::SetBlockText(property, 0, static_cast<int>(size), buffer);
+  return TextOf(Call::SetBlock(static_cast<std::uint8_t>(property), kNoSub,
+                               static_cast<std::uint8_t>(size), buffer));
 }
 
 inline std::string SetWord(int item, int value) {
-  return simulator::SetWordText(0, static_cast<std::uint32_t>(item),
-                                static_cast<std::uint32_t>(value));
+  return TextOf(Call::SetWord(kBoxGroup, static_cast<std::uint32_t>(item),
+                              static_cast<std::uint32_t>(value)));
 }
 
 inline std::string GetBlock(int property, int length = 2) {
-  return simulator::GetBlockText(property, 0, length);
+  return TextOf(Call::GetBlock(static_cast<std::uint8_t>(property), kNoSub,
+                               static_cast<std::uint8_t>(length)));
 }
 
 inline std::string GetWord(int item) {
-  return simulator::GetWordText(0, static_cast<std::uint32_t>(item));
+  return TextOf(Call::GetWord(kBoxGroup, static_cast<std::uint32_t>(item)));
 }
 
 }  // namespace panelora::testing

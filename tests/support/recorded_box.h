@@ -7,8 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include "device/call.h"
 #include "simulator/box_model.h"
-#include "simulator/call_text.h"
 
 namespace panelora::testing {
 
@@ -18,8 +18,14 @@ class RecordedBox final : public DeviceLink {
  public:
   explicit RecordedBox(simulator::BoxModel& theBox) : box(theBox) {}
 
-  // The calls since the last time, in order, as simulator/call_text.h writes them.
-  Calls TakeCalls() { return std::exchange(calls, {}); }
+  // The calls since the last time, in order.
+  std::vector<Call> TakeMade() { return std::exchange(calls, {}); }
+  // The same as TextOf writes them.
+  Calls TakeCalls() {
+    Calls texts;
+    for (const Call& call : TakeMade()) texts.push_back(TextOf(call));
+    return texts;
+  }
 
   // From now on the call of this text fails: it answers 0 and fills nothing.
   void Fail(const std::string& call) { failing.insert(call); }
@@ -38,66 +44,80 @@ class RecordedBox final : public DeviceLink {
   void AnswerHandle(DeviceHandle value) { handle = value; }
 
   DeviceHandle Open(std::uint32_t mode) override {
-    const std::string call = Note(simulator::OpenText(mode));
+    Call call = Call::Open(mode);
     const DeviceHandle opened = box.Open(mode);
-    if (failing.contains(call) || opened == kNoBox) return kNoBox;
-    return handle;
+    const bool found = opened != kNoBox && !IsIn(failing, call);
+    call.result = found ? kSuccess : 0;
+    calls.push_back(std::move(call));
+    return found ? handle : kNoBox;
   }
   int GetKiraboxProperty(DeviceHandle used, std::uint8_t property, std::uint8_t sub,
                          std::uint8_t length, BlockBuffer& out) override {
-    return Read(simulator::GetBlockText(property, sub, length),
+    return Read(Call::GetBlock(property, sub, length), out,
                 [&] { return box.GetKiraboxProperty(Known(used), property, sub, length, out); });
   }
   int SetKiraboxProperty(DeviceHandle used, std::uint8_t property, std::uint8_t sub,
                          std::uint8_t length, const BlockBuffer& bytes) override {
-    if (Fails(simulator::SetBlockText(property, sub, length, bytes))) return 0;
-    return box.SetKiraboxProperty(Known(used), property, sub, length, bytes);
+    return Write(Call::SetBlock(property, sub, length, bytes),
+                 [&] { return box.SetKiraboxProperty(Known(used), property, sub, length, bytes); });
   }
   int GetBoxProperty(DeviceHandle used, std::uint32_t group, std::uint32_t item,
                      WordBuffer& out) override {
-    return Read(simulator::GetWordText(group, item),
+    return Read(Call::GetWord(group, item), out,
                 [&] { return box.GetBoxProperty(Known(used), group, item, out); });
   }
   int SetBoxProperty(DeviceHandle used, std::uint32_t group, std::uint32_t item,
                      std::uint32_t value) override {
-    if (Fails(simulator::SetWordText(group, item, value))) return 0;
-    return box.SetBoxProperty(Known(used), group, item, value);
+    return Write(Call::SetWord(group, item, value),
+                 [&] { return box.SetBoxProperty(Known(used), group, item, value); });
   }
   int GetKiraboxProcAmp(DeviceHandle used, ProcAmpBytes& out) override {
-    return Read(simulator::GetProcAmpText(),
-                [&] { return box.GetKiraboxProcAmp(Known(used), out); });
+    return Read(Call::GetPicture(), out, [&] { return box.GetKiraboxProcAmp(Known(used), out); });
   }
   int GetVideoProcAmp(DeviceHandle used, std::uint32_t group, std::uint32_t control,
                       WordBuffer& out) override {
-    return Read(simulator::GetProcAmpText(group, control),
+    return Read(Call::GetProcAmp(group, control), out,
                 [&] { return box.GetVideoProcAmp(Known(used), group, control, out); });
   }
   int SetVideoProcAmp(DeviceHandle used, std::uint32_t group, std::uint32_t control,
                       std::uint32_t value) override {
-    if (Fails(simulator::SetProcAmpText(group, control, value))) return 0;
-    return box.SetVideoProcAmp(Known(used), group, control, value);
+    return Write(Call::SetProcAmp(group, control, value),
+                 [&] { return box.SetVideoProcAmp(Known(used), group, control, value); });
   }
 
  private:
-  const std::string& Note(const std::string& call) {
-    calls.push_back(call);
-    return calls.back();
+  static bool IsIn(const std::set<std::string>& texts, const Call& call) {
+    return !texts.empty() && texts.contains(TextOf(call));
   }
-  bool Fails(const std::string& call) { return failing.contains(Note(call)) || failsAll; }
+  bool Fails(const Call& call) const { return failsAll || IsIn(failing, call); }
   template <class Action>
-  int Read(const std::string& call, Action read) {
+  int ResultOfRead(const Call& call, Action read) {
     if (Fails(call)) return 0;
-    if (empty.contains(call)) return kSuccess;
+    if (IsIn(empty, call)) return kSuccess;
     const int result = read();
-    const auto other = results.find(call);
+    if (results.empty()) return result;
+    const auto other = results.find(TextOf(call));
     return other == results.end() ? result : other->second;
+  }
+  template <class Out, class Action>
+  int Read(Call call, const Out& out, Action read) {
+    call.result = ResultOfRead(call, read);
+    if (call.Succeeded()) call.Take(out);
+    calls.push_back(std::move(call));
+    return calls.back().result;
+  }
+  template <class Action>
+  int Write(Call call, Action write) {
+    call.result = Fails(call) ? 0 : write();
+    calls.push_back(std::move(call));
+    return calls.back().result;
   }
   DeviceHandle Known(DeviceHandle used) const {
     return used == handle ? simulator::BoxModel::kHandle : kNoBox;
   }
 
   simulator::BoxModel& box;
-  Calls calls;
+  std::vector<Call> calls;
   std::set<std::string> failing;
   std::set<std::string> empty;
   std::map<std::string, int> results;

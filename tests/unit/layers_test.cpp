@@ -48,7 +48,7 @@ bool StartsWith(const std::string& text, const std::string& start) {
 const std::vector<std::pair<std::string, std::vector<std::string>>> kAllowed = {
     {"base/", {"base/"}},
     {"ui/", {"ui/"}},
-    {"device/", {"device/"}},
+    {"device/", {"device/", "base/"}},
     {"catalogue/", {"catalogue/", "base/", "device/"}},
     {"res/", {"res/", "ui/", "dialogs/"}},
     {"pages/", {"pages/", "base/", "catalogue/", "device/", "ui/", "res/"}},
