@@ -46,6 +46,21 @@ Choices ModeNames() {
   return kNames;
 }
 
+Choices InputLabelStates() {
+  static constexpr Choice kStates[] = {
+      {kAllTypes, 0, "OFF", 0}, {kAllTypes, 1, "ON", 1}, {kAllTypes, 2, "Default Labels", 2}};
+  static_assert(EveryRowCounts(kStates));
+  return kStates;
+}
+
+Choices TextLabelStates() {
+  static constexpr Choice kStates[] = {{kAllTypes, 0, "Disable", 0},
+                                       {kAllTypes, 1, "Enable", 1},
+                                       {kAllTypes, 2, "Default Labels", 2}};
+  static_assert(EveryRowCounts(kStates));
+  return kStates;
+}
+
 }  // namespace multiview
 
 namespace genlock {

@@ -41,6 +41,10 @@ std::span<const Command> OpeningOfPip();
 // 1 to 9; the tabs are the box's own.
 Choices ModeNames();
 
+// Of the input labels, and of the label of all boxes.
+Choices InputLabelStates();
+Choices TextLabelStates();
+
 constexpr Address kTextLabel = Block(41, 60);
 std::span<const Command> OpeningOfTextLabels();
 

@@ -33,10 +33,6 @@ constexpr LabelRow kLabelRows[] = {
     {3, 1059, 1112, "Input 4 Labels :", 255},
 };
 
-constexpr Choice kLabelsStates[] = {
-    {kAllTypes, 0, "OFF", 0}, {kAllTypes, 1, "ON", 1}, {kAllTypes, 2, "Default Labels", 2}};
-static_assert(EveryRowCounts(kLabelsStates));
-
 // Brand 8 calls mode 9 its fifth.
 constexpr std::uint8_t kBrandOfModes1To4And9 = 8;
 constexpr char kMode9OfBrand8[] = "Mode 5\t\t\t";
@@ -191,7 +187,9 @@ void CDisplayModeDlg::ShowMode() {
   ShowChoice(kMode.value, ModeNames(), mode);
 }
 
-void CDisplayModeDlg::ShowLabelsState() { ShowChoice(kLabels.value, kLabelsStates, labelsState); }
+void CDisplayModeDlg::ShowLabelsState() {
+  ShowChoice(kLabels.value, InputLabelStates(), labelsState);
+}
 
 void CDisplayModeDlg::ShowNames(const ChannelChoice& choice) {
   Window().SetText(kMain.value, ChannelName(choice.shown.main));

@@ -15,10 +15,6 @@ constexpr CyclingGroup kState = {1110, 1111, 1112, 1113};
 constexpr int kLabelCaption = 1114;
 constexpr int kLabel = 1115;
 
-constexpr Choice kStates[] = {
-    {kAllTypes, 0, "Disable", 0}, {kAllTypes, 1, "Enable", 1}, {kAllTypes, 2, "Default Labels", 2}};
-static_assert(EveryRowCounts(kStates));
-
 }  // namespace
 
 void CTextLabelsDlg::Init() {
@@ -49,7 +45,9 @@ void CTextLabelsDlg::Refresh(ui::SerialHandle serial) {
   EnableLabel();
 }
 
-void CTextLabelsDlg::ShowState() { ShowChoice(kState.value, kStates, labelState); }
+void CTextLabelsDlg::ShowState() {
+  ShowChoice(kState.value, multiview::TextLabelStates(), labelState);
+}
 
 // The default label and unknown states leave the edit as it is.
 void CTextLabelsDlg::EnableLabel() {
