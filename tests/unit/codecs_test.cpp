@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+#include <string>
 #include <vector>
 
 namespace panelora {
@@ -81,6 +83,39 @@ TEST(Codecs, ImagePositionIsBigEndianAndSizeTwoPercentages) {
   const ImageSize size = {80, 99};
   EXPECT_EQ(Numbers(EncodeImageSize(size)), (std::vector{80, 99}));
   EXPECT_EQ(DecodeImageSize(EncodeImageSize(size)), size);
+}
+
+// Any bytes that a box may send come back as they were.
+TEST(Codecs, WhatIsTakenApartIsPutTogetherAgain) {
+  std::minstd_rand random;
+  for (int round = 0; round < 1000; ++round) {
+    std::array<std::uint8_t, 20> bytes{};
+    for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(random() >> 8);
+    const auto expect = [&](const auto& again, std::size_t size) {
+      EXPECT_EQ(Numbers(std::span(again).first(size)), Numbers(std::span(bytes).first(size)));
+    };
+    expect(EncodeIdentity(DecodeIdentity(bytes)), 5);
+    for (const ByteOrder order : {ByteOrder::kLittle, ByteOrder::kBig}) {
+      expect(EncodeFormat(DecodeFormat(bytes, order), order), 7);
+      expect(EncodePipWindow(DecodePipWindow(bytes, order), order), 8);
+      expect(Split(order, Join(order, bytes[0], bytes[1])), 2);
+    }
+    expect(EncodeRegion(DecodeRegion(bytes)), 10);
+    expect(EncodeToldDelays(DecodeToldDelays(bytes)), 4);
+    expect(EncodeTakenDelays(DecodeTakenDelays(bytes), false), 4);
+    expect(EncodeImagePosition(DecodeImagePosition(bytes)), 4);
+    expect(EncodeImageSize(DecodeImageSize(bytes)), 2);
+    const std::uint32_t version = LittleEndian(bytes[0], bytes[1]);
+    EXPECT_EQ(EncodeFirmware(version), (WordBuffer{bytes[0], bytes[1]}));
+  }
+}
+
+// A field holds its text in the middle; what stands elsewhere in it is moved there.
+TEST(Codecs, LabelsInTheMiddleComeBackAsTheyWere) {
+  for (std::size_t length = 0; length <= kLabelLength; ++length) {
+    const LabelField field = CentredLabel(std::string(length, 'x'));
+    EXPECT_EQ(CentredLabel(TextOfLabel(field)), field) << length;
+  }
 }
 
 }  // namespace
