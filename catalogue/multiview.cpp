@@ -181,7 +181,7 @@ constexpr Store kStores[] = {
     {{32}, Block(18, 30), Word(2)},
     {{23, 42}, Block(14, 30), Word(5)},
     {{30, 43}, Block(19, 30), Word(2)},
-    {{24, 34}, Block(18, 30), Block(4), IsByDipOrBrand2},
+    {{24, 34}, Block(18, 30), Block(6), IsByDipOrBrand2},
     {{24, 34}, Block(15, 30), Word(2)},
     {{33}, {}, Word(1)},
     {{14, 36}, Block(14, 30), Word(1)},

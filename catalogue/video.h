@@ -59,8 +59,8 @@ constexpr Address kOutputFormatReport = Word(1);
 inline constexpr BoxTypes kWithAutoPhase = {23, 25, 29, 42};
 constexpr Address kAutoPhase = Block(13);
 
-// Types with a freeze button; block 19 is the genlock mode or a label of the others.
-inline constexpr BoxTypes kWithFreeze = kAllTypes.Except({13, 15, 20, 33});
+// Types with a freeze button; block 19 is the genlock mode, the region or a label of the others.
+inline constexpr BoxTypes kWithFreeze = kAllTypes.Except({13, 15, 20, 30, 33, 43});
 // What freezes the picture, or lets it go on; in this order.
 std::span<const Command> FreezeCommands();
 

@@ -49,8 +49,8 @@ const ModelRow kModels[] = {
     {{23, 0, 0, 0, 0}, 14, "get word 0,5"},    {{42, 0, 0, 0, 0}, 14, "get word 0,5"},
     {{30, 0, 0, 0, 0}, 19, "get word 0,2"},    {{43, 0, 0, 0, 0}, 19, "get word 0,2"},
     {{24, 0, 0, 0, 1}, 15, "get word 0,2"},    {{34, 1, 0, 0, 0}, 15, "get word 0,2"},
-    {{24, 0, 0, 1, 0}, 18, "get block 4,0,2"}, {{34, 0, 0, 1, 0}, 18, "get block 4,0,2"},
-    {{24, 2, 0, 0, 0}, 18, "get block 4,0,2"}, {{34, 2, 0, 0, 0}, 18, "get block 4,0,2"},
+    {{24, 0, 0, 1, 0}, 18, "get block 6,0,2"}, {{34, 0, 0, 1, 0}, 18, "get block 6,0,2"},
+    {{24, 2, 0, 0, 0}, 18, "get block 6,0,2"}, {{34, 2, 0, 0, 0}, 18, "get block 6,0,2"},
     {{14, 0, 0, 0, 0}, 14, "get word 0,1"},    {{36, 0, 0, 0, 0}, 14, "get word 0,1"},
     {{25, 0, 0, 0, 0}, 18, "get word 0,1"},    {{29, 0, 0, 0, 0}, 18, "get word 0,1"},
 };
@@ -79,7 +79,9 @@ class Roi : public PanelTest {
     box.Block(static_cast<std::uint8_t>(property)) = BytesOf(region);
   }
   void SetInput(int code) {
-    box.Block(4) = {static_cast<std::uint8_t>(code), 0};
+    for (const std::uint8_t block : Bytes{4, 6}) {
+      box.Block(block) = {static_cast<std::uint8_t>(code), 0};
+    }
     for (const std::uint32_t item : {1U, 2U, 4U, 5U}) {
       box.Word(item) = {static_cast<std::uint32_t>(code), 0};
     }

@@ -303,7 +303,7 @@ inline void PlaceFour(Places& places, const Group& group, int top) {
   places[group.next] = {360, top + 23, 40, 39};
 }
 
-inline bool HasFreeze(int type) { return !Has({13, 15, 20, 33}, type); }
+inline bool HasFreeze(int type) { return !Has({13, 15, 20, 30, 33, 43}, type); }
 
 // Of the types other than 26; `phase`: the analogue input is selected.
 inline Places ExpectedPlaces(const Identity& box, int subPage, bool phase) {
