@@ -1,5 +1,5 @@
 // The finished program beside a whole library that the compiler of the other bitness made.
-#include "library_fixture.h"
+#include "tests/windows/end_to_end/library_fixture.h"
 
 namespace panelora::end_to_end {
 namespace {

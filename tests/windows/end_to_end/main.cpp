@@ -6,7 +6,7 @@
 
 #include <iostream>
 
-#include "panel_process.h"
+#include "tests/windows/end_to_end/panel_process.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);

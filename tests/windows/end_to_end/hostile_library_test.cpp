@@ -2,8 +2,8 @@
 #include <fstream>
 #include <functional>
 
-#include "device_calls.h"
-#include "library_fixture.h"
+#include "tests/windows/end_to_end/device_calls.h"
+#include "tests/windows/end_to_end/library_fixture.h"
 
 namespace panelora::end_to_end {
 

@@ -1,6 +1,6 @@
 // DEVLNK.dll where it is not, late, and with calls that fail or lie.
-#include "device_calls.h"
-#include "library_fixture.h"
+#include "tests/windows/end_to_end/device_calls.h"
+#include "tests/windows/end_to_end/library_fixture.h"
 
 namespace panelora::end_to_end {
 

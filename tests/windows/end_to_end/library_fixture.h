@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "panel_test.h"
+#include "tests/windows/end_to_end/panel_test.h"
 
 namespace panelora::end_to_end {
 

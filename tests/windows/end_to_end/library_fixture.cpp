@@ -1,4 +1,4 @@
-#include "library_fixture.h"
+#include "tests/windows/end_to_end/library_fixture.h"
 
 #include <windows.h>
 

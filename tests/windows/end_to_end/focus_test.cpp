@@ -5,7 +5,7 @@
 #include <functional>
 #include <random>
 
-#include "panel_test.h"
+#include "tests/windows/end_to_end/panel_test.h"
 
 namespace panelora::end_to_end {
 

@@ -1,7 +1,7 @@
 // Works inside the program as a message hook. It holds the monitor's clock, so that only the ticks
 // that a test sends count: WM_TIMER from the system's timer is taken out of the queue, one that is
 // sent passes. And it tells what can't be seen from another process.
-#include "panel_probe.h"
+#include "tests/windows/probe/panel_probe.h"
 
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-#include "panel_process.h"
+#include "tests/windows/end_to_end/panel_process.h"
 
 #include <cstdio>
 #include <cstring>

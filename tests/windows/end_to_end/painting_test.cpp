@@ -1,7 +1,7 @@
 // What is really on the screen.
 #include <set>
 
-#include "panel_test.h"
+#include "tests/windows/end_to_end/panel_test.h"
 
 namespace panelora::end_to_end {
 

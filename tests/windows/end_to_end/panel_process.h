@@ -17,8 +17,8 @@
 #include <string>
 #include <vector>
 
-#include "panel_probe.h"
 #include "simulator/bench_port.h"
+#include "tests/windows/probe/panel_probe.h"
 #include "ui/geometry.h"
 
 namespace panelora::ui {

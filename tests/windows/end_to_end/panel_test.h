@@ -6,7 +6,7 @@
 
 #include <memory>
 
-#include "panel_process.h"
+#include "tests/windows/end_to_end/panel_process.h"
 
 namespace panelora::end_to_end {
 

@@ -1,8 +1,8 @@
 // What the operator finds when the program has started.
 #include <fstream>
 
-#include "device_calls.h"
-#include "panel_test.h"
+#include "tests/windows/end_to_end/device_calls.h"
+#include "tests/windows/end_to_end/panel_test.h"
 
 namespace panelora::end_to_end {
 

@@ -1,7 +1,7 @@
 // The calls that the panel makes on model 26, by what it does.
 #pragma once
 
-#include "panel_process.h"
+#include "tests/windows/end_to_end/panel_process.h"
 
 namespace panelora::end_to_end {
 

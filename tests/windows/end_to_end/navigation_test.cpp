@@ -1,6 +1,6 @@
 // Every navigation button: which page it shows, with which buttons where.
-#include "device_calls.h"
-#include "panel_test.h"
+#include "tests/windows/end_to_end/device_calls.h"
+#include "tests/windows/end_to_end/panel_test.h"
 
 namespace panelora::end_to_end {
 

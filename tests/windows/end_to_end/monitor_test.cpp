@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "device_calls.h"
-#include "panel_test.h"
+#include "tests/windows/end_to_end/device_calls.h"
+#include "tests/windows/end_to_end/panel_test.h"
 
 namespace panelora::end_to_end {
 
