@@ -18,6 +18,7 @@
 #include "res/dialog_templates.h"
 #include "tests/fuzz/kept_files.h"
 #include "tests/fuzz/operator.h"
+#include "tests/support/controls.h"
 #include "tests/support/desk.h"
 #include "tests/support/pixels_win32.h"
 
@@ -309,10 +310,6 @@ class RealPanel {
   int strikes = 0;
   std::string broken;
 };
-
-std::string TextOf(const ui::Rect& rect) {
-  return Format("(%d, %d, %d, %d)", rect.x, rect.y, rect.width, rect.height);
-}
 
 // The first difference in what a dialog shows; empty = none.
 std::string DifferenceIn(const MemoryDialog& dialog, Desk& desk) {

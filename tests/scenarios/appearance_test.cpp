@@ -2,14 +2,14 @@
 #include <map>
 #include <set>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
 
 using ui::ControlKind;
 
-class Appearance : public PanelTest {};
+class Appearance : public Scenario {};
 
 constexpr ui::Font kSmall{"Arial", 120};   // 12 points
 constexpr ui::Font kMedium{"Arial", 130};  // 13 points

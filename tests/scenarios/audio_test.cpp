@@ -3,7 +3,7 @@
 #include <map>
 #include <tuple>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
@@ -11,7 +11,7 @@ namespace {
 constexpr int kPage = res::kAudio;
 using Texts = std::vector<std::string>;
 
-class Audio : public PanelTest {
+class Audio : public Scenario {
  protected:
   void Open(Identity identity = {26, 0, 0, 0, 0}) {
     admitted = {identity.boxType};

@@ -1,10 +1,10 @@
 // The device picture in the window: what it reads, and what it moves in the navigation bar.
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
 
-class DevicePicture : public PanelTest {
+class DevicePicture : public Scenario {
  protected:
   void StartAs(Identity identity) {
     admitted = {identity.boxType};

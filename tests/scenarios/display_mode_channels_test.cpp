@@ -4,7 +4,7 @@
 #include <set>
 
 #include "tests/support/channel_model.h"
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
@@ -21,7 +21,7 @@ constexpr Button kButtons[] = {{1046, &ChannelModel::PressMode},
                                {1055, &ChannelModel::PressSub2}};
 constexpr std::size_t kButtonCount = std::size(kButtons);
 
-class DisplayModeChannels : public PanelTest {
+class DisplayModeChannels : public Scenario {
  protected:
   void Open(const ChannelModel& wanted) {
     panel.reset();
@@ -49,7 +49,7 @@ class DisplayModeChannels : public PanelTest {
     for (std::size_t i = 0; i < 10; ++i) {
       box.Block(2)[i] = static_cast<std::uint8_t>(wanted.codeOfMode.at(static_cast<int>(i + 1)));
     }
-    PanelTest::Press(kPictureButton);
+    Scenario::Press(kPictureButton);
     model.codeOfMode = wanted.codeOfMode;
     model.Take(wanted.mode);
   }

@@ -4,7 +4,7 @@
 #include <iostream>
 
 #include "tests/support/holdings.h"
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
@@ -22,7 +22,7 @@ constexpr int kPanels = 100;
 #endif
 constexpr int kDialogs = 100;
 
-class Endurance : public PanelTest {
+class Endurance : public Scenario {
  protected:
   Endurance() { CountHoldings(desk); }  // the counting begins before anything is made
 

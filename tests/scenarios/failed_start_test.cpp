@@ -3,7 +3,7 @@
 #include <set>
 
 #include "platform/memory/memory_toolkit.h"
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {

@@ -1,11 +1,11 @@
 // What the pages hold before the box has told anything: a box that is there and answers no read
 // but that of its identity.
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
 
-class FirstValues : public PanelTest {
+class FirstValues : public Scenario {
  protected:
   void StartSilent(const Identity& identity) {
     panel.reset();

@@ -1,7 +1,7 @@
 // Where the keyboard is: always on a control that is seen and enabled, or on the window itself.
 #include <functional>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 
@@ -12,7 +12,7 @@ using Focus = std::pair<int, int>;
 constexpr int kVideoSettingButton = 1002;  // of the Video menu
 constexpr int kImageAdjustButton = 1007;
 
-class FocusTest : public PanelTest {
+class FocusTest : public Scenario {
  protected:
   Focus Now() { return desk.Focus(res::kMain); }
 };

@@ -2,7 +2,7 @@
 // on. It runs in memory alone, where a step outside of any buffer ends the test.
 #include <random>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 #include "tests/support/tireless_operator.h"
 
 namespace panelora::testing {
@@ -107,7 +107,7 @@ class UntidyBox final : public DeviceLink {
 constexpr int kFirstType = 10;
 constexpr int kLastType = 53;
 
-class HostileAnswers : public PanelTest {
+class HostileAnswers : public Scenario {
  protected:
   void StartOver(DeviceLink& link) {
     panel = std::make_unique<CMainDlg>(link, desk.Toolkit(), admitted);

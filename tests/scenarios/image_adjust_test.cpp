@@ -1,5 +1,5 @@
 // The Image adjustment page.
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
@@ -7,7 +7,7 @@ namespace {
 constexpr int kPage = res::kImageAdjust;
 constexpr int kButtons[] = {1091, 1092, 1093, 1094, 1095, 1096, 1097, 1098};
 
-class ImageAdjust : public PanelTest {
+class ImageAdjust : public Scenario {
  protected:
   void Open(Identity identity = {26, 0, 0, 0, 0}) {
     admitted = {identity.boxType};

@@ -1,5 +1,5 @@
 // The Information page.
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
@@ -8,7 +8,7 @@ constexpr int kPage = res::kInformation;
 constexpr int kFormat = 1007;
 constexpr int kFirmware = 1014;
 
-class Information : public PanelTest {
+class Information : public Scenario {
  protected:
   void Receive(std::vector<std::uint8_t> format) {
     format.resize(30);

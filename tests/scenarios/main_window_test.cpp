@@ -1,10 +1,10 @@
 // The main window: start, connection monitor, looks, system menu, end.
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
 
-using MainWindow = PanelTest;
+using MainWindow = Scenario;
 
 const Calls kStartCalls = Join({kOpenCall, kIdentityCall, kInformationCalls, kMultiViewCall});
 const Calls kNoBoxCalls = Join({kOpenCall, kIdentityCall, kMultiViewCall});

@@ -3,7 +3,7 @@
 #include <map>
 #include <sstream>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
@@ -50,7 +50,7 @@ const std::string& CellOf(const Column& column, int boxType) {
   return found != column.end() ? found->second : column.at(kAllOthers);
 }
 
-class ModelsTable : public PanelTest {
+class ModelsTable : public Scenario {
  protected:
   Calls Opening(PageCode code) {
     TakeCalls();

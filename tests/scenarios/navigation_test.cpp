@@ -1,12 +1,12 @@
 // The navigation bar: pages, buttons, and what Apply, Default, Refresh and Page Up act on.
 #include <cstdlib>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
 
-using Navigation = PanelTest;
+using Navigation = Scenario;
 using Texts = std::vector<std::string>;
 
 TEST_F(Navigation, AudioShowsItsPageWithApplyAndReturn) {

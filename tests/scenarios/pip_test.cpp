@@ -1,7 +1,7 @@
 // The picture-in-picture page: frames, sliders, edits, byte orders.
 #include <map>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
@@ -31,7 +31,7 @@ enum Value { kHPos, kVPos, kHSize, kVSize };
 using Texts = std::vector<std::string>;
 using Range = std::pair<int, int>;
 
-class Pip : public PanelTest {
+class Pip : public Scenario {
  protected:
   // A box in this display mode with an inset of 640 by 360 at (100, 50), on 1920 by 1080.
   void Open(Identity identity = {15, 0, 0, 0, 0}, std::uint8_t mode = 4) {

@@ -1,5 +1,5 @@
 // The processing amplifier page.
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
@@ -12,7 +12,7 @@ constexpr int kEdits[] = {1049, 1050, 1051, 1052};
 constexpr int kRgbSliders[] = {1041, 1044, 1047};
 constexpr int kRgbLabels[] = {1042, 1045, 1048};
 
-class ProcAmp : public PanelTest {
+class ProcAmp : public Scenario {
  protected:
   void Open(std::uint8_t brand = 0, std::uint8_t boxType = 26) {
     admitted = {boxType};

@@ -1,5 +1,5 @@
 // The region of interest page: properties by model, frames, modes, sliders.
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
@@ -55,7 +55,7 @@ const ModelRow kModels[] = {
     {{25, 0, 0, 0, 0}, 18, "get word 0,1"},    {{29, 0, 0, 0, 0}, 18, "get word 0,1"},
 };
 
-class Roi : public PanelTest {
+class Roi : public Scenario {
  protected:
   // Opens the page on a box with this region; the input is 1920 by 1080.
   void Open(const Region& region = {100, 50, 640, 360, 1, 0}, std::uint8_t brand = 0) {

@@ -1,7 +1,7 @@
 // The Setting page and the Caution dialog.
 #include <map>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
@@ -9,7 +9,7 @@ namespace {
 constexpr int kPage = res::kSetting;
 using Texts = std::vector<std::string>;
 
-class Setting : public PanelTest {
+class Setting : public Scenario {
  protected:
   void Open(std::uint32_t firmware = 0x0126, Identity identity = {26, 0, 0, 0, 0}) {
     admitted = {identity.boxType};

@@ -1,5 +1,5 @@
 // The Text Labels page.
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
@@ -9,7 +9,7 @@ constexpr int kState = 1112;
 constexpr int kNextState = 1113;
 constexpr int kLabel = 1115;
 
-class TextLabels : public PanelTest {
+class TextLabels : public Scenario {
  protected:
   void Open(std::uint8_t type = 46) {
     panel.reset();

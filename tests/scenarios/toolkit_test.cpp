@@ -1,5 +1,5 @@
 // What the pages may rely on in a dialog, on either toolkit.
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {

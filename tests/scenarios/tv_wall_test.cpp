@@ -1,6 +1,6 @@
 // The TV Wall page: grids, pictures of the tiles, and what a press on a tile writes.
 #include "catalogue/wall.h"
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
@@ -16,7 +16,7 @@ std::string PictureName(int size, int tile, char state) {
   return Format("WND%dX%d_%02d_%c", size, size, tile, state);
 }
 
-class TvWall : public PanelTest {
+class TvWall : public Scenario {
  protected:
   void Open(std::uint8_t boxType, int size = 2, int tile = 0) {
     panel.reset();

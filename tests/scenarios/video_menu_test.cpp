@@ -1,14 +1,14 @@
 // The Video menu page.
 #include <map>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
 
 constexpr int kPage = res::kVideoMenu;
 
-class VideoMenu : public PanelTest {
+class VideoMenu : public Scenario {
  protected:
   // The tops of the buttons that are shown; all of them stand in one column.
   std::map<int, int> ShownButtons() {

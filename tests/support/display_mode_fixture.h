@@ -3,7 +3,7 @@
 
 #include <map>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 
@@ -39,7 +39,7 @@ inline const Places kLabelsView = {
     {1110, {180, 153, 240, 25}}, {1111, {180, 203, 240, 25}}, {1112, {180, 253, 240, 25}},
 };
 
-class DisplayMode : public PanelTest {
+class DisplayMode : public Scenario {
  protected:
   // Opens the page on a box with these modes and labels.
   void Open(Identity identity, std::uint8_t nineModes = 1, std::uint8_t labels = 1,

@@ -3,7 +3,7 @@
 
 #include <map>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 
@@ -53,7 +53,7 @@ inline Calls Reads(std::uint8_t type) {
   return reads;
 }
 
-class Genlock : public PanelTest {
+class Genlock : public Scenario {
  protected:
   // Opens the page on a box with these codes and delays.
   void Open(std::uint8_t type, int mode = 1, int outputCode = 10, int inputCode = 15,

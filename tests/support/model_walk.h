@@ -6,23 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 
-using Texts = std::vector<std::string>;
-// Controls that are shown, with their places.
-using Places = std::map<int, Rect>;
-
-// The four controls of a setting that is stepped by its ">>".
-struct Group {
-  int label;
-  int frame;
-  int value;
-  int next;
-};
-
-class ModelWalk : public PanelTest {
+class ModelWalk : public Scenario {
  protected:
   // The codes that some rule of the family names, and three that none does.
   static constexpr int kTypes[] = {0,  5,  6,  7,  13, 14, 15, 17, 18, 19, 20, 21, 22, 23, 24,

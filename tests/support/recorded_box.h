@@ -5,14 +5,12 @@
 #include <set>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include "device/call.h"
 #include "simulator/box_model.h"
+#include "tests/support/device_calls.h"
 
 namespace panelora::testing {
-
-using Calls = std::vector<std::string>;
 
 class RecordedBox final : public DeviceLink {
  public:

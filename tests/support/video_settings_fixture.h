@@ -3,7 +3,7 @@
 
 #include <map>
 
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 
@@ -24,7 +24,7 @@ inline constexpr Control kEdge{1085, 1084};
 
 using Texts = std::vector<std::string>;
 
-class VideoSettings : public PanelTest {
+class VideoSettings : public Scenario {
  protected:
   void Open(std::uint32_t firmware = 0x0126, Identity identity = {26, 0, 0, 0, 0}) {
     admitted = {identity.boxType};

@@ -1,11 +1,11 @@
 // What only real windows show of the multi-view pages.
 #include "platform/win32/win32_toolkit.h"
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
 
-class MultiViewWindows : public PanelTest {
+class MultiViewWindows : public Scenario {
  protected:
   win32::Win32Dialog& Page(int number) {
     return *static_cast<win32::Win32Toolkit&>(desk.Toolkit()).Find(number);

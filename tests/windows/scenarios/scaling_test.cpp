@@ -1,12 +1,12 @@
 // The dpi of the monitor changes: every place is scaled, and comes back exactly.
 #include "platform/win32/dpi.h"
 #include "platform/win32/win32_toolkit.h"
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
 
-class Scaling : public PanelTest {
+class Scaling : public Scenario {
  protected:
   void ChangeDpi(int dpi) {
     auto& toolkit = static_cast<win32::Win32Toolkit&>(desk.Toolkit());

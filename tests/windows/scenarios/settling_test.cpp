@@ -1,12 +1,12 @@
 // In which order a press changes the windows, and how often each.
 #include "platform/win32/win32_toolkit.h"
-#include "tests/support/panel_test.h"
 #include "tests/support/pixels_win32.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
 
-class Settling : public PanelTest {
+class Settling : public Scenario {
  protected:
   ~Settling() override {
     if (hook != nullptr) UnhookWindowsHookEx(hook);

@@ -1,11 +1,11 @@
 // The real trackbar under the operator's hands.
 #include "platform/win32/win32_toolkit.h"
-#include "tests/support/panel_test.h"
+#include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
 
-class Slider : public PanelTest {
+class Slider : public Scenario {
  protected:
   HWND WindowOf(int control) {
     auto& toolkit = static_cast<win32::Win32Toolkit&>(desk.Toolkit());

@@ -11,37 +11,17 @@
 #include "app/main_dlg.h"
 #include "app/navigation.h"
 #include "res/dialog_templates.h"
+#include "tests/support/controls.h"
 #include "tests/support/desk.h"
+#include "tests/support/device_calls.h"
 #include "tests/support/recorded_box.h"
-
-namespace panelora::ui {
-
-inline std::ostream& operator<<(std::ostream& out, const Rect& rect) {
-  return out << "(" << rect.x << ", " << rect.y << ", " << rect.width << ", " << rect.height << ")";
-}
-
-}  // namespace panelora::ui
 
 namespace panelora::testing {
 
 using ui::Rect;
 using Bytes = std::vector<std::uint8_t>;
 
-// The calls of a processed tick, of an Information refresh and of the whole start on model 26.
-inline const Calls kOpenCall = {"open 2"};
-inline const Calls kIdentityCall = {"get block 254,0,20"};
-inline const Calls kInformationCalls = {"get block 1,0,30", "get word 0,5"};
-// What the Display Mode page asks while it is initialised, whatever the model.
-inline const Calls kMultiViewCall = {"get block 1,0,20"};
-
-// One list after another.
-inline Calls Join(std::initializer_list<Calls> lists) {
-  Calls all;
-  for (const Calls& list : lists) all.insert(all.end(), list.begin(), list.end());
-  return all;
-}
-
-class PanelTest : public ::testing::Test {
+class Scenario : public ::testing::Test {
  protected:
   // Starts the panel. What it asked the box is in TakeCalls afterwards.
   void Start() {
