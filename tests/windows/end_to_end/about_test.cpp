@@ -1,12 +1,11 @@
 // The About dialog.
-#include "tests/windows/end_to_end/device_calls.h"
-#include "tests/windows/end_to_end/panel_test.h"
+#include "tests/windows/end_to_end/program_test.h"
 
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 
 namespace {
 
-class AboutTest : public PanelTest {
+class AboutTest : public ProgramTest {
  protected:
   HWND OpenAbout(PanelProcess& panel) {
     panel.Post(panel.Main(), WM_SYSCOMMAND, 16);
@@ -18,9 +17,9 @@ class AboutTest : public PanelTest {
   void ExpectUsable(PanelProcess& panel) {
     panel.Await("the end of the About dialog",
                 [&] { return panel.OwnedDialog() == nullptr && IsWindowEnabled(panel.Main()); });
-    panel.Press(kMain, kVideo);
-    EXPECT_EQ(panel.CurrentLook().pages, std::vector<int>{kVideoMenuPage});
-    panel.Press(kMain, kReturn);
+    panel.Press(res::kMain, kVideoButton);
+    EXPECT_EQ(panel.CurrentLook().pages, std::vector<int>{res::kVideoMenu});
+    panel.Press(res::kMain, kReturnButton);
     EXPECT_EQ(panel.CurrentLook(), HomeLook());
   }
 };
@@ -36,9 +35,9 @@ TEST_F(AboutTest, TellsTheVersionUntilOk) {
       tellsVersion = tellsVersion || panel.Text(child) == "Panelora Version 1.0";
     }
     EXPECT_TRUE(tellsVersion);
-    EXPECT_EQ(panel.Text(kAbout, 1), "OK");
+    EXPECT_EQ(panel.Text(res::kAbout, 1), "OK");
     EXPECT_FALSE(IsWindowEnabled(panel.Main()));
-    panel.Post(panel.Control(kAbout, 1), BM_CLICK);
+    panel.Post(panel.Control(res::kAbout, 1), BM_CLICK);
     ExpectUsable(panel);
   }
 }
@@ -57,7 +56,7 @@ TEST_F(AboutTest, EnterAndEscapeClose) {
   for (const WPARAM key : {VK_RETURN, VK_ESCAPE}) {
     SCOPED_TRACE(key);
     OpenAbout(panel);
-    panel.PostKey(panel.Control(kAbout, 1), key);
+    panel.PostKey(panel.Control(res::kAbout, 1), key);
     ExpectUsable(panel);
   }
 }
@@ -68,12 +67,12 @@ TEST_F(AboutTest, MonitorGoesOnBehind) {
   panel.TakeCalls();
   panel.Plug(false);
   panel.Tick();
-  EXPECT_EQ(panel.TakeCalls(), Joined({kOpen, kIdentify, kInitialisePagesWithoutBox}));
+  EXPECT_EQ(panel.TakeCalls(), Join({kOpenCall, kIdentityCall, kInitialiseCallsWithoutBox}));
   EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
   EXPECT_FALSE(IsWindowEnabled(panel.Main()));
   panel.Plug(true);
   panel.Tick();
-  panel.Post(panel.Control(kAbout, 1), BM_CLICK);
+  panel.Post(panel.Control(res::kAbout, 1), BM_CLICK);
   ExpectUsable(panel);
 }
 
@@ -85,4 +84,4 @@ TEST_F(AboutTest, ProgramEndsWithTheDialogOpen) {
 
 }  // namespace
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end

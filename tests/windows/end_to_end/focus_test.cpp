@@ -5,20 +5,13 @@
 #include <functional>
 #include <random>
 
-#include "tests/windows/end_to_end/panel_test.h"
+#include "tests/support/video_menu_controls.h"
+#include "tests/windows/end_to_end/program_test.h"
 
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 
 namespace {
 
-// Pages of the Video menu, by their buttons.
-constexpr int kVideoSettingsButton = 1002;
-constexpr int kDisplayModeButton = 1003;
-constexpr int kTvWallButton = 1004;
-constexpr int kPipButton = 1005;
-constexpr int kGenlockButton = 1006;
-constexpr int kImageAdjustButton = 1007;
-constexpr int kRoiButton = 1008;
 constexpr int kNoMenu = 0;
 
 // A page, and how the operator comes there.
@@ -29,20 +22,20 @@ struct Way {
   int page;
 };
 const Way kWays[] = {
-    {{26, 0, 0, 0, 0}, kInformation, kNoMenu, kInformationPage},
-    {{26, 0, 0, 0, 0}, kVideo, kNoMenu, kVideoMenuPage},
-    {{26, 0, 0, 0, 0}, kVideo, kVideoSettingsButton, kVideoSettingsPage},
-    {{26, 0, 0, 0, 0}, kVideo, kImageAdjustButton, kImageAdjustPage},
-    {{26, 0, 0, 0, 0}, kAudio, kNoMenu, kAudioPage},
-    {{26, 0, 0, 0, 0}, kProcAmp, kNoMenu, kProcAmpPage},
-    {{26, 2, 0, 0, 0}, kProcAmp, kNoMenu, kProcAmpPage},
-    {{26, 0, 0, 0, 0}, kSetting, kNoMenu, kSettingPage},
-    {{24, 2, 0, 0, 0}, kAudio, kNoMenu, kAudioPage},
-    {{15, 0, 0, 0, 0}, kVideo, kDisplayModeButton, kDisplayModePage},
-    {{15, 0, 0, 0, 0}, kVideo, kPipButton, kPipPage},
-    {{14, 0, 0, 0, 0}, kVideo, kTvWallButton, kTvWallPage},
-    {{46, 0, 0, 0, 0}, kVideo, kGenlockButton, kGenlockPage},
-    {{46, 0, 0, 0, 0}, kVideo, kRoiButton, kRoiPage},
+    {{26, 0, 0, 0, 0}, kInformationButton, kNoMenu, res::kInformation},
+    {{26, 0, 0, 0, 0}, kVideoButton, kNoMenu, res::kVideoMenu},
+    {{26, 0, 0, 0, 0}, kVideoButton, kVideoSettingsButton, res::kVideoSettings},
+    {{26, 0, 0, 0, 0}, kVideoButton, kImageAdjustButton, res::kImageAdjust},
+    {{26, 0, 0, 0, 0}, kAudioButton, kNoMenu, res::kAudio},
+    {{26, 0, 0, 0, 0}, kProcAmpButton, kNoMenu, res::kProcAmp},
+    {{26, 2, 0, 0, 0}, kProcAmpButton, kNoMenu, res::kProcAmp},
+    {{26, 0, 0, 0, 0}, kSettingButton, kNoMenu, res::kSetting},
+    {{24, 2, 0, 0, 0}, kAudioButton, kNoMenu, res::kAudio},
+    {{15, 0, 0, 0, 0}, kVideoButton, kDisplayModeButton, res::kDisplayMode},
+    {{15, 0, 0, 0, 0}, kVideoButton, kPipButton, res::kPip},
+    {{14, 0, 0, 0, 0}, kVideoButton, kTvWallButton, res::kTvWall},
+    {{46, 0, 0, 0, 0}, kVideoButton, kGenlockButton, res::kGenlock},
+    {{46, 0, 0, 0, 0}, kVideoButton, kRoiButton, res::kRoi},
 };
 
 std::vector<WPARAM> EveryKey() {
@@ -64,7 +57,7 @@ const std::vector<std::string> kQuietKeys = {
     "Left", "Home", "Up", "Down", "Right", "F1", "Prior", "End",   "Insert", "Next",   "Delete"};
 const std::vector<std::string> kPressingKeys = {"space", "Return", "Tab", "shift+Tab", "Escape"};
 
-class FocusTest : public PanelTest {
+class FocusTest : public ProgramTest {
  protected:
   PanelProcess& StartFor(const Way& way) {
     return Start({.program = TheParts().everyModel, .identity = way.identity});
@@ -87,15 +80,15 @@ class FocusTest : public PanelTest {
   }
 
   void Open(PanelProcess& panel, const Way& way, const std::function<void(int, int)>& press) {
-    press(kMain, way.button);
-    if (way.menuButton != kNoMenu) press(kVideoMenuPage, way.menuButton);
+    press(res::kMain, way.button);
+    if (way.menuButton != kNoMenu) press(res::kVideoMenu, way.menuButton);
     ASSERT_EQ(panel.CurrentLook().pages, std::vector<int>{way.page});
   }
 
   // Back to the Information page from wherever it is.
   void GoHome(PanelProcess& panel) {
-    for (int i = 0; i < 4 && IsWindowVisible(panel.Control(kMain, kReturn)); ++i) {
-      panel.Press(kMain, kReturn);
+    for (int i = 0; i < 4 && IsWindowVisible(panel.Control(res::kMain, kReturnButton)); ++i) {
+      panel.Press(res::kMain, kReturnButton);
     }
   }
 
@@ -125,12 +118,12 @@ class EveryWay : public FocusTest, public ::testing::WithParamInterface<std::siz
 TEST_P(EveryWay, AnswersToEveryPostedKey) {
   const Way& way = kWays[GetParam()];
   PanelProcess& panel = StartFor(way);
-  HWND before = panel.Control(kMain, way.button);
+  HWND before = panel.Control(res::kMain, way.button);
   const auto open = [&] {
     if (panel.CurrentLook().pages == std::vector<int>{way.page}) return;
     GoHome(panel);
-    before = way.menuButton != kNoMenu ? panel.Control(kVideoMenuPage, way.menuButton)
-                                       : panel.Control(kMain, way.button);
+    before = way.menuButton != kNoMenu ? panel.Control(res::kVideoMenu, way.menuButton)
+                                       : panel.Control(res::kMain, way.button);
     Open(panel, way, ByMessage(panel));
     ExpectUsableFocus(panel);
   };
@@ -163,11 +156,11 @@ TEST_P(EveryWay, AnswersAfterThePageIsGone) {
   PanelProcess& panel = StartFor(way);
   Open(panel, way, ByMouse(panel));
   const HWND inPage = panel.Focus();
-  if (IsWindowVisible(panel.Control(kMain, kReturn))) {
-    panel.Click(panel.Control(kMain, kReturn));
+  if (IsWindowVisible(panel.Control(res::kMain, kReturnButton))) {
+    panel.Click(panel.Control(res::kMain, kReturnButton));
     EXPECT_EQ(panel.Focus(), way.menuButton != kNoMenu
-                                 ? panel.Control(kVideoMenuPage, way.menuButton)
-                                 : panel.Control(kMain, way.button));
+                                 ? panel.Control(res::kVideoMenu, way.menuButton)
+                                 : panel.Control(res::kMain, way.button));
     panel.TypeKeys({"x", "space", "Right"});
     ExpectUsableFocus(panel);
     GoHome(panel);
@@ -185,7 +178,7 @@ TEST_P(EveryWay, AnswersAfterThePageIsGone) {
   ExpectUsableFocus(panel);
   panel.Plug(true);
   for (int i = 0; i < 6 && panel.CurrentLook() == DisconnectedLook(); ++i) panel.Tick();
-  EXPECT_EQ(panel.CurrentLook().pages, std::vector<int>{kInformationPage});
+  EXPECT_EQ(panel.CurrentLook().pages, std::vector<int>{res::kInformation});
   panel.TypeKeys({"q", "Tab"});
   ExpectUsableFocus(panel);
 }
@@ -220,15 +213,15 @@ TEST_F(FocusTest, AnswersWithCautionOpen) {
   PanelProcess& panel = Start();
   for (const char* key : {"x", "Tab", "Left", "space"}) {
     SCOPED_TRACE(key);
-    panel.Click(panel.Control(kMain, kSetting));
-    panel.Click(panel.Control(kSettingPage, 1056));
-    panel.Click(panel.Control(kMain, kApply));
-    const HWND inPage = panel.Control(kSettingPage, 1056);
+    panel.Click(panel.Control(res::kMain, kSettingButton));
+    panel.Click(panel.Control(res::kSetting, 1056));
+    panel.Click(panel.Control(res::kMain, kApplyButton));
+    const HWND inPage = panel.Control(res::kSetting, 1056);
     ASSERT_NE(panel.OwnedDialog(), nullptr);
     ExpectUsableFocus(panel);
     panel.TypeKeys({key});
     ExpectUsableFocus(panel);
-    panel.Press(kMain, kReturn);
+    panel.Press(res::kMain, kReturnButton);
     panel.PostKey(inPage, 'X');
     panel.PostKey(panel.Focus(), VK_ESCAPE);
     panel.Description();
@@ -254,7 +247,7 @@ class Walk : public FocusTest, public ::testing::WithParamInterface<unsigned> {
         if (IsWindowEnabled(control)) found.push_back(control);
       }
     };
-    collect(kMain);
+    collect(res::kMain);
     for (const int page : panel.CurrentLook().pages) collect(page);
     return found;
   }
@@ -296,4 +289,4 @@ INSTANTIATE_TEST_SUITE_P(Seeds, Walk, ::testing::Values(1U, 2U, 3U, 4U));
 
 }  // namespace
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end

@@ -2,10 +2,10 @@
 #include <fstream>
 #include <functional>
 
-#include "tests/windows/end_to_end/device_calls.h"
+#include "tests/support/video_menu_controls.h"
 #include "tests/windows/end_to_end/library_fixture.h"
 
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 
 namespace {
 
@@ -17,7 +17,7 @@ TEST_P(MissingExportTest, IsNamedAndTheLibraryOfNoUse) {
   ++other.back();
   PanelProcess& panel =
       ExpectUnusable(FileWith(LibraryWith(name, other)), {"DEVLNK.dll", " lacks " + name + "."});
-  EXPECT_EQ(panel.TakeCalls(), kNothing);
+  EXPECT_EQ(panel.TakeCalls(), Calls{});
   ExpectWholeLibraryIsFound(panel);
 }
 
@@ -51,7 +51,7 @@ class UnloadableTest : public LibraryTest, public ::testing::WithParamInterface<
 TEST_P(UnloadableTest, ShowsTheDisconnectedLookUntilAWholeOneIsThere) {
   PanelProcess& panel =
       ExpectUnusable(FileWith(GetParam().from(LibraryBytes())), {"DEVLNK.dll", "can't be loaded"});
-  EXPECT_EQ(panel.TakeCalls(), kNothing);
+  EXPECT_EQ(panel.TakeCalls(), Calls{});
   ExpectWholeLibraryIsFound(panel);
 }
 
@@ -100,7 +100,7 @@ TEST_F(HostileLibraryTest, LibraryThatCantBeOpenedYetIsFoundWhenItCan) {
                                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
   ASSERT_NE(writer, INVALID_HANDLE_VALUE);
   ExpectDisconnectedForGood(panel);
-  EXPECT_EQ(panel.TakeCalls(), kNothing);
+  EXPECT_EQ(panel.TakeCalls(), Calls{});
   CloseHandle(writer);
   for (int tick = 0; tick < 3; ++tick) panel.Tick();
   EXPECT_EQ(panel.CurrentLook(), HomeLook());
@@ -136,18 +136,18 @@ TEST_F(HostileLibraryTest, SlowCallsAreWaitedForAndNothingElseChanges) {
       panel.Tick();
       look();
     }
-    for (const int button : {kInformation, kAudio, kProcAmp, kSetting}) {
-      press(kMain, button);
-      press(kMain, button == kInformation ? kRefresh : kReturn);
+    for (const int button : {kInformationButton, kAudioButton, kProcAmpButton, kSettingButton}) {
+      press(res::kMain, button);
+      press(res::kMain, button == kInformationButton ? kRefreshButton : kReturnButton);
     }
-    press(kMain, kVideo);
-    for (const int button : {1002, 1007}) {
-      press(kVideoMenuPage, button);
-      press(kMain, kApply);
+    press(res::kMain, kVideoButton);
+    for (const int button : {kVideoSettingsButton, kImageAdjustButton}) {
+      press(res::kVideoMenu, button);
+      press(res::kMain, kApplyButton);
       panel.Tick();
-      press(kMain, kReturn);
+      press(res::kMain, kReturnButton);
     }
-    press(kMain, kReturn);
+    press(res::kMain, kReturnButton);
     seen.calls = panel.TakeCalls();
     CloseAndCheck();
     return seen;
@@ -198,4 +198,4 @@ INSTANTIATE_TEST_SUITE_P(Seed, MadLibraryTest, ::testing::Range(1, 4),
 
 }  // namespace
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end

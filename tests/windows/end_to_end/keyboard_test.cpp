@@ -2,14 +2,14 @@
 #include <algorithm>
 #include <set>
 
-#include "tests/windows/end_to_end/device_calls.h"
-#include "tests/windows/end_to_end/panel_test.h"
+#include "tests/support/video_menu_controls.h"
+#include "tests/windows/end_to_end/program_test.h"
 
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 
 namespace {
 
-class KeyboardTest : public PanelTest {
+class KeyboardTest : public ProgramTest {
  protected:
   // Waits until the program has taken every message that was posted to it.
   void Settle(PanelProcess& panel) { panel.Description(); }
@@ -46,22 +46,24 @@ class KeyboardTest : public PanelTest {
 
 TEST_F(KeyboardTest, TabVisitsTheVisibleButtonsOnly) {
   PanelProcess& panel = Start();
-  EXPECT_EQ(TabOrder(panel), (std::vector<int>{kPicture, kVideo, kInformation, kAudio, kProcAmp,
-                                               kSetting, kRefresh}));
-  panel.Press(kMain, kVideo);
-  EXPECT_EQ(TabOrder(panel), (std::vector<int>{kPicture, 1002, kReturn, 1007}));
+  EXPECT_EQ(TabOrder(panel),
+            (std::vector<int>{kPictureButton, kVideoButton, kInformationButton, kAudioButton,
+                              kProcAmpButton, kSettingButton, kRefreshButton}));
+  panel.Press(res::kMain, kVideoButton);
+  EXPECT_EQ(TabOrder(panel), (std::vector<int>{kPictureButton, kVideoSettingsButton, kReturnButton,
+                                               kImageAdjustButton}));
   panel.Plug(false);
   panel.Tick();
-  EXPECT_EQ(TabOrder(panel), std::vector<int>{kPicture});
+  EXPECT_EQ(TabOrder(panel), std::vector<int>{kPictureButton});
 }
 
 TEST_F(KeyboardTest, EnterAndSpacePressTheFocusedButton) {
   PanelProcess& panel = Start();
-  TabTo(panel, kVideo);
+  TabTo(panel, kVideoButton);
   panel.PostKey(panel.Focus(), VK_RETURN);
   Settle(panel);
-  EXPECT_EQ(panel.CurrentLook().pages, std::vector<int>{kVideoMenuPage});
-  TabTo(panel, kReturn);
+  EXPECT_EQ(panel.CurrentLook().pages, std::vector<int>{res::kVideoMenu});
+  TabTo(panel, kReturnButton);
   panel.PostKey(panel.Focus(), VK_SPACE);
   Settle(panel);
   EXPECT_EQ(panel.CurrentLook(), HomeLook());
@@ -70,8 +72,8 @@ TEST_F(KeyboardTest, EnterAndSpacePressTheFocusedButton) {
 // A key that is held repeats itself; what it presses goes to the box once.
 TEST_F(KeyboardTest, HeldEnterPressesOnce) {
   PanelProcess& panel = Start();
-  panel.Press(kMain, kAudio);
-  TabTo(panel, kApply);
+  panel.Press(res::kMain, kAudioButton);
+  TabTo(panel, kApplyButton);
   panel.TakeCalls();
   const HWND apply = panel.Focus();
   constexpr LPARAM kRepeated = 0x40000001;
@@ -89,7 +91,7 @@ TEST_F(KeyboardTest, HeldEnterPressesOnce) {
 
 TEST_F(KeyboardTest, FocusLeavesAButtonThatIsHidden) {
   PanelProcess& panel = Start();
-  for (const int button : {kVideo, kAudio, kProcAmp, kSetting}) {
+  for (const int button : {kVideoButton, kAudioButton, kProcAmpButton, kSettingButton}) {
     SCOPED_TRACE(button);
     TabTo(panel, button);
     panel.PostKey(panel.Focus(), VK_RETURN);
@@ -97,7 +99,7 @@ TEST_F(KeyboardTest, FocusLeavesAButtonThatIsHidden) {
     const HWND focus = AwaitFocus(panel);
     EXPECT_TRUE(IsWindowVisible(focus));
     EXPECT_NE(focus, panel.Main());
-    TabTo(panel, kReturn);
+    TabTo(panel, kReturnButton);
     panel.PostKey(panel.Focus(), VK_RETURN);
     Settle(panel);
     ASSERT_EQ(panel.CurrentLook(), HomeLook());
@@ -106,10 +108,11 @@ TEST_F(KeyboardTest, FocusLeavesAButtonThatIsHidden) {
 
 TEST_F(KeyboardTest, EnterAndEscapeNeverCloseTheWindowOrAPage) {
   PanelProcess& panel = Start();
-  for (const int button : {kInformation, kVideo, kAudio, kProcAmp, kSetting}) {
+  for (const int button :
+       {kInformationButton, kVideoButton, kAudioButton, kProcAmpButton, kSettingButton}) {
     SCOPED_TRACE(button);
-    panel.Command(kMain, kReturn);
-    panel.Command(kMain, button);
+    panel.Command(res::kMain, kReturnButton);
+    panel.Command(res::kMain, button);
     const Look look = panel.CurrentLook();
     const HWND page = panel.Page(look.pages.front());
     // The page gets the keys itself and through the command that dialogs make of them.
@@ -153,4 +156,4 @@ TEST_F(KeyboardTest, CloseBoxEndsTheProgramInBothLooks) {
 
 }  // namespace
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end

@@ -7,7 +7,10 @@
 #include <fstream>
 #include <iterator>
 
-namespace panelora::end_to_end {
+#include "tests/support/information_controls.h"
+#include "tests/support/video_menu_controls.h"
+
+namespace panelora::testing::end_to_end {
 
 std::string LibraryTest::LibraryBytes() {
   std::ifstream file(TheParts().box, std::ios::binary);
@@ -64,7 +67,7 @@ PanelProcess& LibraryTest::ExpectUnusable(const std::filesystem::path& library,
 void LibraryTest::ExpectDisconnectedForGood(PanelProcess& panel) {
   EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
   for (int tick = 0; tick < 3; ++tick) panel.Tick();
-  panel.Press(kMain, kPicture);
+  panel.Press(res::kMain, kPictureButton);
   for (int tick = 0; tick < 3; ++tick) panel.Tick();
   EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
 }
@@ -76,7 +79,7 @@ void LibraryTest::ExpectWholeLibraryIsFound(PanelProcess& panel) {
   panel.Tick();
   panel.Tick();  // two were silenced by the press on the picture
   EXPECT_EQ(panel.CurrentLook(), HomeLook());
-  EXPECT_EQ(panel.Text(kInformationPage, 1007), "1920x1080  59.94p");
+  EXPECT_EQ(panel.Text(res::kInformation, kFormatValue), "1920x1080  59.94p");
 }
 
 void LibraryTest::UseEverythingOnThePage(PanelProcess& panel) {
@@ -103,34 +106,34 @@ void LibraryTest::UseEverythingOnThePage(PanelProcess& panel) {
 }
 
 void LibraryTest::OperateEverything(PanelProcess& panel) {
-  for (int button = kPicture; button <= kRefresh; ++button) {
-    if (button == 1013) continue;
+  for (int button = kPictureButton; button <= kRefreshButton; ++button) {
+    if (button == kSerialPicture) continue;
     SCOPED_TRACE(button);
-    panel.Command(kMain, button);
+    panel.Command(res::kMain, button);
     UseEverythingOnThePage(panel);
     panel.Tick();
-    panel.Command(kMain, kApply);
-    panel.Command(kMain, kDefault);
-    panel.Command(kMain, kReturn);
+    panel.Command(res::kMain, kApplyButton);
+    panel.Command(res::kMain, kDefaultButton);
+    panel.Command(res::kMain, kReturnButton);
   }
-  for (int button = 1002; button <= 1008; ++button) {
+  for (int button = kVideoSettingsButton; button <= kRoiButton; ++button) {
     SCOPED_TRACE(button);
-    panel.Command(kVideoMenuPage, button);
+    panel.Command(res::kVideoMenu, button);
     UseEverythingOnThePage(panel);
     panel.Tick();
-    panel.Command(kMain, kPageUp);
+    panel.Command(res::kMain, kPageUpButton);
     UseEverythingOnThePage(panel);
-    panel.Command(kMain, kApply);
-    panel.Command(kMain, kDefault);
-    panel.Command(kMain, kRefresh);
-    panel.Command(kMain, kReturn);
+    panel.Command(res::kMain, kApplyButton);
+    panel.Command(res::kMain, kDefaultButton);
+    panel.Command(res::kMain, kRefreshButton);
+    panel.Command(res::kMain, kReturnButton);
   }
 }
 
 void LibraryTest::TearDown() {
-  PanelTest::TearDown();
+  ProgramTest::TearDown();
   std::error_code ignored;
   if (!made.empty()) std::filesystem::remove(made, ignored);
 }
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end

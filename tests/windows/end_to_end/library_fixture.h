@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "tests/windows/end_to_end/panel_test.h"
+#include "tests/windows/end_to_end/program_test.h"
 
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 
-class LibraryTest : public PanelTest {
+class LibraryTest : public ProgramTest {
  protected:
   std::filesystem::path Fake(const char* name) { return TheParts().tests / name; }
 
@@ -42,4 +42,4 @@ class LibraryTest : public PanelTest {
   std::filesystem::path made;
 };
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end

@@ -1,8 +1,8 @@
 // DEVLNK.dll where it is not, late, and with calls that fail or lie.
-#include "tests/windows/end_to_end/device_calls.h"
+#include "tests/support/information_controls.h"
 #include "tests/windows/end_to_end/library_fixture.h"
 
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 
 namespace {
 
@@ -14,7 +14,7 @@ TEST_F(LibraryTest, AbsentLibraryShowsTheDisconnectedLook) {
 TEST_F(LibraryTest, LibraryThatArrivesLaterIsFoundAtTheNextTick) {
   PanelProcess& panel = Start({.library = {}});
   ExpectDisconnectedForGood(panel);
-  EXPECT_EQ(panel.TakeCalls(), kNothing);
+  EXPECT_EQ(panel.TakeCalls(), Calls{});
   ExpectWholeLibraryIsFound(panel);
 }
 
@@ -34,7 +34,7 @@ TEST_F(LibraryTest, NothingIsLoadedFromTheWorkingFolder) {
 TEST_F(LibraryTest, LibraryInTheWorkingFolderIsNotTaken) {
   PanelProcess& panel = Start({.library = {}, .workingFolder = TheParts().box.parent_path()});
   EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
-  EXPECT_EQ(panel.TakeCalls(), kNothing);
+  EXPECT_EQ(panel.TakeCalls(), Calls{});
 }
 
 TEST_F(LibraryTest, FailingCallsShowTheDisconnectedLookWithoutAWord) {
@@ -58,12 +58,12 @@ TEST_F(LibraryTest, OnlyOneIsSuccess) {
 TEST_F(LibraryTest, NoAnswerWhateverItHoldsHarmsThePanel) {
   PanelProcess& panel = Start({.library = Fake("fake_fills_answers.dll")});
   EXPECT_EQ(panel.CurrentLook(), HomeLook());  // handle 0 is a handle
-  EXPECT_EQ(panel.Text(kInformationPage, 1007), "65535x65535  255.0i");
-  EXPECT_EQ(panel.Text(kInformationPage, 1014), "F.F.F.F");
+  EXPECT_EQ(panel.Text(res::kInformation, kFormatValue), "65535x65535  255.0i");
+  EXPECT_EQ(panel.Text(res::kInformation, kFirmwareValue), "F.F.F.F");
   for (int round = 0; round < 2; ++round) OperateEverything(panel);
   EXPECT_TRUE(panel.IsRunning());
 }
 
 }  // namespace
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end

@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
   }
   wchar_t self[MAX_PATH] = L"";
   GetModuleFileNameW(nullptr, self, MAX_PATH);
-  panelora::end_to_end::TheParts() = {
+  panelora::testing::end_to_end::TheParts() = {
       std::filesystem::absolute(argv[1]), std::filesystem::absolute(argv[2]),
       std::filesystem::absolute(argv[3]), std::filesystem::path(self).parent_path()};
   // A program that crashes ends instead of asking what to do.

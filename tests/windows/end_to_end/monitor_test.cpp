@@ -3,14 +3,14 @@
 #include <cstdint>
 #include <vector>
 
-#include "tests/windows/end_to_end/device_calls.h"
-#include "tests/windows/end_to_end/panel_test.h"
+#include "tests/support/information_controls.h"
+#include "tests/windows/end_to_end/program_test.h"
 
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 
 namespace {
 
-class MonitorTest : public PanelTest {
+class MonitorTest : public ProgramTest {
  protected:
   // The calls of one tick.
   Calls TickCalls(PanelProcess& panel) {
@@ -22,22 +22,24 @@ class MonitorTest : public PanelTest {
 
 TEST_F(MonitorTest, TickOfAnUnchangedBoxOnlyOpens) {
   PanelProcess& panel = Start();
-  for (int tick = 0; tick < 3; ++tick) EXPECT_EQ(TickCalls(panel), kOpen);
+  for (int tick = 0; tick < 3; ++tick) EXPECT_EQ(TickCalls(panel), kOpenCall);
   EXPECT_EQ(panel.CurrentLook(), HomeLook());
 }
 
 TEST_F(MonitorTest, UnpluggedBoxTurnsToTheDisconnectedLookFromEveryPage) {
   PanelProcess& panel = Start();
-  for (const int button : {kInformation, kVideo, kAudio, kProcAmp, kSetting}) {
+  for (const int button :
+       {kInformationButton, kVideoButton, kAudioButton, kProcAmpButton, kSettingButton}) {
     SCOPED_TRACE(button);
-    panel.Press(kMain, button);
+    panel.Press(res::kMain, button);
     panel.Plug(false);
-    EXPECT_EQ(TickCalls(panel), Joined({kOpen, kIdentify, kInitialisePagesWithoutBox}));
+    EXPECT_EQ(TickCalls(panel), Join({kOpenCall, kIdentityCall, kInitialiseCallsWithoutBox}));
     EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
-    EXPECT_EQ(TickCalls(panel), kOpen);
+    EXPECT_EQ(TickCalls(panel), kOpenCall);
     panel.Plug(true);
     // The pages are initialised, and the Information button's procedure reads once more.
-    EXPECT_EQ(TickCalls(panel), Joined({kOpen, kIdentify, kInitialisePages, kReadInformation}));
+    EXPECT_EQ(TickCalls(panel),
+              Join({kOpenCall, kIdentityCall, kInitialiseCalls, kInformationCalls}));
     EXPECT_EQ(panel.CurrentLook(), HomeLook());
   }
 }
@@ -49,43 +51,46 @@ TEST_F(MonitorTest, ReturnedBoxIsReadAnew) {
   panel.Become({26, 2, 0, 0, 0}, 0x0206);
   panel.Plug(true);
   panel.Tick();
-  EXPECT_EQ(panel.Text(kInformationPage, 1007), "1920x1080  59.94p");
-  EXPECT_EQ(panel.Text(kInformationPage, 1014), "0.2.0.6");
-  panel.Press(kMain, kProcAmp);
-  EXPECT_TRUE(panel.IsShown(panel.Control(kMain, kApply)));  // brand 2
+  EXPECT_EQ(panel.Text(res::kInformation, kFormatValue), "1920x1080  59.94p");
+  EXPECT_EQ(panel.Text(res::kInformation, kFirmwareValue), "0.2.0.6");
+  panel.Press(res::kMain, kProcAmpButton);
+  EXPECT_TRUE(panel.IsShown(panel.Control(res::kMain, kApplyButton)));  // brand 2
 }
 
 TEST_F(MonitorTest, ConnectionChangePutsEveryButtonBackInItsHomePlace) {
   PanelProcess& panel = Start({.firmware = 0x0111});
-  panel.Press(kMain, kVideo);
+  panel.Press(res::kMain, kVideoButton);
   panel.Plug(false);
   panel.Tick();
-  EXPECT_EQ(panel.PlaceOf(panel.Control(kMain, kReturn)), ButtonAt(65));
-  EXPECT_EQ(panel.PlaceOf(panel.Control(kMain, kApply)), ButtonAt(65));
-  EXPECT_EQ(panel.PlaceOf(panel.Control(kMain, kDefault)), ButtonAt(65));
-  EXPECT_EQ(panel.PlaceOf(panel.Control(kMain, kPageUp)), (ui::Rect{0, 340, 110, 45}));
+  EXPECT_EQ(panel.PlaceOf(panel.Control(res::kMain, kReturnButton)), ButtonAt(65));
+  EXPECT_EQ(panel.PlaceOf(panel.Control(res::kMain, kApplyButton)), ButtonAt(65));
+  EXPECT_EQ(panel.PlaceOf(panel.Control(res::kMain, kDefaultButton)), ButtonAt(65));
+  EXPECT_EQ(panel.PlaceOf(panel.Control(res::kMain, kPageUpButton)), (ui::Rect{0, 340, 110, 45}));
 }
 
 TEST_F(MonitorTest, BoxOfAnotherTypeIsTreatedAsAbsentAndAskedAtEveryTick) {
   PanelProcess& panel = Start({.identity = {50, 0, 0, 0, 0}});
   for (int tick = 0; tick < 3; ++tick) {
-    EXPECT_EQ(TickCalls(panel), Joined({kOpen, kIdentify}));
+    EXPECT_EQ(TickCalls(panel), Join({kOpenCall, kIdentityCall}));
     EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
   }
   panel.Become({26, 0, 0, 0, 0});
-  EXPECT_EQ(TickCalls(panel), Joined({kOpen, kIdentify, kInitialisePages, kReadInformation}));
+  EXPECT_EQ(TickCalls(panel),
+            Join({kOpenCall, kIdentityCall, kInitialiseCalls, kInformationCalls}));
   EXPECT_EQ(panel.CurrentLook(), HomeLook());
 }
 
 TEST_F(MonitorTest, BoxThatAnswersNoIdentityIsAbsent) {
   PanelProcess& panel = Start();
   panel.FailCalls(true);
-  EXPECT_EQ(TickCalls(panel), kOpen);  // the identity of a box that stays is not read again
+  EXPECT_EQ(TickCalls(panel), kOpenCall);  // the identity of a box that stays is not read again
   EXPECT_EQ(panel.CurrentLook(), HomeLook());
   panel.Plug(false);
-  EXPECT_EQ(TickCalls(panel), Joined({kOpen, kIdentify, kInitialisePagesWithoutBox}));
+  EXPECT_EQ(TickCalls(panel), Join({kOpenCall, kIdentityCall, kInitialiseCallsWithoutBox}));
   panel.Plug(true);
-  for (int tick = 0; tick < 3; ++tick) EXPECT_EQ(TickCalls(panel), Joined({kOpen, kIdentify}));
+  for (int tick = 0; tick < 3; ++tick) {
+    EXPECT_EQ(TickCalls(panel), Join({kOpenCall, kIdentityCall}));
+  }
   EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
   panel.FailCalls(false);
   panel.Tick();
@@ -95,45 +100,45 @@ TEST_F(MonitorTest, BoxThatAnswersNoIdentityIsAbsent) {
 TEST_F(MonitorTest, BoxThatChangesItsIdentityWhileConnectedIsNotAskedAgain) {
   PanelProcess& panel = Start();
   panel.Become({15, 1, 1, 1, 1});
-  EXPECT_EQ(TickCalls(panel), kOpen);
+  EXPECT_EQ(TickCalls(panel), kOpenCall);
   EXPECT_EQ(panel.CurrentLook(), HomeLook());
 }
 
 TEST_F(MonitorTest, ApplyOnInformationWritesNothingAndSilencesFiveTicks) {
   PanelProcess& panel = Start();
   panel.TakeCalls();
-  panel.Command(kMain, kApply);
-  EXPECT_EQ(panel.TakeCalls(), kNothing);
-  for (int tick = 1; tick <= 5; ++tick) EXPECT_EQ(TickCalls(panel), kNothing) << tick;
-  EXPECT_EQ(TickCalls(panel), kOpen);
+  panel.Command(res::kMain, kApplyButton);
+  EXPECT_EQ(panel.TakeCalls(), Calls{});
+  for (int tick = 1; tick <= 5; ++tick) EXPECT_EQ(TickCalls(panel), Calls{}) << tick;
+  EXPECT_EQ(TickCalls(panel), kOpenCall);
   EXPECT_EQ(panel.CurrentLook(), HomeLook());
 }
 
 TEST_F(MonitorTest, RefreshReadsThePageAndSilencesTwoTicks) {
   PanelProcess& panel = Start();
-  for (const int button : {kRefresh, kPicture}) {
+  for (const int button : {kRefreshButton, kPictureButton}) {
     SCOPED_TRACE(button);
     panel.TakeCalls();
-    panel.Press(kMain, button);
-    EXPECT_EQ(panel.TakeCalls(), kReadInformation);
-    for (int tick = 1; tick <= 2; ++tick) EXPECT_EQ(TickCalls(panel), kNothing) << tick;
-    EXPECT_EQ(TickCalls(panel), kOpen);
+    panel.Press(res::kMain, button);
+    EXPECT_EQ(panel.TakeCalls(), kInformationCalls);
+    for (int tick = 1; tick <= 2; ++tick) EXPECT_EQ(TickCalls(panel), Calls{}) << tick;
+    EXPECT_EQ(TickCalls(panel), kOpenCall);
   }
 }
 
 TEST_F(MonitorTest, RefreshOnTheVideoMenuOnlySilencesTwoTicks) {
   PanelProcess& panel = Start();
   panel.TakeCalls();
-  panel.Press(kMain, kVideo);
-  panel.Press(kMain, kPicture);
-  EXPECT_EQ(panel.TakeCalls(), kNothing);
-  for (int tick = 1; tick <= 2; ++tick) EXPECT_EQ(TickCalls(panel), kNothing) << tick;
-  EXPECT_EQ(TickCalls(panel), kOpen);
+  panel.Press(res::kMain, kVideoButton);
+  panel.Press(res::kMain, kPictureButton);
+  EXPECT_EQ(panel.TakeCalls(), Calls{});
+  for (int tick = 1; tick <= 2; ++tick) EXPECT_EQ(TickCalls(panel), Calls{}) << tick;
+  EXPECT_EQ(TickCalls(panel), kOpenCall);
 }
 
 TEST_F(MonitorTest, SilencedTicksSeeTheUnpluggedBoxLater) {
   PanelProcess& panel = Start();
-  panel.Press(kMain, kRefresh);
+  panel.Press(res::kMain, kRefreshButton);
   panel.Plug(false);
   for (int tick = 1; tick <= 2; ++tick) {
     panel.Tick();
@@ -146,19 +151,19 @@ TEST_F(MonitorTest, SilencedTicksSeeTheUnpluggedBoxLater) {
 TEST_F(MonitorTest, FailedReadsKeepWhatInformationShows) {
   PanelProcess& panel = Start();
   panel.FailCalls(true);
-  panel.Press(kMain, kInformation);
-  panel.Press(kMain, kRefresh);
-  EXPECT_EQ(panel.Text(kInformationPage, 1007), "1920x1080  59.94p");
-  EXPECT_EQ(panel.Text(kInformationPage, 1014), "0.1.2.6");
-  panel.Press(kMain, kVideo);  // the old version goes on counting
-  EXPECT_EQ(panel.CurrentLook().pages, std::vector<int>{kVideoMenuPage});
+  panel.Press(res::kMain, kInformationButton);
+  panel.Press(res::kMain, kRefreshButton);
+  EXPECT_EQ(panel.Text(res::kInformation, kFormatValue), "1920x1080  59.94p");
+  EXPECT_EQ(panel.Text(res::kInformation, kFirmwareValue), "0.1.2.6");
+  panel.Press(res::kMain, kVideoButton);  // the old version goes on counting
+  EXPECT_EQ(panel.CurrentLook().pages, std::vector<int>{res::kVideoMenu});
 }
 
 TEST_F(MonitorTest, AnswerThatFillsTheWholeLengthIsShownAsItIs) {
   PanelProcess& panel = Start();
   panel.FillAnswers(true);
-  panel.Press(kMain, kRefresh);
-  EXPECT_EQ(panel.Text(kInformationPage, 1007), "65535x65535  255.0i");
+  panel.Press(res::kMain, kRefreshButton);
+  EXPECT_EQ(panel.Text(res::kInformation, kFormatValue), "65535x65535  255.0i");
 }
 
 TEST_F(MonitorTest, OnlyModel26IsABox) {
@@ -168,7 +173,7 @@ TEST_F(MonitorTest, OnlyModel26IsABox) {
     SCOPED_TRACE(type);
     panel.Become({static_cast<std::uint8_t>(type), 0, 0, 0, 0});
     if (type != 26) {
-      ASSERT_EQ(TickCalls(panel), Joined({kOpen, kIdentify}));
+      ASSERT_EQ(TickCalls(panel), Join({kOpenCall, kIdentityCall}));
       ASSERT_EQ(panel.CurrentLook(), DisconnectedLook());
       continue;
     }
@@ -191,19 +196,21 @@ TEST_F(MonitorTest, Model26IsABoxWhateverItsOtherIdentityBytes) {
   }
   for (const auto& [brand, subModel, dip] : identities) {
     SCOPED_TRACE(::testing::Message() << int{brand} << " " << int{subModel} << " " << int{dip});
-    Places procAmp = {{kDefault, ButtonAt(65)}, {kReturn, ButtonAt(105)}, {kPageUp, ButtonAt(145)}};
+    Places procAmp = {{kDefaultButton, ButtonAt(65)},
+                      {kReturnButton, ButtonAt(105)},
+                      {kPageUpButton, ButtonAt(145)}};
     if (brand == 2) {
-      procAmp = {{kDefault, ButtonAt(65)},
-                 {kApply, ButtonAt(105)},
-                 {kReturn, ButtonAt(145)},
-                 {kPageUp, ButtonAt(185)}};
+      procAmp = {{kDefaultButton, ButtonAt(65)},
+                 {kApplyButton, ButtonAt(105)},
+                 {kReturnButton, ButtonAt(145)},
+                 {kPageUpButton, ButtonAt(185)}};
     }
     panel.Become({26, brand, subModel, dip, dip});
     panel.Plug(true);
     panel.Tick();
     ASSERT_EQ(panel.CurrentLook(), HomeLook());
-    panel.Press(kMain, kProcAmp);
-    ASSERT_EQ(panel.CurrentLook(), PageLook(kProcAmpPage, procAmp));
+    panel.Press(res::kMain, kProcAmpButton);
+    ASSERT_EQ(panel.CurrentLook(), PageLook(res::kProcAmp, procAmp));
     panel.Plug(false);
     // A slider that paints silences two ticks, and may paint again in between.
     panel.Await("the disconnected look", [&] {
@@ -221,4 +228,4 @@ TEST_F(MonitorTest, PanelLooksForTheBoxByItself) {
 
 }  // namespace
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end

@@ -1,7 +1,7 @@
 // The finished program beside a whole library that the compiler of the other bitness made.
 #include "tests/windows/end_to_end/library_fixture.h"
 
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 namespace {
 
 class OtherBitnessTest : public LibraryTest {};
@@ -14,4 +14,4 @@ TEST_F(OtherBitnessTest, WholeLibraryNamesTheBuildToUse) {
 }
 
 }  // namespace
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end

@@ -9,15 +9,7 @@
 
 #include "tests/support/pixels_win32.h"
 
-namespace panelora::ui {
-
-void PrintTo(const Rect& rect, std::ostream* out) {
-  *out << "(" << rect.x << ", " << rect.y << ", " << rect.width << ", " << rect.height << ")";
-}
-
-}  // namespace panelora::ui
-
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 
 namespace {
 
@@ -85,37 +77,28 @@ Parts& TheParts() {
   return parts;
 }
 
-Calls Joined(std::initializer_list<Calls> parts) {
-  Calls all;
-  for (const Calls& part : parts) all.insert(all.end(), part.begin(), part.end());
-  return all;
-}
-
 void PrintTo(const Look& look, std::ostream* out) {
   *out << "pages";
   for (const int page : look.pages) *out << " " << page;
   *out << ", controls";
-  for (const auto& [id, place] : look.controls) {
-    *out << " " << id << " ";
-    PrintTo(place, out);
-  }
+  for (const auto& [id, place] : look.controls) *out << " " << id << " " << place;
 }
 
 Look PageLook(int page, Places buttons) {
-  buttons[kPicture] = {0, 0, 600, 65};
+  buttons[kPictureButton] = {0, 0, 600, 65};
   return {{page}, std::move(buttons)};
 }
 
 Look HomeLook() {
-  return PageLook(kInformationPage, {{kInformation, ButtonAt(65)},
-                                     {kVideo, ButtonAt(105)},
-                                     {kAudio, ButtonAt(145)},
-                                     {kProcAmp, ButtonAt(185)},
-                                     {kSetting, ButtonAt(225)},
-                                     {kRefresh, {0, 340, 110, 45}}});
+  return PageLook(res::kInformation, {{kInformationButton, ButtonAt(65)},
+                                      {kVideoButton, ButtonAt(105)},
+                                      {kAudioButton, ButtonAt(145)},
+                                      {kProcAmpButton, ButtonAt(185)},
+                                      {kSettingButton, ButtonAt(225)},
+                                      {kRefreshButton, {0, 340, 110, 45}}});
 }
 
-Look DisconnectedLook() { return {{}, {{kPicture, {0, 0, 600, 375}}}}; }
+Look DisconnectedLook() { return {{}, {{kPictureButton, {0, 0, 600, 375}}}}; }
 
 PanelProcess::PanelProcess(const Setup& setup) {
   try {
@@ -311,7 +294,7 @@ void PanelProcess::Press(int dialog, int control) {
 }
 
 void PanelProcess::Command(int dialog, int control) {
-  const HWND window = dialog == kMain ? main : Page(dialog);
+  const HWND window = dialog == res::kMain ? main : Page(dialog);
   Send(window, WM_COMMAND, MAKEWPARAM(control, BN_CLICKED),
        reinterpret_cast<LPARAM>(Control(dialog, control)));
 }
@@ -391,7 +374,9 @@ HWND PanelProcess::OwnedDialog() const {
 }
 
 HWND PanelProcess::Control(int dialog, int control) const {
-  const HWND parent = dialog == kMain ? main : dialog == kAbout ? OwnedDialog() : Page(dialog);
+  const HWND parent = dialog == res::kMain    ? main
+                      : dialog == res::kAbout ? OwnedDialog()
+                                              : Page(dialog);
   const HWND found = GetDlgItem(parent, control);
   if (found == nullptr) {
     throw std::runtime_error("no control " + std::to_string(control) + " in dialog " +
@@ -415,13 +400,13 @@ Look PanelProcess::CurrentLook() const {
        child = GetWindow(child, GW_HWNDNEXT)) {
     if (IsDialog(child) && IsShown(child)) look.pages.push_back(NumberOf(child));
   }
-  look.controls = ShownControls(kMain);
+  look.controls = ShownControls(res::kMain);
   return look;
 }
 
 Places PanelProcess::ShownControls(int dialog) const {
   Places places;
-  const HWND parent = dialog == kMain ? main : Page(dialog);
+  const HWND parent = dialog == res::kMain ? main : Page(dialog);
   for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr;
        child = GetWindow(child, GW_HWNDNEXT)) {
     if (!IsDialog(child) && IsShown(child)) places[NumberOf(child)] = PlaceOf(child);
@@ -454,10 +439,10 @@ HWND PanelProcess::Focus() const {
 }
 
 std::vector<COLORREF> PanelProcess::Pixels(int control) {
-  const HWND window = Control(kMain, control);
+  const HWND window = Control(res::kMain, control);
   RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
   Send(window, WM_NULL);
-  return testing::PixelsOf(main, PlaceOf(window));
+  return PixelsOf(main, PlaceOf(window));
 }
 
 ProbeMemory PanelProcess::Description() {
@@ -504,4 +489,4 @@ void PanelProcess::Become(const IdentityBytes& identity, std::uint32_t firmware)
   ++bench->change;
 }
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end

@@ -12,23 +12,19 @@
 #include <filesystem>
 #include <functional>
 #include <iosfwd>
-#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "app/navigation.h"
+#include "res/dialog_templates.h"
 #include "simulator/bench_port.h"
+#include "tests/support/controls.h"
+#include "tests/support/device_calls.h"
 #include "tests/windows/probe/panel_probe.h"
 #include "ui/geometry.h"
 
-namespace panelora::ui {
-
-// For the messages of failed checks.
-void PrintTo(const Rect& rect, std::ostream* out);
-
-}  // namespace panelora::ui
-
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 
 // Where the parts under test are.
 struct Parts {
@@ -39,13 +35,6 @@ struct Parts {
 };
 Parts& TheParts();
 
-// Device calls as the simulated box logs them.
-using Calls = std::vector<std::string>;
-Calls Joined(std::initializer_list<Calls> parts);
-
-// Places of controls by id, in the client area of their dialog.
-using Places = std::map<int, ui::Rect>;
-
 // What of the main window is to be seen.
 struct Look {
   std::vector<int> pages;  // template numbers
@@ -54,40 +43,6 @@ struct Look {
   bool operator==(const Look&) const = default;
 };
 void PrintTo(const Look& look, std::ostream* out);
-
-// Template numbers.
-constexpr int kAbout = 100;
-constexpr int kMain = 102;
-constexpr int kInformationPage = 103;
-constexpr int kVideoMenuPage = 104;
-constexpr int kAudioPage = 105;
-constexpr int kProcAmpPage = 106;
-constexpr int kSettingPage = 107;
-constexpr int kVideoSettingsPage = 108;
-constexpr int kDisplayModePage = 109;
-constexpr int kTvWallPage = 110;
-constexpr int kPipPage = 111;
-constexpr int kGenlockPage = 112;
-constexpr int kImageAdjustPage = 113;
-constexpr int kRoiPage = 114;
-constexpr int kTextLabelsPage = 115;
-
-// Controls of the main window.
-constexpr int kPicture = 1000;
-constexpr int kVideo = 1001;
-constexpr int kInformation = 1002;
-constexpr int kAudio = 1003;
-constexpr int kProcAmp = 1004;
-constexpr int kSetting = 1005;
-constexpr int kReturn = 1006;
-constexpr int kApply = 1007;
-constexpr int kWall1 = 1008;
-constexpr int kWall2 = 1009;
-constexpr int kWall3 = 1010;
-constexpr int kWall4 = 1011;
-constexpr int kDefault = 1012;
-constexpr int kPageUp = 1014;
-constexpr int kRefresh = 1015;
 
 // The connected look on the Information page, and the look without a box.
 Look HomeLook();
@@ -208,4 +163,4 @@ class PanelProcess {
   HHOOK hook = nullptr;
 };
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end

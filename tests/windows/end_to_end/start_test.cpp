@@ -1,18 +1,18 @@
 // What the operator finds when the program has started.
 #include <fstream>
 
-#include "tests/windows/end_to_end/device_calls.h"
-#include "tests/windows/end_to_end/panel_test.h"
+#include "tests/support/information_controls.h"
+#include "tests/windows/end_to_end/program_test.h"
 
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 
 namespace {
 
-using StartTest = PanelTest;
+using StartTest = ProgramTest;
 
 TEST_F(StartTest, FindsTheBoxAndShowsItsState) {
   PanelProcess& panel = Start();
-  EXPECT_EQ(panel.TakeCalls(), Joined({kOpen, kIdentify, kInitialisePages}));
+  EXPECT_EQ(panel.TakeCalls(), Join({kOpenCall, kIdentityCall, kInitialiseCalls}));
 
   EXPECT_EQ(panel.Text(panel.Main()), "Corvane RXC-9 Center ( 1.0.2.6 )");
   RECT client{};
@@ -21,8 +21,8 @@ TEST_F(StartTest, FindsTheBoxAndShowsItsState) {
   EXPECT_EQ(client.bottom, 375);
 
   EXPECT_EQ(panel.CurrentLook(), HomeLook());
-  EXPECT_EQ(panel.Text(kInformationPage, 1007), "1920x1080  59.94p");
-  EXPECT_EQ(panel.Text(kInformationPage, 1014), "0.1.2.6");
+  EXPECT_EQ(panel.Text(res::kInformation, kFormatValue), "1920x1080  59.94p");
+  EXPECT_EQ(panel.Text(res::kInformation, kFirmwareValue), "0.1.2.6");
 }
 
 TEST_F(StartTest, PagesStandRightBehindTheDevicePictureAtOnePlace) {
@@ -32,10 +32,11 @@ TEST_F(StartTest, PagesStandRightBehindTheDevicePictureAtOnePlace) {
   for (const int page : panel.Pages()) {
     SCOPED_TRACE(page);
     EXPECT_EQ(panel.PlaceOf(panel.Page(page)), (ui::Rect{110, 65, 540, 335}));
-    EXPECT_EQ(panel.IsShown(panel.Page(page)), page == kInformationPage);
+    EXPECT_EQ(panel.IsShown(panel.Page(page)), page == res::kInformation);
   }
-  EXPECT_EQ(GetWindow(panel.Main(), GW_CHILD), panel.Control(kMain, kPicture));
-  EXPECT_EQ(GetWindow(panel.Control(kMain, kPicture), GW_HWNDNEXT), panel.Page(kTextLabelsPage));
+  EXPECT_EQ(GetWindow(panel.Main(), GW_CHILD), panel.Control(res::kMain, kPictureButton));
+  EXPECT_EQ(GetWindow(panel.Control(res::kMain, kPictureButton), GW_HWNDNEXT),
+            panel.Page(res::kTextLabels));
 }
 
 TEST_F(StartTest, NavigationButtonsHaveTheirCaptionsAndHomePlaces) {
@@ -45,27 +46,35 @@ TEST_F(StartTest, NavigationButtonsHaveTheirCaptionsAndHomePlaces) {
     ui::Rect home;
   };
   const Button buttons[] = {
-      {kPicture, "Logo", {0, 0, 600, 65}},       {kInformation, "Information", {0, 65, 110, 40}},
-      {kVideo, "Video", {0, 105, 110, 40}},      {kAudio, "Audio", {0, 145, 110, 40}},
-      {kProcAmp, "Proc Amp", {0, 185, 110, 40}}, {kSetting, "Setting", {0, 225, 110, 40}},
-      {kReturn, "Return", {0, 65, 110, 40}},     {kApply, "Apply", {0, 65, 110, 40}},
-      {kDefault, "Default", {0, 65, 110, 40}},   {kPageUp, "Page Up", {0, 340, 110, 45}},
-      {kRefresh, "Refresh", {0, 340, 110, 45}},  {kWall1, "1X1", {0, 65, 110, 40}},
-      {kWall2, "2X2", {0, 105, 110, 40}},        {kWall3, "3X3", {0, 145, 110, 40}},
-      {kWall4, "4X4", {0, 185, 110, 40}},        {1013, "Logo", {110, 65, 490, 310}},
+      {kPictureButton, "Logo", {0, 0, 600, 65}},
+      {kInformationButton, "Information", {0, 65, 110, 40}},
+      {kVideoButton, "Video", {0, 105, 110, 40}},
+      {kAudioButton, "Audio", {0, 145, 110, 40}},
+      {kProcAmpButton, "Proc Amp", {0, 185, 110, 40}},
+      {kSettingButton, "Setting", {0, 225, 110, 40}},
+      {kReturnButton, "Return", {0, 65, 110, 40}},
+      {kApplyButton, "Apply", {0, 65, 110, 40}},
+      {kDefaultButton, "Default", {0, 65, 110, 40}},
+      {kPageUpButton, "Page Up", {0, 340, 110, 45}},
+      {kRefreshButton, "Refresh", {0, 340, 110, 45}},
+      {kWall1Button, "1X1", {0, 65, 110, 40}},
+      {kWall2Button, "2X2", {0, 105, 110, 40}},
+      {kWall3Button, "3X3", {0, 145, 110, 40}},
+      {kWall4Button, "4X4", {0, 185, 110, 40}},
+      {kSerialPicture, "Logo", {110, 65, 490, 310}},
   };
   PanelProcess& panel = Start();
   for (const Button& button : buttons) {
     SCOPED_TRACE(button.control);
-    EXPECT_EQ(panel.Text(kMain, button.control), button.caption);
-    EXPECT_EQ(panel.PlaceOf(panel.Control(kMain, button.control)), button.home);
+    EXPECT_EQ(panel.Text(res::kMain, button.control), button.caption);
+    EXPECT_EQ(panel.PlaceOf(panel.Control(res::kMain, button.control)), button.home);
   }
   // The port list: a closed combo box is as high as its font.
-  const ui::Rect ports = panel.PlaceOf(panel.Control(kMain, 1048));
+  const ui::Rect ports = panel.PlaceOf(panel.Control(res::kMain, kPortList));
   EXPECT_EQ(ports.x, 500);
   EXPECT_EQ(ports.y, 20);
   EXPECT_EQ(ports.width, 80);
-  EXPECT_EQ(panel.Text(kMain, 1048), "");
+  EXPECT_EQ(panel.Text(res::kMain, kPortList), "");
 }
 
 TEST_F(StartTest, InformationPageShowsTheRowsOfModel26) {
@@ -73,10 +82,10 @@ TEST_F(StartTest, InformationPageShowsTheRowsOfModel26) {
   const Places rows = {{1016, {55, 20, 390, 260}}, {1003, {80, 60, 110, 20}},
                        {1007, {200, 60, 150, 20}}, {1013, {80, 90, 110, 30}},
                        {1014, {200, 90, 150, 30}}, {1015, {180, 250, 200, 30}}};
-  EXPECT_EQ(panel.ShownControls(kInformationPage), rows);
-  EXPECT_EQ(panel.Text(kInformationPage, 1016), "Information");
-  EXPECT_EQ(panel.Text(kInformationPage, 1003), "Input Format    :");
-  EXPECT_EQ(panel.Text(kInformationPage, 1013), "F/W Version     :");
+  EXPECT_EQ(panel.ShownControls(res::kInformation), rows);
+  EXPECT_EQ(panel.Text(res::kInformation, 1016), "Information");
+  EXPECT_EQ(panel.Text(res::kInformation, 1003), "Input Format    :");
+  EXPECT_EQ(panel.Text(res::kInformation, 1013), "F/W Version     :");
 }
 
 TEST_F(StartTest, WindowHasIconsAndASystemMenuWithAboutBehindASeparator) {
@@ -137,7 +146,7 @@ TEST_F(StartTest, WindowThatCantBeMadeEndsTheProgram) {
   const std::filesystem::path broken =
       std::filesystem::temp_directory_path() /
       ("panelora_broken_" + std::to_string(GetCurrentProcessId()) + ".exe");
-  for (const int missing : {kMain, kVideoSettingsPage, kTextLabelsPage}) {
+  for (const int missing : {res::kMain, res::kVideoSettings, res::kTextLabels}) {
     SCOPED_TRACE(missing);
     std::filesystem::copy_file(TheParts().program, broken);
     SpoilDialog(broken, missing);
@@ -174,17 +183,17 @@ TEST_F(StartTest, ProgramAndLibraryAskForTheLoadersProtection) {
 
 TEST_F(StartTest, UnpluggedBoxShowsTheDisconnectedLook) {
   PanelProcess& panel = Start({.plugged = false});
-  EXPECT_EQ(panel.TakeCalls(), Joined({kOpen, kIdentify, kInitialisePagesWithoutBox}));
+  EXPECT_EQ(panel.TakeCalls(), Join({kOpenCall, kIdentityCall, kInitialiseCallsWithoutBox}));
   EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
   EXPECT_EQ(panel.Text(panel.Main()), "Corvane RXC-9 Center ( 1.0.2.6 )");
 }
 
 TEST_F(StartTest, BoxOfAnotherTypeShowsTheDisconnectedLook) {
   PanelProcess& panel = Start({.identity = {15, 2, 1, 1, 1}});
-  EXPECT_EQ(panel.TakeCalls(), Joined({kOpen, kIdentify, kInitialisePagesWithoutBox}));
+  EXPECT_EQ(panel.TakeCalls(), Join({kOpenCall, kIdentityCall, kInitialiseCallsWithoutBox}));
   EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
 }
 
 }  // namespace
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end

@@ -7,7 +7,7 @@
 
 #include <string>
 
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 
 namespace {
 
@@ -63,10 +63,10 @@ bool IsRelease(UINT message) {
 
 }  // namespace
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end
 
 extern "C" LRESULT CALLBACK HoldClock(int code, WPARAM wParam, LPARAM lParam) {
-  using namespace panelora::end_to_end;
+  using namespace panelora::testing::end_to_end;
   if (code == HC_ACTION) {
     static const UINT describe = RegisterWindowMessageA(kDescribeWindow);
     MSG& message = *reinterpret_cast<MSG*>(lParam);

@@ -1,7 +1,7 @@
 // What the probe in the program's process and the test outside agree on.
 #pragma once
 
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 
 // A message that, posted to a window, has it described.
 constexpr char kDescribeWindow[] = "Panelora.DescribeWindow";
@@ -27,4 +27,4 @@ struct ProbeMemory {
   char systemMenu[1024];  // a line an item: "id text", or "-" for a separator
 };
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end

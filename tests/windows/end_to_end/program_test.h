@@ -1,5 +1,5 @@
-// The fixture of the end-to-end tests: starts the program, and at the end closes it and checks that
-// it ended well.
+// The fixture of the tests of the finished program: starts the program, and at the end closes it
+// and checks that it ended well.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,9 +8,9 @@
 
 #include "tests/windows/end_to_end/panel_process.h"
 
-namespace panelora::end_to_end {
+namespace panelora::testing::end_to_end {
 
-class PanelTest : public ::testing::Test {
+class ProgramTest : public ::testing::Test {
  protected:
   PanelProcess& Start(const PanelProcess::Setup& setup = {}) {
     running = std::make_unique<PanelProcess>(setup);
@@ -35,4 +35,4 @@ class PanelTest : public ::testing::Test {
   std::unique_ptr<PanelProcess> running;
 };
 
-}  // namespace panelora::end_to_end
+}  // namespace panelora::testing::end_to_end
