@@ -3,45 +3,27 @@
 #include <map>
 #include <tuple>
 
-#include "tests/support/scenario.h"
+#include "tests/support/audio_controls.h"
+#include "tests/support/one_page.h"
 
 namespace panelora::testing {
 namespace {
 
-constexpr int kPage = res::kAudio;
-using Texts = std::vector<std::string>;
-
-class Audio : public Scenario {
+class Audio : public OnePage<kPage> {
  protected:
   void Open(Identity identity = {26, 0, 0, 0, 0}) {
-    admitted = {identity.boxType};
-    StartWith(0x0126, identity);
+    StartWith(identity);
     Press(kAudioButton);
     TakeCalls();
   }
   // Opens with these blocks in the box.
   void OpenWith(Identity identity, std::map<int, Bytes> blocks) {
-    admitted = {identity.boxType};
-    StartWith(0x0126, identity);
+    StartWith(identity);
     for (const auto& [property, bytes] : blocks) {
       box.Block(static_cast<std::uint8_t>(property)) = bytes;
     }
     Press(kAudioButton);
     TakeCalls();
-  }
-  std::string TextOf(int control) { return desk.Text(kPage, control); }
-  Texts Cycle(int button, int text, int presses) {
-    Texts shown;
-    for (int i = 0; i < presses; ++i) {
-      desk.Press(kPage, button);
-      shown.push_back(TextOf(text));
-    }
-    return shown;
-  }
-  Calls CallsOfPress(int button, int presses = 1) {
-    TakeCalls();
-    for (int i = 0; i < presses; ++i) desk.Press(kPage, button);
-    return TakeCalls();
   }
 };
 
@@ -85,29 +67,29 @@ TEST_F(Audio, ReadsInOrderAndShows) {
   StartWith(0x0126);
   Press(kAudioButton);
   EXPECT_EQ(TakeCalls(), (Calls{"get word 0,11", "get word 0,4", "get word 0,6", "get word 0,16"}));
-  EXPECT_EQ(TextOf(1025), "OFF");
-  EXPECT_EQ(TextOf(1028), "Internal (HDMI)");
-  EXPECT_EQ(TextOf(1037), "SMPTE(USA)");
+  EXPECT_EQ(TextOf(kMute), "OFF");
+  EXPECT_EQ(TextOf(kSource), "Internal (HDMI)");
+  EXPECT_EQ(TextOf(kStandard), "SMPTE(USA)");
   box.Word(11) = {1, 0};
   box.Word(4) = {4, 0};
   box.Word(6) = {2, 0};
   box.Word(16) = {1, 0};
   Press(kPictureButton);
-  EXPECT_EQ(TextOf(1025), "ON");
-  EXPECT_EQ(TextOf(1028), "HDMI");
-  EXPECT_EQ(TextOf(1037), "EBU(Europe)");
+  EXPECT_EQ(TextOf(kMute), "ON");
+  EXPECT_EQ(TextOf(kSource), "HDMI");
+  EXPECT_EQ(TextOf(kStandard), "EBU(Europe)");
 }
 
 TEST_F(Audio, MuteTogglesFromAnyValue) {
   Open();
-  EXPECT_EQ(Cycle(1024, 1025, 3), (Texts{"ON", "OFF", "ON"}));
+  EXPECT_EQ(Cycle(kMute, 3), (Texts{"ON", "OFF", "ON"}));
   for (const std::uint32_t reported : {5U, 255U, 2U}) {
     box.Word(11) = {1, 0};
     Press(kPictureButton);
     box.Word(11) = {reported, 0};
     Press(kPictureButton);
-    EXPECT_EQ(TextOf(1025), "ON");  // a value without a row keeps the text
-    EXPECT_EQ(Cycle(1024, 1025, 1), Texts{"OFF"}) << reported;
+    EXPECT_EQ(TextOf(kMute), "ON");  // a value without a row keeps the text
+    EXPECT_EQ(Cycle(kMute, 1), Texts{"OFF"}) << reported;
   }
 }
 
@@ -120,8 +102,8 @@ TEST_F(Audio, SourceStepsThroughTheRowsOfTheInput) {
     box.Word(4) = {input, 0};
     box.Word(6) = {0, 0};
     Press(kPictureButton);
-    EXPECT_EQ(TextOf(1028), "L/R Audio");
-    EXPECT_EQ(Cycle(1029, 1028, 3), texts) << input;
+    EXPECT_EQ(TextOf(kSource), "L/R Audio");
+    EXPECT_EQ(Cycle(kSource, 3), texts) << input;
     panel.reset();
   }
 }
@@ -147,22 +129,22 @@ TEST_F(Audio, ReportedCode3KeepsTheText) {
   Open();
   box.Word(6) = {3, 0};
   Press(kPictureButton);
-  EXPECT_EQ(TextOf(1028), "Internal (HDMI)");
+  EXPECT_EQ(TextOf(kSource), "Internal (HDMI)");
   EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,11 = 0", "set word 0,16 = 0"}));
-  EXPECT_EQ(Cycle(1029, 1028, 1), Texts{"L/R Audio"});
+  EXPECT_EQ(Cycle(kSource, 1), Texts{"L/R Audio"});
 }
 
 TEST_F(Audio, UnknownInputKeepsTheTextAndSendsNoSource) {
   Open();
   box.Word(4) = {3, 0};
   Press(kPictureButton);
-  EXPECT_EQ(Cycle(1029, 1028, 2), (Texts{"Internal (HDMI)", "Internal (HDMI)"}));
+  EXPECT_EQ(Cycle(kSource, 2), (Texts{"Internal (HDMI)", "Internal (HDMI)"}));
   EXPECT_EQ(CallsOf(kApplyButton), (Calls{"set word 0,11 = 0", "set word 0,16 = 0"}));
 }
 
 TEST_F(Audio, StandardToggles) {
   Open();
-  EXPECT_EQ(Cycle(1038, 1037, 3), (Texts{"EBU(Europe)", "SMPTE(USA)", "EBU(Europe)"}));
+  EXPECT_EQ(Cycle(kStandard, 3), (Texts{"EBU(Europe)", "SMPTE(USA)", "EBU(Europe)"}));
   EXPECT_EQ(CallsOf(kApplyButton).back(), "set word 0,16 = 1");
 }
 
@@ -180,9 +162,9 @@ TEST_F(Audio, FailedReadsKeepFieldAndText) {
   box.Word(16) = {1, 0};
   device.FailEverything();
   Press(kPictureButton);
-  EXPECT_EQ(TextOf(1025), "OFF");
-  EXPECT_EQ(TextOf(1028), "Internal (HDMI)");
-  EXPECT_EQ(TextOf(1037), "SMPTE(USA)");
+  EXPECT_EQ(TextOf(kMute), "OFF");
+  EXPECT_EQ(TextOf(kSource), "Internal (HDMI)");
+  EXPECT_EQ(TextOf(kStandard), "SMPTE(USA)");
   device.FailNothing();
   EXPECT_EQ(CallsOf(kApplyButton),
             (Calls{"set word 0,6 = 1", "set word 0,11 = 0", "set word 0,16 = 0"}));
@@ -275,9 +257,9 @@ TEST_F(Audio, FailedReadsOfOtherModelsKeepTheTexts) {
   StartWith(0x0126, {24, 0, 0, 0, 0});
   device.FailEverything();
   Press(kAudioButton);
-  EXPECT_EQ(TextOf(1025), "ON");
-  EXPECT_EQ(TextOf(1028), "Internal");
-  EXPECT_EQ(TextOf(1040), "0 dBu");
+  EXPECT_EQ(TextOf(kMute), "ON");
+  EXPECT_EQ(TextOf(kSource), "Internal");
+  EXPECT_EQ(TextOf(kXlrLevel), "0 dBu");
 }
 
 TEST_F(Audio, FailedReadsKeepTheVolumesThatAreShown) {
@@ -396,8 +378,8 @@ TEST_F(Audio, LevelComboBelongsToBrand2) {
 TEST_F(Audio, OutputChannelsStepInTheOrderOfTheirRows) {
   for (const std::uint8_t type : Bytes{29, 18, 32}) {
     OpenWith({type, 0, 0, 0, 0}, {{32, {2, 0}}});
-    EXPECT_EQ(TextOf(1048), "2.0 Channel");
-    EXPECT_EQ(Cycle(1049, 1048, 5),
+    EXPECT_EQ(TextOf(kChannel), "2.0 Channel");
+    EXPECT_EQ(Cycle(kChannel, 5),
               (Texts{"3.1 Channel", "5.1 Channel", "6.1 Channel", "7.1 Channel", "2.0 Channel"}));
     desk.Press(kPage, 1049);
     const Calls sent = CallsOf(kApplyButton);
@@ -409,18 +391,18 @@ TEST_F(Audio, OutputChannelsStepInTheOrderOfTheirRows) {
 TEST_F(Audio, XlrLevelAndImpedance) {
   OpenWith({14, 0, 0, 0, 0}, {{7, {0, 0}}, {32, {0, 0}}});
   EXPECT_EQ(TextOf(1055), "XLR Level");
-  EXPECT_EQ(Cycle(1041, 1040, 5), (Texts{"6 dBu", "12 dBu", "18 dBu", "24 dBu", "0 dBu"}));
-  EXPECT_EQ(Cycle(1044, 1043, 3), (Texts{"Low", "High", "Low"}));
+  EXPECT_EQ(Cycle(kXlrLevel, 5), (Texts{"6 dBu", "12 dBu", "18 dBu", "24 dBu", "0 dBu"}));
+  EXPECT_EQ(Cycle(kImpedance, 3), (Texts{"Low", "High", "Low"}));
   const Calls sent = CallsOf(kApplyButton);
   EXPECT_NE(std::find(sent.begin(), sent.end(), "set block 32,0,1: 01"), sent.end());
   panel.reset();
   OpenWith({24, 0, 0, 1, 0}, {{7, {0, 0}}});
   EXPECT_EQ(TextOf(1055), "L/R Audio Level");
-  EXPECT_EQ(Cycle(1041, 1040, 3), (Texts{"24 dB", "10 dB", "24 dB"}));
+  EXPECT_EQ(Cycle(kXlrLevel, 3), (Texts{"24 dB", "10 dB", "24 dB"}));
   panel.reset();
   OpenWith({34, 0, 0, 0, 0}, {{7, {0, 0}}});
   EXPECT_EQ(TextOf(1055), "XLR Level");
-  EXPECT_EQ(Cycle(1041, 1040, 5), (Texts{"24 dB", "24 dB", "24 dB", "24 dB", "10 dB"}));
+  EXPECT_EQ(Cycle(kXlrLevel, 5), (Texts{"24 dB", "24 dB", "24 dB", "24 dB", "10 dB"}));
 }
 
 // What these blocks are on other pages of the same model must not change with the audio.
@@ -444,7 +426,7 @@ TEST_F(Audio, ApplyLeavesBlocksOfOtherPagesAlone) {
 TEST_F(Audio, DefaultSourceOfTheScalersFollowsTheInput) {
   for (const std::uint8_t input : Bytes{0, 1}) {
     OpenWith({24, 0, 0, 0, 0}, {{3, {input, 0}}, {10, {0, 0}}});
-    EXPECT_EQ(TextOf(1028), input == 0 ? "Default ( SDI )" : "Default ( HDMI )");
+    EXPECT_EQ(TextOf(kSource), input == 0 ? "Default ( SDI )" : "Default ( HDMI )");
     panel.reset();
   }
 }

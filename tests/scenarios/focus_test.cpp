@@ -2,15 +2,13 @@
 #include <functional>
 
 #include "tests/support/scenario.h"
+#include "tests/support/video_menu_controls.h"
 
 namespace panelora::testing {
 
 namespace {
 
 using Focus = std::pair<int, int>;
-
-constexpr int kVideoSettingButton = 1002;  // of the Video menu
-constexpr int kImageAdjustButton = 1007;
 
 class FocusTest : public Scenario {
  protected:
@@ -20,7 +18,7 @@ class FocusTest : public Scenario {
 TEST_F(FocusTest, GoesToTheFirstControlOfThePageThatAButtonShows) {
   StartWith(0x0126);
   const std::pair<int, Focus> kWays[] = {
-      {kVideoButton, {res::kVideoMenu, kVideoSettingButton}},
+      {kVideoButton, {res::kVideoMenu, kVideoSettingsButton}},
       {kAudioButton, {res::kAudio, 1024}},
       {kProcAmpButton, {res::kProcAmp, 1032}},
       {kSettingButton, {res::kSetting, 1056}},
@@ -44,7 +42,7 @@ TEST_F(FocusTest, ReturnBringsItBackToTheButtonThatLedThere) {
   box.Word(4) = {2, 0};  // positions can be set
   Press(kVideoButton);
   const std::pair<int, Focus> kWays[] = {
-      {kVideoSettingButton, {res::kVideoSettings, 1018}},
+      {kVideoSettingsButton, {res::kVideoSettings, 1018}},
       {kImageAdjustButton, {res::kImageAdjust, 1091}},
   };
   for (const auto& [button, first] : kWays) {

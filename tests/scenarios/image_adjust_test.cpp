@@ -1,5 +1,5 @@
 // The Image adjustment page.
-#include "tests/support/scenario.h"
+#include "tests/support/one_page.h"
 
 namespace panelora::testing {
 namespace {
@@ -7,12 +7,9 @@ namespace {
 constexpr int kPage = res::kImageAdjust;
 constexpr int kButtons[] = {1091, 1092, 1093, 1094, 1095, 1096, 1097, 1098};
 
-class ImageAdjust : public Scenario {
+class ImageAdjust : public OnePage<kPage> {
  protected:
-  void Open(Identity identity = {26, 0, 0, 0, 0}) {
-    admitted = {identity.boxType};
-    StartWith(0x0126, identity);
-  }
+  void Open(Identity identity = {26, 0, 0, 0, 0}) { StartWith(identity); }
   // Whether positions and sizes can be stepped.
   std::pair<bool, bool> Enabled() {
     for (int i = 1; i < 4; ++i) {
@@ -20,11 +17,6 @@ class ImageAdjust : public Scenario {
       EXPECT_EQ(desk.Enables(kPage, 1095 + i), desk.Enables(kPage, 1095));
     }
     return {desk.Enables(kPage, 1091), desk.Enables(kPage, 1095)};
-  }
-  Calls CallsOfPress(int button) {
-    TakeCalls();
-    desk.Press(kPage, button);
-    return TakeCalls();
   }
 };
 

@@ -1,6 +1,8 @@
 // The Information page, the Video menu and the navigation bar at home of every box type, against
 // lists of their own.
+#include "tests/support/information_controls.h"
 #include "tests/support/model_walk.h"
+#include "tests/support/video_menu_controls.h"
 
 namespace panelora::testing {
 namespace {
@@ -8,9 +10,6 @@ namespace {
 using InformationModels = ModelWalk;
 
 constexpr int kPage = res::kInformation;
-constexpr int kFormat = 1007;
-constexpr int kFirmware = 1014;
-constexpr int kAddress = 1015;
 
 // Where a box tells something, and how it is named.
 struct Place {
@@ -150,13 +149,13 @@ TEST_F(InformationModels, EveryTypeShowsItsRowsAndItsFirmware) {
       top += 30;
     }
     expected[1013] = {80, top, 110, 30};
-    expected[kFirmware] = {200, top, 150, 30};
-    expected[kAddress] = type == 26 ? Rect{180, 250, 200, 30} : Rect{180, 255, 200, 20};
+    expected[kFirmwareValue] = {200, top, 150, 30};
+    expected[kWebAddress] = type == 26 ? Rect{180, 250, 200, 30} : Rect{180, 255, 200, 20};
     ASSERT_EQ(ShownOn(kPage), expected);
     EXPECT_LE(top, 210);  // above the address
     EXPECT_EQ(desk.Text(kPage, 1016), "Information");
     EXPECT_EQ(desk.Text(kPage, 1013), "F/W Version     :");
-    EXPECT_EQ(desk.Text(kPage, kFirmware), "0.1.2.6");
+    EXPECT_EQ(desk.Text(kPage, kFirmwareValue), "0.1.2.6");
     for (const ui::ControlTemplate& control : res::FindDialog(kPage)->controls) {
       ASSERT_EQ(desk.FontOf(kPage, control.id), (ui::Font{"Arial", 120})) << control.id;
     }
@@ -262,25 +261,25 @@ TEST_F(InformationModels, EveryTypeNamesItsInputFromItsOwnSource) {
     Report(3, {0x80, 0x07, 0x38, 0x04, 59, 94, 1});
     box.Word(3) = {45, 0};
     Reread();
-    EXPECT_EQ(desk.Text(kPage, kFormat), type == 26           ? "1280x720  50.00p"
-                                         : TellsByBlock(type) ? "1920x1080  59.94p"
-                                                              : "1920x1080 30.00p");
+    EXPECT_EQ(desk.Text(kPage, kFormatValue), type == 26           ? "1280x720  50.00p"
+                                              : TellsByBlock(type) ? "1920x1080  59.94p"
+                                                                   : "1920x1080 30.00p");
     if (type == 26 || TellsByBlock(type)) continue;
     // The second name goes with the flag 1 alone, and of the code the low byte counts.
     box.Word(3) = {45, 1};
     Reread();
-    EXPECT_EQ(desk.Text(kPage, kFormat), "1920x1080 29.97p");
+    EXPECT_EQ(desk.Text(kPage, kFormatValue), "1920x1080 29.97p");
     for (const std::uint32_t flag : {2U, 0x101U}) {
       box.Word(3) = {0xAB00 + 10, flag};
       Reread();
-      EXPECT_EQ(desk.Text(kPage, kFormat), "1920x1080 60.00p") << flag;
+      EXPECT_EQ(desk.Text(kPage, kFormatValue), "1920x1080 60.00p") << flag;
     }
     box.Word(3) = {93, 0};
     Reread();
-    EXPECT_EQ(desk.Text(kPage, kFormat), type == 19 ? "-  NO SIGNAL  -" : "1920x1080 24.00s");
+    EXPECT_EQ(desk.Text(kPage, kFormatValue), type == 19 ? "-  NO SIGNAL  -" : "1920x1080 24.00s");
     box.Word(3) = {91, 0};
     Reread();
-    EXPECT_EQ(desk.Text(kPage, kFormat), "-  NO  SIGNAL  -");
+    EXPECT_EQ(desk.Text(kPage, kFormatValue), "-  NO  SIGNAL  -");
   }
 }
 
@@ -292,23 +291,23 @@ TEST_F(InformationModels, EveryTypeTellsItsFirmwareInItsOwnItem) {
     for (const std::uint32_t other : {4U, 5U, 8U}) box.Word(other) = {0xABCD12, 0xABCD34};
     box.Word(static_cast<std::uint32_t>(item)) = {0xABCD56, 0xABCD78};
     Reread();
-    EXPECT_EQ(desk.Text(kPage, kFirmware), "7.8.5.6");
+    EXPECT_EQ(desk.Text(kPage, kFirmwareValue), "7.8.5.6");
     EXPECT_EQ(panel->Panel().firmwareVersion, 0x7856U);
     // Filled, but answered with something else than success.
     const std::string call = ReadsOf(type).back();
     device.FillAndAnswer(call, 2);
     box.Word(static_cast<std::uint32_t>(item)) = {1, 1};
     Reread();
-    EXPECT_EQ(desk.Text(kPage, kFirmware), "7.8.5.6");
+    EXPECT_EQ(desk.Text(kPage, kFirmwareValue), "7.8.5.6");
     EXPECT_EQ(panel->Panel().firmwareVersion, 0x7856U);
     device.FailNothing();
     if (type == 26) continue;
-    const std::string shown = desk.Text(kPage, kFormat);
+    const std::string shown = desk.Text(kPage, kFormatValue);
     device.FillAndAnswer(ReadsOf(type).front(), 2);
     box.Word(3) = {82, 0};
     Report(3, {0x00, 0x05, 0xD0, 0x02, 60, 0, 1});
     Reread();
-    EXPECT_EQ(desk.Text(kPage, kFormat), shown);
+    EXPECT_EQ(desk.Text(kPage, kFormatValue), shown);
     device.FailNothing();
   }
 }
@@ -333,7 +332,7 @@ TEST_F(InformationModels, EveryBrandHasItsWebAddress) {
     for (const int brand : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 254, 255}) {
       StartAs(Box(type, brand));
       const int shown = type == 26 ? 3 : brand;
-      EXPECT_EQ(desk.Text(kPage, kAddress),
+      EXPECT_EQ(desk.Text(kPage, kWebAddress),
                 addresses.contains(shown) ? addresses.at(shown) : "www.corvane.example")
           << Named(Box(type, brand));
     }
@@ -345,33 +344,33 @@ TEST_F(InformationModels, EveryBrandHasItsWebAddress) {
 using VideoMenuModels = ModelWalk;
 
 constexpr int kMenu = res::kVideoMenu;
-constexpr int kSettings = 1002;
-constexpr int kDisplayMode = 1003;
-constexpr int kTvWall = 1004;
-constexpr int kPip = 1005;
-constexpr int kGenlock = 1006;
-constexpr int kImageAdjust = 1007;
-constexpr int kRoi = 1008;
 
 // The tops of the buttons.
 std::map<int, int> MenuOf(int type, int brand) {
-  if (type == 26) return {{kSettings, 85}, {kImageAdjust, 170}};
-  if (type == 50) return {{kSettings, 60}, {kGenlock, 130}, {kImageAdjust, 200}};
-  if (Has({13, 15, 51}, type)) return {{kSettings, 60}, {kDisplayMode, 130}, {kPip, 200}};
-  if (Has({14, 32, 35, 36}, type)) return {{kSettings, 60}, {kTvWall, 140}, {kRoi, 210}};
-  if (Has({17, 18, 37, 38}, type)) return {{kSettings, 85}, {kTvWall, 170}};
-  if (Has({20, 33}, type)) {
-    if (brand == 1) return {{kSettings, 90}, {kGenlock, 180}};
-    return {{kSettings, 85}, {kTvWall, 170}};
+  if (type == 26) return {{kVideoSettingsButton, 85}, {kImageAdjustButton, 170}};
+  if (type == 50) {
+    return {{kVideoSettingsButton, 60}, {kGenlockButton, 130}, {kImageAdjustButton, 200}};
   }
-  if (type == 40) return {{kSettings, 60}, {kTvWall, 130}, {kGenlock, 200}};
+  if (Has({13, 15, 51}, type)) {
+    return {{kVideoSettingsButton, 60}, {kDisplayModeButton, 130}, {kPipButton, 200}};
+  }
+  if (Has({14, 32, 35, 36}, type)) {
+    return {{kVideoSettingsButton, 60}, {kTvWallButton, 140}, {kRoiButton, 210}};
+  }
+  if (Has({17, 18, 37, 38}, type)) return {{kVideoSettingsButton, 85}, {kTvWallButton, 170}};
+  if (Has({20, 33}, type)) {
+    if (brand == 1) return {{kVideoSettingsButton, 90}, {kGenlockButton, 180}};
+    return {{kVideoSettingsButton, 85}, {kTvWallButton, 170}};
+  }
+  if (type == 40) return {{kVideoSettingsButton, 60}, {kTvWallButton, 130}, {kGenlockButton, 200}};
   if (Has({30, 39, 43, 46, 47, 48, 49}, type)) {
-    return {{kSettings, 45}, {kTvWall, 105}, {kGenlock, 165}, {kRoi, 225}};
+    return {
+        {kVideoSettingsButton, 45}, {kTvWallButton, 105}, {kGenlockButton, 165}, {kRoiButton, 225}};
   }
   if (Has({23, 24, 25, 29, 34, 42}, type)) {
-    return {{kSettings, 60}, {kImageAdjust, 130}, {kRoi, 200}};
+    return {{kVideoSettingsButton, 60}, {kImageAdjustButton, 130}, {kRoiButton, 200}};
   }
-  return {{kSettings, 125}};
+  return {{kVideoSettingsButton, 125}};
 }
 
 TEST_F(VideoMenuModels, EveryIdentityHasItsButtonsInOneColumn) {
@@ -391,13 +390,13 @@ TEST_F(VideoMenuModels, EveryIdentityHasItsButtonsInOneColumn) {
 
 TEST_F(VideoMenuModels, CaptionsOfTheButtons) {
   Start();
-  const std::map<int, std::string> captions = {{kSettings, "Video Setting"},
-                                               {kDisplayMode, "Display Mode"},
-                                               {kTvWall, "TV WALL"},
-                                               {kPip, "PIP Setting"},
-                                               {kGenlock, "Genlock"},
-                                               {kImageAdjust, "Image Adjsut"},
-                                               {kRoi, "ROI"},
+  const std::map<int, std::string> captions = {{kVideoSettingsButton, "Video Setting"},
+                                               {kDisplayModeButton, "Display Mode"},
+                                               {kTvWallButton, "TV WALL"},
+                                               {kPipButton, "PIP Setting"},
+                                               {kGenlockButton, "Genlock"},
+                                               {kImageAdjustButton, "Image Adjsut"},
+                                               {kRoiButton, "ROI"},
                                                {1047, ""}};
   for (const auto& [control, caption] : captions) {
     EXPECT_EQ(desk.Text(kMenu, control), caption) << control;

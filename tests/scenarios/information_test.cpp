@@ -1,12 +1,11 @@
 // The Information page.
+#include "tests/support/information_controls.h"
 #include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
 
 constexpr int kPage = res::kInformation;
-constexpr int kFormat = 1007;
-constexpr int kFirmware = 1014;
 
 class Information : public Scenario {
  protected:
@@ -16,7 +15,7 @@ class Information : public Scenario {
   }
   std::string ShownFormat() {
     Press(kRefreshButton);
-    return desk.Text(kPage, kFormat);
+    return desk.Text(kPage, kFormatValue);
   }
 };
 
@@ -109,7 +108,7 @@ TEST_F(Information, NoSignalWithoutWidthOrHeight) {
 
 TEST_F(Information, FailedFormatReadShowsTheEarlierAnswer) {
   Start();
-  EXPECT_EQ(desk.Text(kPage, kFormat), "1920x1080  59.94p");
+  EXPECT_EQ(desk.Text(kPage, kFormatValue), "1920x1080  59.94p");
   Receive({0x05, 0x00, 0x02, 0xD0, 60, 0, 0});
   device.Fail("get block 1,0,30");
   EXPECT_EQ(ShownFormat(), "1920x1080  59.94p");
@@ -120,7 +119,7 @@ TEST_F(Information, FailedFormatReadShowsTheEarlierAnswer) {
 TEST_F(Information, FormatReadThatNeverSucceededShowsNoSignal) {
   device.Fail("get block 1,0,30");
   Start();
-  EXPECT_EQ(desk.Text(kPage, kFormat), "-  NO SIGNAL  -");
+  EXPECT_EQ(desk.Text(kPage, kFormatValue), "-  NO SIGNAL  -");
 }
 
 TEST_F(Information, ShowsAndPublishesTheFirmwareVersion) {
@@ -135,7 +134,7 @@ TEST_F(Information, ShowsAndPublishesTheFirmwareVersion) {
     box.Word(5) = words;
     Press(kInformationButton);
     EXPECT_EQ(panel->Panel().firmwareVersion, expected.first);
-    EXPECT_EQ(desk.Text(kPage, kFirmware), expected.second);
+    EXPECT_EQ(desk.Text(kPage, kFirmwareValue), expected.second);
   }
 }
 
@@ -146,14 +145,14 @@ TEST_F(Information, FailedFirmwareReadPublishesTheOldNumberAgain) {
   const_cast<PanelState&>(panel->Panel()).firmwareVersion = 0;
   Press(kRefreshButton);
   EXPECT_EQ(panel->Panel().firmwareVersion, 0x0126U);
-  EXPECT_EQ(desk.Text(kPage, kFirmware), "0.1.2.6");
+  EXPECT_EQ(desk.Text(kPage, kFirmwareValue), "0.1.2.6");
 }
 
 TEST_F(Information, VersionIsZeroUntilItWasRead) {
   device.Fail("get word 0,5");
   Start();
   EXPECT_EQ(panel->Panel().firmwareVersion, 0U);
-  EXPECT_EQ(desk.Text(kPage, kFirmware), "0.0.0.0");
+  EXPECT_EQ(desk.Text(kPage, kFirmwareValue), "0.0.0.0");
 }
 
 TEST_F(Information, KeepsTheVersionWhileTheBoxIsAway) {
@@ -212,8 +211,8 @@ TEST_F(Information, CodeModelsNameTheirFormat) {
     StartWith(Identity{type, 0, 0, 0, 0});
     box.Word(3) = {4, 1};
     Press(kPictureButton);
-    EXPECT_EQ(desk.Text(kPage, kFormat), "1280x720 59.94p");
-    EXPECT_EQ(desk.Text(kPage, kFirmware), "0.1.2.6");
+    EXPECT_EQ(desk.Text(kPage, kFormatValue), "1280x720 59.94p");
+    EXPECT_EQ(desk.Text(kPage, kFirmwareValue), "0.1.2.6");
     EXPECT_EQ(TakeCalls(), reads) << int{type};
     panel.reset();
   }
@@ -226,11 +225,11 @@ TEST_F(Information, RateThatAFormatDoesNotHaveIsBlank) {
   Press(kPictureButton);
   box.Word(3) = {1, 1};
   Press(kPictureButton);
-  EXPECT_EQ(desk.Text(kPage, kFormat), "");
+  EXPECT_EQ(desk.Text(kPage, kFormatValue), "");
   device.Fail("get word 0,3");
   box.Word(3) = {4, 0};
   Press(kPictureButton);
-  EXPECT_EQ(desk.Text(kPage, kFormat), "");
+  EXPECT_EQ(desk.Text(kPage, kFormatValue), "");
 }
 
 TEST_F(Information, LittleEndianModelsHaveThreeScans) {
@@ -246,7 +245,7 @@ TEST_F(Information, LittleEndianModelsHaveThreeScans) {
       TakeCalls();
       Press(kPictureButton);
       EXPECT_EQ(TakeCalls().front(), "get block 3,0,30");
-      EXPECT_EQ(desk.Text(kPage, kFormat), std::string("1920x1080  50.05") + letter);
+      EXPECT_EQ(desk.Text(kPage, kFormatValue), std::string("1920x1080  50.05") + letter);
     }
     panel.reset();
   }
@@ -258,15 +257,15 @@ TEST_F(Information, FailedFormatReadOfLittleEndianModelsKeepsTheText) {
     admitted = {type};
     device.Fail("get block 3,0,30");
     StartWith(0x0126, {type, 0, 0, 0, 0});
-    EXPECT_EQ(desk.Text(kPage, kFormat), "1920x1080 60.00p") << int{type};  // the first text
+    EXPECT_EQ(desk.Text(kPage, kFormatValue), "1920x1080 60.00p") << int{type};  // the first text
     device.FailNothing();
     box.Block(3) = {0x00, 0x05, 0xD0, 0x02, 60, 0, 1};
     Press(kPictureButton);
-    EXPECT_EQ(desk.Text(kPage, kFormat), "1280x720  60.00p");
+    EXPECT_EQ(desk.Text(kPage, kFormatValue), "1280x720  60.00p");
     box.Block(3) = {0x80, 0x07, 0x38, 0x04, 50, 0, 1};
     device.FillAndAnswer("get block 3,0,30", 2);
     Press(kPictureButton);
-    EXPECT_EQ(desk.Text(kPage, kFormat), "1280x720  60.00p");
+    EXPECT_EQ(desk.Text(kPage, kFormatValue), "1280x720  60.00p");
     device.FailNothing();
     panel.reset();
   }

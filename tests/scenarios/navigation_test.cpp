@@ -7,7 +7,6 @@ namespace panelora::testing {
 namespace {
 
 using Navigation = Scenario;
-using Texts = std::vector<std::string>;
 
 TEST_F(Navigation, AudioShowsItsPageWithApplyAndReturn) {
   Start();

@@ -1,6 +1,7 @@
 // Proc Amp and Image Adjust of every box type, against lists of their own: what they ask when they
 // are opened, what they show and enable, and what every slider and button tells the box.
 #include "tests/support/model_walk.h"
+#include "tests/support/proc_amp_controls.h"
 
 namespace panelora::testing {
 namespace {
@@ -10,11 +11,6 @@ namespace {
 class ProcAmpModels : public ModelWalk {
  protected:
   static constexpr int kPage = res::kProcAmp;
-
-  // Brightness, contrast, hue, saturation, in the order of their controls 2 to 5.
-  static constexpr int kSliders[] = {1032, 1035, 1034, 1033};
-  static constexpr int kLabels[] = {1036, 1037, 1038, 1039};
-  static constexpr int kEdits[] = {1049, 1050, 1051, 1052};
 
   // The box's four picture values.
   void Hold(int brightness, int contrast, int hue, int saturation) {
@@ -51,11 +47,13 @@ class ProcAmpModels : public ModelWalk {
   }
   void ExpectShown(const std::vector<int>& values, int brand) {
     for (std::size_t i = 0; i < 4; ++i) {
-      EXPECT_EQ(desk.Text(kPage, kLabels[i]), std::to_string(values[i])) << kLabels[i];
-      EXPECT_EQ(desk.SliderPosition(kPage, kSliders[i]), values[i]) << kSliders[i];
-      EXPECT_EQ(desk.SliderRange(kPage, kSliders[i]), std::make_pair(0, 255)) << kSliders[i];
+      EXPECT_EQ(desk.Text(kPage, kPictureLabels[i]), std::to_string(values[i]))
+          << kPictureLabels[i];
+      EXPECT_EQ(desk.SliderPosition(kPage, kPictureSliders[i]), values[i]) << kPictureSliders[i];
+      EXPECT_EQ(desk.SliderRange(kPage, kPictureSliders[i]), std::make_pair(0, 255))
+          << kPictureSliders[i];
       const std::string digits = Format("%03d", values[i]);
-      EXPECT_EQ(desk.Text(kPage, kEdits[i]), brand == 2 ? digits : "") << kEdits[i];
+      EXPECT_EQ(desk.Text(kPage, kPictureEdits[i]), brand == 2 ? digits : "") << kPictureEdits[i];
     }
   }
 };
@@ -73,12 +71,12 @@ TEST_F(ProcAmpModels, EveryTypeReadsShowsAndSetsItsPicture) {
       if (!HasPicture(type)) values = {128, 128, 128, 128};
       ExpectShown(values, brand);
       for (std::size_t i = 0; i < 4; ++i) {
-        EXPECT_EQ(desk.Enables(kPage, kSliders[i]), HasPicture(type)) << kSliders[i];
+        EXPECT_EQ(desk.Enables(kPage, kPictureSliders[i]), HasPicture(type)) << kPictureSliders[i];
         if (!HasPicture(type)) continue;
         TakeCalls();
-        desk.Drag(kPage, kSliders[i], 200);
+        desk.Drag(kPage, kPictureSliders[i], 200);
         EXPECT_EQ(TakeCalls(), Calls{"set proc amp 0," + std::to_string(i + 2) + " = 200"});
-        desk.Drag(kPage, kSliders[i], values[i]);
+        desk.Drag(kPage, kPictureSliders[i], values[i]);
       }
       ASSERT_FALSE(HasFailure());
     }
@@ -94,10 +92,10 @@ TEST_F(ProcAmpModels, EveryTypeShowsThePictureControlsInBothViews) {
       StartAs(identity);
       Press(kProcAmpButton);
       std::vector<int> expected = {1027, 1028, 1029, 1030, 1031, 1032, 1033, 1034, 1035};
-      for (const int control : kEdits) {
+      for (const int control : kPictureEdits) {
         if (brand == 2) expected.push_back(control);
       }
-      for (const int control : kLabels) {
+      for (const int control : kPictureLabels) {
         if (brand != 2) expected.push_back(control);
       }
       std::sort(expected.begin(), expected.end());

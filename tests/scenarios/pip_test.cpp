@@ -28,7 +28,6 @@ constexpr Controls kCh2 = {1063,
                            {1068, 1069, 1070, 1071}};
 enum Value { kHPos, kVPos, kHSize, kVSize };
 
-using Texts = std::vector<std::string>;
 using Range = std::pair<int, int>;
 
 class Pip : public Scenario {

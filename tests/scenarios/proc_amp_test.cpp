@@ -1,22 +1,18 @@
 // The processing amplifier page.
+#include "tests/support/proc_amp_controls.h"
 #include "tests/support/scenario.h"
 
 namespace panelora::testing {
 namespace {
 
 constexpr int kPage = res::kProcAmp;
-constexpr int kPictureSliders[] = {1032, 1035, 1034,
-                                   1033};  // brightness, contrast, hue, saturation
-constexpr int kPictureLabels[] = {1036, 1037, 1038, 1039};
-constexpr int kEdits[] = {1049, 1050, 1051, 1052};
 constexpr int kRgbSliders[] = {1041, 1044, 1047};
 constexpr int kRgbLabels[] = {1042, 1045, 1048};
 
 class ProcAmp : public Scenario {
  protected:
   void Open(std::uint8_t brand = 0, std::uint8_t boxType = 26) {
-    admitted = {boxType};
-    StartWith(0x0126, {boxType, brand, 0, 0, 0});
+    StartWith({boxType, brand, 0, 0, 0});
     box.Picture() = {10, 20, 30, 40};
     if (boxType == 26) box.Block(14) = {50, 60, 7};
     Press(kProcAmpButton);
@@ -29,7 +25,7 @@ class ProcAmp : public Scenario {
   }
   void TypeAll(const char* a, const char* b, const char* c, const char* d) {
     const char* texts[] = {a, b, c, d};
-    for (int i = 0; i < 4; ++i) desk.Type(kPage, kEdits[i], texts[i]);
+    for (int i = 0; i < 4; ++i) desk.Type(kPage, kPictureEdits[i], texts[i]);
   }
 };
 
@@ -63,7 +59,7 @@ TEST_F(ProcAmp, ViewsShowPictureOrRgb) {
     for (const bool rgb : {false, true, false}) {
       for (int id = 1028; id <= 1035; ++id) EXPECT_EQ(desk.Shows(kPage, id), !rgb) << id;
       for (const int id : kPictureLabels) EXPECT_EQ(desk.Shows(kPage, id), !rgb && brand != 2);
-      for (const int id : kEdits) EXPECT_EQ(desk.Shows(kPage, id), !rgb && brand == 2) << id;
+      for (const int id : kPictureEdits) EXPECT_EQ(desk.Shows(kPage, id), !rgb && brand == 2) << id;
       for (int id = 1040; id <= 1048; ++id) EXPECT_EQ(desk.Shows(kPage, id), rgb) << id;
       EXPECT_TRUE(desk.Shows(kPage, 1027));
       Press(kPageUpButton);
@@ -318,7 +314,7 @@ TEST_F(ProcAmp, OtherModelsCommitWithControl255) {
     admitted = {row.boxType};
     StartWith(row.firmware, {row.boxType, row.brand, 0, 0, 0});
     Press(kProcAmpButton);
-    for (const int edit : kEdits) desk.Type(kPage, edit, "128");
+    for (const int edit : kPictureEdits) desk.Type(kPage, edit, "128");
     EXPECT_EQ(CallsOf(kApplyButton), row.commits ? Calls{"set proc amp 0,255 = 1"} : Calls{})
         << int{row.boxType};
     desk.PressKey(kPage, 1049, ui::Key::kEnter);

@@ -1,5 +1,5 @@
 // The region of interest page: properties by model, frames, modes, sliders.
-#include "tests/support/scenario.h"
+#include "tests/support/one_page.h"
 
 namespace panelora::testing {
 namespace {
@@ -55,7 +55,7 @@ const ModelRow kModels[] = {
     {{25, 0, 0, 0, 0}, 18, "get word 0,1"},    {{29, 0, 0, 0, 0}, 18, "get word 0,1"},
 };
 
-class Roi : public Scenario {
+class Roi : public OnePage<kPage> {
  protected:
   // Opens the page on a box with this region; the input is 1920 by 1080.
   void Open(const Region& region = {100, 50, 640, 360, 1, 0}, std::uint8_t brand = 0) {
@@ -85,13 +85,6 @@ class Roi : public Scenario {
     for (const std::uint32_t item : {1U, 2U, 4U, 5U}) {
       box.Word(item) = {static_cast<std::uint32_t>(code), 0};
     }
-  }
-  Calls Slide(int slider, int position) {
-    TakeCalls();
-    desk.Drag(kPage, slider, position);
-    EXPECT_EQ(TakeCalls(), Calls{});
-    desk.Release(kPage, slider);
-    return TakeCalls();
   }
   // Texts without the line feed that a released slider puts behind its value.
   std::vector<int> Values() {

@@ -1,18 +1,11 @@
 // The Setting page of every box type, against a list of its own: what is shown where, what every
 // value that a box can report shows, and exactly what is read and written.
 #include "tests/support/model_walk.h"
+#include "tests/support/one_page.h"
+#include "tests/support/setting_controls.h"
 
 namespace panelora::testing {
 namespace {
-
-constexpr int kPage = res::kSetting;
-constexpr int kReset = 1041;
-
-constexpr Group kLock = {1040, 1037, 1038, 1039};
-constexpr Group kOsd = {1042, 1043, 1044, 1045};
-constexpr Group kPattern = {1050, 1072, 1052, 1053};
-constexpr Group kNoSignal = {1046, 1047, 1048, 1049};
-constexpr Group kDip8 = {1051, 1054, 1055, 1056};
 
 using Names = std::map<int, std::string>;
 
@@ -100,7 +93,7 @@ Calls WritesOf(int type, const std::vector<int>& v, int extra) {
 
 constexpr int kExtra = 0x5A;
 
-class SettingModels : public ModelWalk {
+class SettingModels : public OnePage<kPage, ModelWalk> {
  protected:
   void Report(int type, const std::vector<int>& v) {
     const std::vector<Setting> settings = SettingsOf(type);
@@ -119,7 +112,6 @@ class SettingModels : public ModelWalk {
     Press(kSettingButton);
     TakeCalls();
   }
-  std::string TextOf(const Group& group) { return desk.Text(kPage, group.value); }
 };
 
 TEST_F(SettingModels, EveryOtherTypeShowsItsThreeSettings) {
@@ -131,10 +123,7 @@ TEST_F(SettingModels, EveryOtherTypeShowsItsThreeSettings) {
       Places expected;
       int top = 15;
       for (const Setting& setting : SettingsOf(type)) {
-        expected[setting.group.label] = {55, top, 300, 20};
-        expected[setting.group.frame] = {55, top + 15, 300, 48};
-        expected[setting.group.value] = {65, top + 30, 250, 30};
-        expected[setting.group.next] = {375, top + 23, 40, 39};
+        PlaceFour(expected, setting.group, {55, top}, 375);
         top += 70;
       }
       expected[kReset] = {55, 235, 360, 50};

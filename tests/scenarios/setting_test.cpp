@@ -1,52 +1,29 @@
 // The Setting page and the Caution dialog.
 #include <map>
 
-#include "tests/support/scenario.h"
+#include "tests/support/one_page.h"
+#include "tests/support/setting_controls.h"
 
 namespace panelora::testing {
 namespace {
 
-constexpr int kPage = res::kSetting;
-using Texts = std::vector<std::string>;
-
-class Setting : public Scenario {
+class Setting : public OnePage<kPage> {
  protected:
   void Open(std::uint32_t firmware = 0x0126, Identity identity = {26, 0, 0, 0, 0}) {
-    admitted = {identity.boxType};
-    StartWith(firmware, identity);
+    StartWith(identity, firmware);
     Press(kSettingButton);
-  }
-  Texts Cycle(int button, int text, int presses) {
-    Texts shown;
-    for (int i = 0; i < presses; ++i) {
-      desk.Press(kPage, button);
-      shown.push_back(desk.Text(kPage, text));
-    }
-    return shown;
-  }
-  std::map<int, Rect> ShownControls() {
-    std::map<int, Rect> shown;
-    for (const ui::ControlTemplate& control : res::FindDialog(kPage)->controls) {
-      if (desk.Shows(kPage, control.id)) shown[control.id] = desk.PlaceOf(kPage, control.id);
-    }
-    return shown;
   }
 };
 
-void AddGroup(std::map<int, Rect>& all, const int (&ids)[4], int label, int frame, int value,
-              int next) {
-  all[ids[0]] = {55, label, 300, 20};
-  all[ids[1]] = {55, frame, 300, 48};
-  all[ids[2]] = {65, value, 250, 30};
-  all[ids[3]] = {375, next, 40, 39};
+void AddGroup(Places& all, const Group& group, int label, int frame, int value, int next) {
+  all[group.label] = {55, label, 300, 20};
+  all[group.frame] = {55, frame, 300, 48};
+  all[group.value] = {65, value, 250, 30};
+  all[group.next] = {375, next, 40, 39};
 }
 
-constexpr int kDip8[] = {1051, 1054, 1055, 1056};
-constexpr int kOsd[] = {1042, 1043, 1044, 1045};
-constexpr int kNoSignal[] = {1046, 1047, 1048, 1049};
-
-std::map<int, Rect> Expected(std::uint32_t firmware) {
-  std::map<int, Rect> all;
+Places Expected(std::uint32_t firmware) {
+  Places all;
   int reset = 125;
   if (firmware >= 294) {
     AddGroup(all, kDip8, 15, 30, 45, 38);
@@ -61,7 +38,7 @@ std::map<int, Rect> Expected(std::uint32_t firmware) {
     AddGroup(all, kOsd, 65, 80, 95, 88);
     reset = 165;
   }
-  all[1041] = {55, reset, 360, 50};
+  all[kReset] = {55, reset, 360, 50};
   return all;
 }
 
@@ -110,15 +87,15 @@ TEST_F(Setting, FirstTextsFontsAndPictures) {
     EXPECT_EQ(desk.Text(kPage, id), text) << id;
     EXPECT_EQ(desk.FontOf(kPage, id), (ui::Font{"Arial", 120})) << id;
   }
-  EXPECT_EQ(desk.Picture(kPage, 1041), "RESET_BTU_U");
-  EXPECT_EQ(desk.PressedPicture(kPage, 1041), "RESET_BTU_D");
+  EXPECT_EQ(desk.Picture(kPage, kReset), "RESET_BTU_U");
+  EXPECT_EQ(desk.PressedPicture(kPage, kReset), "RESET_BTU_D");
 }
 
 TEST_F(Setting, ShowsWhatTheBoxReports) {
   Open();
-  EXPECT_EQ(desk.Text(kPage, 1055), "Keep Aspect Ratio");
-  EXPECT_EQ(desk.Text(kPage, 1048), "Blue Screen");
-  EXPECT_EQ(desk.Text(kPage, 1044), "Enable");
+  EXPECT_EQ(TextOf(kDip8), "Keep Aspect Ratio");
+  EXPECT_EQ(TextOf(kNoSignal), "Blue Screen");
+  EXPECT_EQ(TextOf(kOsd), "Enable");
   const char* modes[] = {"Keep Aspect Ratio", "Full Screen (16:9)", "Dot By Dot", "4 : 3", "14 : 9",
                          "UnderScan",         "Pan Scan 16 : 9"};
   const char* noSignals[] = {"Black Screen", "Blue Screen", "Disable Output"};
@@ -128,10 +105,10 @@ TEST_F(Setting, ShowsWhatTheBoxReports) {
     box.Block(22) = {static_cast<std::uint8_t>(i % 3), 0};
     box.Word(21) = {i % 2U, 0};
     Press(kPictureButton);
-    EXPECT_EQ(desk.Text(kPage, 1055), modes[i]);
-    EXPECT_EQ(desk.Text(kPage, 1048), noSignals[i % 3]);
-    EXPECT_EQ(desk.Text(kPage, 1044), osds[i % 2]);
-    EXPECT_EQ(desk.Text(kPage, 1038), "Un-Locked");
+    EXPECT_EQ(TextOf(kDip8), modes[i]);
+    EXPECT_EQ(TextOf(kNoSignal), noSignals[i % 3]);
+    EXPECT_EQ(TextOf(kOsd), osds[i % 2]);
+    EXPECT_EQ(TextOf(kLock), "Un-Locked");
   }
 }
 
@@ -144,9 +121,9 @@ TEST_F(Setting, FailedReadsAndValuesWithoutRowKeepTheTexts) {
   box.Block(22) = {2, 0};
   box.Word(21) = {0, 0};
   Press(kPictureButton);
-  EXPECT_EQ(desk.Text(kPage, 1055), "Keep Aspect Ratio");
-  EXPECT_EQ(desk.Text(kPage, 1048), "Blue Screen");
-  EXPECT_EQ(desk.Text(kPage, 1044), "Enable");
+  EXPECT_EQ(TextOf(kDip8), "Keep Aspect Ratio");
+  EXPECT_EQ(TextOf(kNoSignal), "Blue Screen");
+  EXPECT_EQ(TextOf(kOsd), "Enable");
   EXPECT_EQ(CallsOf(kApplyButton),
             (Calls{"set word 0,21 = 1", "set block 22,0,1: 01", "set block 23,0,2: 00 00"}));
   device.FailNothing();
@@ -154,19 +131,19 @@ TEST_F(Setting, FailedReadsAndValuesWithoutRowKeepTheTexts) {
   box.Block(22) = {3, 0};
   box.Word(21) = {2, 0};
   Press(kPictureButton);
-  EXPECT_EQ(desk.Text(kPage, 1055), "Keep Aspect Ratio");
-  EXPECT_EQ(desk.Text(kPage, 1048), "Blue Screen");
-  EXPECT_EQ(desk.Text(kPage, 1044), "Enable");
+  EXPECT_EQ(TextOf(kDip8), "Keep Aspect Ratio");
+  EXPECT_EQ(TextOf(kNoSignal), "Blue Screen");
+  EXPECT_EQ(TextOf(kOsd), "Enable");
 }
 
 TEST_F(Setting, ButtonsStepAndWrap) {
   Open();
   TakeCalls();
-  EXPECT_EQ(Cycle(1045, 1044, 3), (Texts{"Disable", "Enable", "Disable"}));
-  EXPECT_EQ(Cycle(1049, 1048, 4),
+  EXPECT_EQ(Cycle(kOsd, 3), (Texts{"Disable", "Enable", "Disable"}));
+  EXPECT_EQ(Cycle(kNoSignal, 4),
             (Texts{"Disable Output", "Black Screen", "Blue Screen", "Disable Output"}));
-  EXPECT_EQ(Cycle(1039, 1038, 3), (Texts{"Locked", "Un-Locked", "Locked"}));
-  EXPECT_EQ(Cycle(1053, 1052, 15),
+  EXPECT_EQ(Cycle(kLock, 3), (Texts{"Locked", "Un-Locked", "Locked"}));
+  EXPECT_EQ(Cycle(kPattern, 15),
             (Texts{"White", "Cross", "Hatch", "Color Bar", "Gray", "Window", "H Ramp", "WH Ramp",
                    "WV Ramp", "Diagonal", "Red", "Green", "Blue", "Disable", "White"}));
   EXPECT_EQ(TakeCalls(), Calls{});
@@ -174,8 +151,7 @@ TEST_F(Setting, ButtonsStepAndWrap) {
 
 TEST_F(Setting, Dip8OffersOnlyKeepAndPanScan) {
   Open();
-  EXPECT_EQ(Cycle(1056, 1055, 3),
-            (Texts{"Pan Scan 16 : 9", "Keep Aspect Ratio", "Pan Scan 16 : 9"}));
+  EXPECT_EQ(Cycle(kDip8, 3), (Texts{"Pan Scan 16 : 9", "Keep Aspect Ratio", "Pan Scan 16 : 9"}));
   const std::pair<int, const char*> starts[] = {{1, "Pan Scan 16 : 9"},
                                                 {5, "Pan Scan 16 : 9"},
                                                 {6, "Keep Aspect Ratio"},
@@ -184,7 +160,7 @@ TEST_F(Setting, Dip8OffersOnlyKeepAndPanScan) {
   for (const auto& [start, next] : starts) {
     box.Block(23) = {static_cast<std::uint8_t>(start), 0};
     Press(kPictureButton);
-    EXPECT_EQ(Cycle(1056, 1055, 1), Texts{next}) << start;
+    EXPECT_EQ(Cycle(kDip8, 1), Texts{next}) << start;
   }
 }
 
@@ -200,8 +176,8 @@ TEST_F(Setting, ApplyWritesAllThreeWhateverIsShown) {
   Open();
   box.Block(23) = {3, 0x5A};  // the extra byte goes back as it came
   Press(kPictureButton);
-  desk.Press(kPage, 1045);
-  desk.Press(kPage, 1049);
+  desk.Press(kPage, kOsd.next);
+  desk.Press(kPage, kNoSignal.next);
   EXPECT_EQ(CallsOf(kApplyButton),
             (Calls{"set word 0,21 = 0", "set block 22,0,1: 02", "set block 23,0,2: 03 5A"}));
 }
@@ -210,7 +186,7 @@ TEST_F(Setting, CautionComesOncePerChange) {
   Open();
   Press(kApplyButton);
   EXPECT_FALSE(desk.IsOpen(res::kCaution));
-  desk.Press(kPage, 1056);
+  desk.Press(kPage, kDip8.next);
   Press(kApplyButton);
   EXPECT_TRUE(desk.IsShown(res::kCaution));
   EXPECT_EQ(desk.Title(res::kCaution), "Caution");
@@ -226,17 +202,17 @@ TEST_F(Setting, CautionComesOncePerChange) {
   EXPECT_FALSE(desk.IsOpen(res::kCaution));
   Press(kApplyButton);  // the same value again
   EXPECT_FALSE(desk.IsOpen(res::kCaution));
-  desk.Press(kPage, 1056);
+  desk.Press(kPage, kDip8.next);
   Press(kApplyButton);
   EXPECT_TRUE(desk.IsShown(res::kCaution));
 }
 
 TEST_F(Setting, SecondChangeReplacesTheOpenCaution) {
   Open();
-  desk.Press(kPage, 1056);
+  desk.Press(kPage, kDip8.next);
   Press(kApplyButton);
   const ui::Point first = desk.ScreenPosition(res::kCaution);
-  desk.Press(kPage, 1056);
+  desk.Press(kPage, kDip8.next);
   Press(kApplyButton);
   EXPECT_TRUE(desk.IsShown(res::kCaution));
   EXPECT_EQ(desk.ScreenPosition(res::kCaution), first);
@@ -246,7 +222,7 @@ TEST_F(Setting, SecondChangeReplacesTheOpenCaution) {
 
 TEST_F(Setting, RefreshConfirmsTheModeOfTheBox) {
   Open();
-  desk.Press(kPage, 1056);
+  desk.Press(kPage, kDip8.next);
   Press(kPictureButton);  // back to what the box has
   Press(kApplyButton);
   EXPECT_FALSE(desk.IsOpen(res::kCaution));
@@ -262,29 +238,29 @@ TEST_F(Setting, ModeThatTheBoxReportsNeedsNoCaution) {
 
 TEST_F(Setting, RefreshUnlocks) {
   Open();
-  EXPECT_EQ(Cycle(1039, 1038, 1), Texts{"Locked"});
+  EXPECT_EQ(Cycle(kLock, 1), Texts{"Locked"});
   Press(kPictureButton);
-  EXPECT_EQ(desk.Text(kPage, 1038), "Un-Locked");
-  EXPECT_EQ(Cycle(1039, 1038, 1), Texts{"Locked"});
+  EXPECT_EQ(TextOf(kLock), "Un-Locked");
+  EXPECT_EQ(Cycle(kLock, 1), Texts{"Locked"});
 }
 
 TEST_F(Setting, HardwareResetWorksWithoutOptionsAndBringsThePageBackAnew) {
   Open(280);
-  desk.Press(kPage, 1056);
-  ASSERT_EQ(desk.Text(kPage, 1055), "Pan Scan 16 : 9");
-  desk.Press(kPage, 1041);
+  desk.Press(kPage, kDip8.next);
+  ASSERT_EQ(TextOf(kDip8), "Pan Scan 16 : 9");
+  desk.Press(kPage, kReset);
   EXPECT_EQ(TakeCalls(), Calls{"set word 0,3 = 1"});
   Tick();
   ExpectDisconnectedLook();
   now += simulator::BoxModel::kRestartTime;
   Tick();
   ExpectConnectedLook();
-  EXPECT_EQ(desk.Text(kPage, 1055), "FULL SCREEN");
+  EXPECT_EQ(TextOf(kDip8), "FULL SCREEN");
 }
 
 TEST_F(Setting, EscapeClosesTheCautionAndTheMainWindowGoesOn) {
   Open();
-  desk.Press(kPage, 1056);
+  desk.Press(kPage, kDip8.next);
   Press(kApplyButton);
   desk.PressKey(res::kCaution, 1117, ui::Key::kEscape);
   EXPECT_FALSE(desk.IsOpen(res::kCaution));
@@ -295,7 +271,7 @@ TEST_F(Setting, EscapeClosesTheCautionAndTheMainWindowGoesOn) {
 
 TEST_F(Setting, ClosingTheMainWindowTakesTheCautionWithIt) {
   Open();
-  desk.Press(kPage, 1056);
+  desk.Press(kPage, kDip8.next);
   Press(kApplyButton);
   desk.RequestClose(res::kMain);
   EXPECT_FALSE(desk.IsOpen(res::kMain));
@@ -304,7 +280,7 @@ TEST_F(Setting, ClosingTheMainWindowTakesTheCautionWithIt) {
 
 TEST_F(Setting, UnpluggingWithTheCautionOpenDoesNoHarm) {
   Open();
-  desk.Press(kPage, 1056);
+  desk.Press(kPage, kDip8.next);
   Press(kApplyButton);
   box.SetPresent(false);
   for (int i = 0; i < 6; ++i) Tick();
@@ -333,7 +309,7 @@ TEST_F(Setting, HardwareResetIsSentAsTheModelWantsIt) {
     for (const std::uint8_t type : row.types) {
       Open(0x0126, {type, 0, 0, 0, 0});
       TakeCalls();
-      desk.Press(kPage, 1041);
+      desk.Press(kPage, kReset);
       EXPECT_EQ(TakeCalls(), row.calls) << int{type};
       EXPECT_TRUE(panel->Panel().forceDisconnect);
       EXPECT_EQ(panel->Panel().tickSkip, 0);
@@ -347,9 +323,9 @@ TEST_F(Setting, FailedReadsOfOtherModelsKeepTheTexts) {
   StartWith(0x0126, {46, 0, 0, 0, 0});
   device.FailEverything();
   Press(kSettingButton);
-  EXPECT_EQ(desk.Text(kPage, 1048), "Blue Screen");
-  EXPECT_EQ(desk.Text(kPage, 1044), "Hide");
-  EXPECT_EQ(desk.Text(kPage, 1055), "FULL SCREEN");
+  EXPECT_EQ(TextOf(kNoSignal), "Blue Screen");
+  EXPECT_EQ(TextOf(kOsd), "Hide");
+  EXPECT_EQ(TextOf(kDip8), "FULL SCREEN");
 }
 
 // A front panel that is locked is not unlocked because a read failed.
@@ -357,17 +333,17 @@ TEST_F(Setting, FailedReadOfTheLockKeepsIt) {
   Open(0x0126, {18, 0, 0, 0, 0});
   box.Word(12) = {1, 0};
   Press(kPictureButton);
-  EXPECT_EQ(desk.Text(kPage, 1038), "Locked");
+  EXPECT_EQ(TextOf(kLock), "Locked");
   device.Fail("get word 0,12");
   Press(kPictureButton);
-  EXPECT_EQ(desk.Text(kPage, 1038), "Locked");
+  EXPECT_EQ(TextOf(kLock), "Locked");
   EXPECT_EQ(CallsOf(kApplyButton)[0], "set word 0,12 = 1");
 }
 
 TEST_F(Setting, OtherModelsReadAndWriteTheirOptions) {
   Open(0x0126, {46, 0, 0, 0, 0});
   EXPECT_EQ(TakeCalls(), (Calls{"get block 15,0,2", "get block 21,0,2", "get block 22,0,2"}));
-  EXPECT_EQ(Cycle(1056, 1055, 5),
+  EXPECT_EQ(Cycle(kDip8, 5),
             (Texts{"4 : 3", "Dot By Dot", "Keep Aspect Ratio", "Full Screen", "16 : 9"}));
   EXPECT_EQ(CallsOf(kApplyButton),
             (Calls{"set block 21,0,1: 01", "set block 22,0,1: 01", "set block 15,0,1: 00"}));
@@ -375,7 +351,7 @@ TEST_F(Setting, OtherModelsReadAndWriteTheirOptions) {
   panel.reset();
   Open(0x0126, {18, 0, 0, 0, 0});
   EXPECT_EQ(TakeCalls(), (Calls{"get block 17,0,2", "get word 0,12", "get word 0,13"}));
-  desk.Press(kPage, 1039);
+  desk.Press(kPage, kLock.next);
   EXPECT_EQ(CallsOf(kApplyButton),
             (Calls{"set word 0,12 = 1", "set word 0,13 = 0", "set block 17,0,1: 00"}));
 }

@@ -158,7 +158,7 @@ TEST_F(VideoSettingsModels, InputSourceOfOtherModelsWrapsAtItsLastIndex) {
     Open(0x0126, {type, 0, 0, 0, 0});
     box.Block(3) = {1, 0};
     Press(kPictureButton);
-    EXPECT_EQ(Cycle(kInput, static_cast<int>(texts.size())), texts) << int{type};
+    EXPECT_EQ(Cycle(kInput, texts.size()), texts) << int{type};
     panel.reset();
   }
 }

@@ -1,35 +1,26 @@
 // The Video settings page.
-#include <map>
-
 #include "tests/support/video_settings_fixture.h"
 
 namespace panelora::testing {
 namespace {
 
-void AddGroup(std::map<int, Rect>& all, int label, int frame, int text, int next, int y) {
-  all[label] = {50, y, 300, 20};
-  all[frame] = {50, y + 15, 300, 48};
-  all[text] = {60, y + 30, 250, 30};
-  all[next] = {360, y + 23, 40, 39};
-}
-
-std::map<int, Rect> ExpectedSubPage0() {
-  std::map<int, Rect> all;
-  AddGroup(all, 1020, 1017, 1019, 1018, 15);
-  AddGroup(all, 1031, 1024, 1025, 1026, 85);
-  AddGroup(all, 1046, 1047, 1048, 1049, 155);
-  AddGroup(all, 1032, 1027, 1028, 1029, 225);
-  all[1028] = {60, 255, 260, 30};
-  all[1033] = {360, 248, 40, 39};
-  all[1029] = {410, 248, 40, 39};
+Places ExpectedSubPage0() {
+  Places all;
+  PlaceFour(all, kInput, {50, 15}, 360);
+  PlaceFour(all, kAspect, {50, 85}, 360);
+  PlaceFour(all, kEq, {50, 155}, 360);
+  PlaceFour(all, kFormat, {50, 225}, 360);
+  all[kFormat.value] = {60, 255, 260, 30};
+  all[kFormatBack] = {360, 248, 40, 39};
+  all[kFormat.next] = {410, 248, 40, 39};
   return all;
 }
 
-std::map<int, Rect> ExpectedSubPage1(bool edgeEnhance) {
-  std::map<int, Rect> all;
-  AddGroup(all, 1034, 1035, 1036, 1037, 35);
-  AddGroup(all, 1030, 1021, 1023, 1022, 115);
-  if (edgeEnhance) AddGroup(all, 1083, 1116, 1084, 1085, 195);
+Places ExpectedSubPage1(bool edgeEnhance) {
+  Places all;
+  PlaceFour(all, kColour, {50, 35}, 360);
+  PlaceFour(all, kLevel, {50, 115}, 360);
+  if (edgeEnhance) PlaceFour(all, kEdge, {50, 195}, 360);
   return all;
 }
 
@@ -269,10 +260,10 @@ TEST_F(VideoSettings, FailedReadKeepsTextAndSelection) {
 }
 
 TEST_F(VideoSettings, EachFailedReadLeavesTheOthersWorking) {
-  const std::pair<const char*, Control> rows[] = {{"get word 0,4", kInput},
-                                                  {"get word 0,2", kFormat},
-                                                  {"get word 0,7", kAspect},
-                                                  {"get word 0,12", kEq}};
+  const std::pair<const char*, Group> rows[] = {{"get word 0,4", kInput},
+                                                {"get word 0,2", kFormat},
+                                                {"get word 0,7", kAspect},
+                                                {"get word 0,12", kEq}};
   for (const auto& [failing, control] : rows) {
     Open();
     const std::string before = TextOf(control);

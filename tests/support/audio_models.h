@@ -5,30 +5,11 @@
 #include <algorithm>
 #include <optional>
 
+#include "tests/support/audio_controls.h"
 #include "tests/support/model_walk.h"
+#include "tests/support/one_page.h"
 
 namespace panelora::testing::audio_models {
-
-inline constexpr int kPage = res::kAudio;
-
-inline constexpr Group kMute = {1026, 1023, 1025, 1024};
-inline constexpr Group kSource = {1030, 1027, 1028, 1029};
-inline constexpr Group kStandard = {1035, 1036, 1037, 1038};
-inline constexpr Group kXlrLevel = {1055, 1039, 1040, 1041};
-inline constexpr Group kImpedance = {1056, 1042, 1043, 1044};
-inline constexpr Group kChannel = {1057, 1047, 1048, 1049};
-inline constexpr int kVolumeText = 1058;
-inline constexpr int kVolumeBar = 1103;
-inline constexpr int kLevelText = 1059;
-inline constexpr int kSofter = 1045;
-inline constexpr int kLouder = 1046;
-inline constexpr int kHdmiText = 1052;
-inline constexpr int kHdmiBar = 1104;
-inline constexpr int kHdmiSofter = 1053;
-inline constexpr int kHdmiLouder = 1054;
-inline constexpr int kScale = 1050;
-inline constexpr int kRuler = 1051;
-inline constexpr int kCombo = 1108;
 
 // One letter a part: m mute, s source, t standard, x XLR level, i XLR impedance, c output channel,
 // v volume, b volume with the level combo below it, h HDMI volume.
@@ -114,13 +95,6 @@ inline Volume VolumeOf(int type) {
   return Volume::kNone;
 }
 
-inline void PlaceFour(Places& places, const Group& group, int top) {
-  places[group.label] = {50, top, 300, 20};
-  places[group.frame] = {50, top + 15, 300, 48};
-  places[group.value] = {60, top + 30, 250, 30};
-  places[group.next] = {370, top + 23, 40, 39};
-}
-
 inline Places ExpectedPlaces(const Identity& box) {
   const std::string parts = PartsOf(box);
   const bool tight = parts.find_first_of("vb") != std::string::npos;
@@ -129,33 +103,33 @@ inline Places ExpectedPlaces(const Identity& box) {
   for (const char part : parts) {
     switch (part) {
       case 'm':
-        PlaceFour(places, kMute, top);
+        PlaceFour(places, kMute, {50, top}, 370);
         break;
       case 's':
-        PlaceFour(places, kSource, top);
+        PlaceFour(places, kSource, {50, top}, 370);
         break;
       case 't':
-        PlaceFour(places, kStandard, top);
+        PlaceFour(places, kStandard, {50, top}, 370);
         break;
       case 'x':
-        PlaceFour(places, kXlrLevel, top);
+        PlaceFour(places, kXlrLevel, {50, top}, 370);
         break;
       case 'i':
-        PlaceFour(places, kImpedance, top);
+        PlaceFour(places, kImpedance, {50, top}, 370);
         break;
       case 'c':
-        PlaceFour(places, kChannel, top);
+        PlaceFour(places, kChannel, {50, top}, 370);
         break;
       case 'h':
         places[kHdmiText] = {50, top, 330, 20};
-        places[1061] = {50, top + 15, 300, 48};
+        places[kHdmiFrame] = {50, top + 15, 300, 48};
         places[kHdmiBar] = {60, top + 33, 280, 16};
         places[kHdmiSofter] = {370, top + 23, 40, 39};
         places[kHdmiLouder] = {415, top + 23, 40, 39};
         break;
       default:
         places[kVolumeText] = {50, top, 330, 20};
-        places[1060] = {50, top + 15, 300, 48};
+        places[kVolumeFrame] = {50, top + 15, 300, 48};
         places[kVolumeBar] = {60, top + 33, 230, 16};
         if (VolumeOf(box.boxType) != Volume::kAttenuation) {
           places[kLevelText] = {295, top + 31, 50, 20};
@@ -165,7 +139,7 @@ inline Places ExpectedPlaces(const Identity& box) {
         if (part == 'v') break;
         places[kScale] = {50, top + 68, 370, 20};
         places[kRuler] = {65, top + 88, 355, 20};
-        places[1062] = {50, top + 118, 100, 20};
+        places[kComboCaption] = {50, top + 118, 100, 20};
         places[kCombo] = {160, top + 116, 110, 24};
         break;
     }
@@ -233,7 +207,7 @@ struct Held {
   int level = 0;
 };
 
-class AudioModels : public ModelWalk {
+class AudioModels : public OnePage<kPage, ModelWalk> {
  protected:
   void OpenAs(const Identity& identity) {
     StartAs(identity);
@@ -306,9 +280,6 @@ class AudioModels : public ModelWalk {
     if (volume == Volume::kOutput) calls.push_back(SetBlock(44, {held.level, 0}));
     return calls;
   }
-  std::string TextOf(int control) { return desk.Text(kPage, control); }
-  std::string TextOf(const Group& group) { return TextOf(group.value); }
-
   // Every value that a box can report for a setting of four controls: the listed ones show their
   // text, the others keep it; Apply sends back what was read, and a press goes on from there.
   void WalkSetting(const Identity& identity, const Group& group, int Held::*field,
@@ -322,7 +293,7 @@ class AudioModels : public ModelWalk {
       if (texts.contains(value)) shown = texts.at(value);
       ASSERT_EQ(TextOf(group), shown);
       ASSERT_EQ(CallsOf(kApplyButton), Writes(identity, held));
-      ASSERT_EQ(CallsOnPage(kPage, group.next), Calls{});
+      ASSERT_EQ(CallsOfPress(group.next), Calls{});
       Held stepped = held;
       stepped.*field = value + 1 > last ? 0 : value + 1;
       if (texts.contains(stepped.*field)) shown = texts.at(stepped.*field);

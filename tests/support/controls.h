@@ -35,4 +35,12 @@ struct Group {
   int next;
 };
 
+// Where such a group is expected: its caption at `origin`, its ">>" at `nextX`.
+inline void PlaceFour(Places& places, const Group& group, ui::Point origin, int nextX) {
+  places[group.label] = {origin.x, origin.y, 300, 20};
+  places[group.frame] = {origin.x, origin.y + 15, 300, 48};
+  places[group.value] = {origin.x + 10, origin.y + 30, 250, 30};
+  places[group.next] = {nextX, origin.y + 23, 40, 39};
+}
+
 }  // namespace panelora::testing

@@ -1,22 +1,18 @@
 // The Display Mode page on the desk.
 #pragma once
 
-#include <map>
-
-#include "tests/support/scenario.h"
+#include "tests/support/one_page.h"
 
 namespace panelora::testing {
 
-inline constexpr int kPage = res::kDisplayMode;
-inline constexpr int kNextMode = 1046;
-inline constexpr int kNextLabels = 1062;
+constexpr int kPage = res::kDisplayMode;
+constexpr int kNextMode = 1046;
+constexpr int kNextLabels = 1062;
 
 inline const Calls kModeReads = {"get block 1,0,20", "get block 2,0,20"};
 inline const Calls kLabelReads = {"get block 20,0,2", "get block 19,0,60", "get block 19,1,60",
                                   "get block 19,2,60", "get block 19,3,60"};
 inline const Calls kOpening = {"set word 0,10 = 3"};
-
-using Places = std::map<int, Rect>;
 
 inline const Places kThreeGroups = {
     {1044, {70, 35, 300, 20}},  {1003, {70, 50, 300, 48}},  {1045, {80, 65, 250, 30}},
@@ -39,7 +35,7 @@ inline const Places kLabelsView = {
     {1110, {180, 153, 240, 25}}, {1111, {180, 203, 240, 25}}, {1112, {180, 253, 240, 25}},
 };
 
-class DisplayMode : public Scenario {
+class DisplayMode : public OnePage<kPage> {
  protected:
   // Opens the page on a box with these modes and labels.
   void Open(Identity identity, std::uint8_t nineModes = 1, std::uint8_t labels = 1,
@@ -62,13 +58,6 @@ class DisplayMode : public Scenario {
     return {desk.Text(kPage, 1048), desk.Text(kPage, 1051), desk.Text(kPage, 1054)};
   }
   std::string Mode() { return desk.Text(kPage, 1045); }
-  Places ShownControls() {
-    Places shown;
-    for (const ui::ControlTemplate& control : res::FindDialog(kPage)->controls) {
-      if (desk.Shows(kPage, control.id)) shown[control.id] = desk.PlaceOf(kPage, control.id);
-    }
-    return shown;
-  }
   std::vector<bool> EnabledEdits() {
     std::vector<bool> enabled;
     for (const int edit : {1109, 1110, 1111, 1112}) enabled.push_back(desk.Enables(kPage, edit));

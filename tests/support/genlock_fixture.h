@@ -1,24 +1,22 @@
 // The Genlock page on the desk.
 #pragma once
 
-#include <map>
-
-#include "tests/support/scenario.h"
+#include "tests/support/one_page.h"
 
 namespace panelora::testing {
 
-inline constexpr int kPage = res::kGenlock;
-inline constexpr int kNextMode = 1080;
-inline constexpr int kNextSync = 1095;
-inline constexpr int kVUp = 1107;
-inline constexpr int kVDown = 1108;
-inline constexpr int kHUp = 1109;
-inline constexpr int kHDown = 1110;
-inline constexpr int kVSlider = 1086;
-inline constexpr int kHSlider = 1087;
-inline constexpr int kVEdit = 1105;
-inline constexpr int kHEdit = 1106;
-inline constexpr int kHorizontal[] = {1085, kHSlider, kHUp, kHDown, kHEdit, 1089, 1091};
+constexpr int kPage = res::kGenlock;
+constexpr int kNextMode = 1080;
+constexpr int kNextSync = 1095;
+constexpr int kVUp = 1107;
+constexpr int kVDown = 1108;
+constexpr int kHUp = 1109;
+constexpr int kHDown = 1110;
+constexpr int kVSlider = 1086;
+constexpr int kHSlider = 1087;
+constexpr int kVEdit = 1105;
+constexpr int kHEdit = 1106;
+constexpr int kHorizontal[] = {1085, kHSlider, kHUp, kHDown, kHEdit, 1089, 1091};
 
 struct GroupRow {
   std::vector<std::uint8_t> types;
@@ -53,7 +51,7 @@ inline Calls Reads(std::uint8_t type) {
   return reads;
 }
 
-class Genlock : public Scenario {
+class Genlock : public OnePage<kPage> {
  protected:
   // Opens the page on a box with these codes and delays.
   void Open(std::uint8_t type, int mode = 1, int outputCode = 10, int inputCode = 15,
@@ -74,13 +72,6 @@ class Genlock : public Scenario {
     }
     box.Block(Number(group.delays)) = {Number(vertical & 0xFF), Number(vertical >> 8),
                                        Number(horizontal & 0xFF), Number(horizontal >> 8)};
-  }
-  Calls Slide(int slider, int position) {
-    TakeCalls();
-    desk.Drag(kPage, slider, position);
-    EXPECT_EQ(TakeCalls(), Calls{});
-    desk.Release(kPage, slider);
-    return TakeCalls();
   }
   // What is written for these delays.
   Calls Delays(int vertical, int horizontal, bool final, int syncMode = 0) {

@@ -3,8 +3,8 @@
 
 namespace panelora::testing {
 
-inline constexpr int kFormatValue = 1007;
-inline constexpr int kFirmwareValue = 1014;
-inline constexpr int kWebAddress = 1015;
+constexpr int kFormatValue = 1007;
+constexpr int kFirmwareValue = 1014;
+constexpr int kWebAddress = 1015;
 
 }  // namespace panelora::testing

@@ -2,9 +2,7 @@
 #pragma once
 
 #include <initializer_list>
-#include <map>
 #include <string>
-#include <vector>
 
 #include "tests/support/scenario.h"
 
@@ -39,24 +37,6 @@ class ModelWalk : public Scenario {
   }
   void ReportWord(int item, int value) {
     box.Word(static_cast<std::uint32_t>(item)) = {static_cast<std::uint32_t>(value), 0};
-  }
-
-  Places ShownOn(int page) {
-    Places shown;
-    for (const ui::ControlTemplate& control : res::FindDialog(page)->controls) {
-      if (desk.Shows(page, control.id)) shown[control.id] = desk.PlaceOf(page, control.id);
-    }
-    return shown;
-  }
-
-  // What stands in `text` after each press of `button`.
-  Texts Steps(int page, int button, int text, std::size_t presses) {
-    Texts shown;
-    for (std::size_t i = 0; i < presses; ++i) {
-      desk.Press(page, button);
-      shown.push_back(desk.Text(page, text));
-    }
-    return shown;
   }
 };
 

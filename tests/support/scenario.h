@@ -54,9 +54,9 @@ class Scenario : public ::testing::Test {
     Press(button);
     return TakeCalls();
   }
-  Calls CallsOnPage(int page, int button) {
+  Calls CallsOnPage(int page, int button, int presses = 1) {
     TakeCalls();
-    desk.Press(page, button);
+    for (int i = 0; i < presses; ++i) desk.Press(page, button);
     return TakeCalls();
   }
 
@@ -65,6 +65,15 @@ class Scenario : public ::testing::Test {
     std::vector<int> shown;
     for (int page = res::kInformation; page <= res::kTextLabels; ++page) {
       if (desk.IsShown(page)) shown.push_back(page);
+    }
+    return shown;
+  }
+
+  // The controls of a page that are shown.
+  Places ShownOn(int page) {
+    Places shown;
+    for (const ui::ControlTemplate& control : res::FindDialog(page)->controls) {
+      if (desk.Shows(page, control.id)) shown[control.id] = desk.PlaceOf(page, control.id);
     }
     return shown;
   }

@@ -8,36 +8,10 @@
 #include <vector>
 
 #include "tests/support/model_walk.h"
+#include "tests/support/one_page.h"
+#include "tests/support/video_settings_controls.h"
 
 namespace panelora::testing::video_list {
-
-inline constexpr int kPage = res::kVideoSettings;
-
-inline constexpr Group kInput = {1020, 1017, 1019, 1018};
-inline constexpr Group kAspect = {1031, 1024, 1025, 1026};
-inline constexpr Group kFormat = {1032, 1027, 1028, 1029};
-inline constexpr Group kOutputSource = {1043, 1042, 1044, 1045};
-inline constexpr Group kColour = {1034, 1035, 1036, 1037};
-inline constexpr Group kLevel = {1030, 1021, 1023, 1022};
-inline constexpr Group kEq = {1046, 1047, 1048, 1049};
-inline constexpr Group kEdge = {1083, 1116, 1084, 1085};
-inline constexpr Group kMode = {1038, 1039, 1040, 1041};
-inline constexpr Group kSdi0 = {1050, 1051, 1052, 1053};
-inline constexpr Group kSdi1 = {1054, 1055, 1056, 1057};
-inline constexpr Group kLed = {1062, 1063, 1064, 1065};
-inline constexpr Group kGpi = {1067, 1068, 1069, 1070};
-inline constexpr Group kGenlock = {1078, 1114, 1077, 1079};
-inline constexpr Group kIre = {1081, 1115, 1080, 1082};
-inline constexpr Group kUpFilter = {1086, 1117, 1087, 1088};
-inline constexpr Group kSdiType = {1089, 1118, 1090, 1091};
-inline constexpr Group kSecondLevel = {1076, 1096, 1097, 1098};
-inline constexpr Group kSdiColour = {1095, 1099, 1100, 1101};
-inline constexpr Group kHdmiMode = {1102, 1103, 1104, 1105};
-inline constexpr Group kMirror = {1106, 1107, 1108, 1109};
-inline constexpr Group kReclock = {1110, 1111, 1112, 1113};
-inline constexpr int kFormatBack = 1033;
-inline constexpr int kAutoPhase = 1066;
-inline constexpr int kFreeze = 1075;
 
 struct Option {
   int index;
@@ -296,13 +270,6 @@ inline int Selected(const Setting& setting, int read) {
   return 255;
 }
 
-inline void PlaceFour(Places& places, const Group& group, int top) {
-  places[group.label] = {50, top, 300, 20};
-  places[group.frame] = {50, top + 15, 300, 48};
-  places[group.value] = {60, top + 30, 250, 30};
-  places[group.next] = {360, top + 23, 40, 39};
-}
-
 inline bool HasFreeze(int type) { return !Has({13, 15, 20, 30, 33, 43}, type); }
 
 // Of the types other than 26; `phase`: the analogue input is selected.
@@ -314,7 +281,7 @@ inline Places ExpectedPlaces(const Identity& box, int subPage, bool phase) {
   const bool tight = subPage == 0 || freeze || settings.size() > 3;
   int top = tight ? 15 : 35;
   const auto place = [&](const Setting& setting) {
-    PlaceFour(places, setting.group, top);
+    PlaceFour(places, setting.group, {50, top}, 360);
     if (setting.group.next == kFormat.next) {
       places[kFormat.value] = {60, top + 30, 260, 30};
       places[kFormatBack] = {360, top + 23, 40, 39};
@@ -342,7 +309,7 @@ inline std::string SetOf(const Setting& setting, int value) {
   return setting.isWord ? SetWord(setting.address, value) : SetBlock(setting.address, {value});
 }
 
-class VideoListed : public ModelWalk {
+class VideoListed : public OnePage<kPage, ModelWalk> {
  protected:
   void OpenAs(const Identity& identity, std::uint32_t firmware = 0x0126, int subPage = 0) {
     StartAs(identity, firmware);
@@ -381,7 +348,6 @@ class VideoListed : public ModelWalk {
     if (PassesThrough(identity.boxType) && IsFirst(settings)) calls.push_back(SetBlock(8, {0}));
     return calls;
   }
-  std::string TextOf(const Group& group) { return desk.Text(kPage, group.value); }
 };
 
 inline std::vector<int> UpTo(int last) {
