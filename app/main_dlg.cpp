@@ -5,6 +5,7 @@
 #include "app/navigation.h"
 #include "catalogue/codecs.h"
 #include "catalogue/multiview.h"
+#include "pages/caption.h"
 #include "res/dialog_templates.h"
 
 namespace panelora {
@@ -120,21 +121,17 @@ void CMainDlg::InitPages() {
 }
 
 void CMainDlg::SetFirstTexts() {
-  const auto caption = [&](int control, const char* text) {
-    window->SetFont(control, ui::kCaptionFont);
-    window->SetText(control, text);
-  };
-  caption(kPictureButton, kLogo);
+  SetCaption(*window, kPictureButton, kLogo);
   window->PlaceControl(kPictureButton, kPictureStrip);
-  caption(kSerialPicture, kLogo);
+  SetCaption(*window, kSerialPicture, kLogo);
   window->PlaceControl(kSerialPicture, {110, 65, 490, 310});
   window->SetPictures(kSerialPicture, "NULL_RS485", "NULL_RS485");
   window->ShowControl(kSerialPicture, false);
-  caption(kPortList, "");
+  SetCaption(*window, kPortList, "");
   window->PlaceControl(kPortList, {500, 20, 80, 20});
   window->ShowControl(kPortList, false);
   for (const NavigationButton& button : kNavigationButtons) {
-    if (button.caption != nullptr) caption(button.control, button.caption);
+    if (button.caption != nullptr) SetCaption(*window, button.control, button.caption);
   }
 }
 

@@ -2,6 +2,7 @@
 // and the ">>" beside it that steps the value.
 #pragma once
 
+#include "pages/caption.h"
 #include "ui/dialog.h"
 
 namespace panelora {
@@ -17,12 +18,9 @@ struct CyclingGroup {
 // caption, ">>" and the first value.
 inline void SetUpGroup(ui::Dialog& dialog, const CyclingGroup& group, const char* caption,
                        const char* firstValue) {
-  dialog.SetFont(group.label, ui::kCaptionFont);
-  dialog.SetFont(group.frame, ui::kCaptionFont);
-  dialog.SetFont(group.next, ui::kCaptionFont);
-  dialog.SetText(group.label, caption);
-  dialog.SetText(group.frame, "");
-  dialog.SetText(group.next, ">>");
+  SetCaption(dialog, group.label, caption);
+  SetCaption(dialog, group.frame, "");
+  SetCaption(dialog, group.next, ">>");
   dialog.SetText(group.value, firstValue);
 }
 

@@ -1,5 +1,6 @@
 #include "pages/multiview/display_mode_dlg.h"
 
+#include "pages/caption.h"
 #include "pages/cycling_group.h"
 #include "pages/multiview/channel_rules.h"
 #include "res/dialog_templates.h"
@@ -73,10 +74,8 @@ void CDisplayModeDlg::Init(ui::SerialHandle serial) {
     Window().SetFont(group.value, ui::kValueFont);
   }
   for (const LabelRow& row : kLabelRows) {
-    Window().SetFont(row.caption, ui::kCaptionFont);
-    Window().SetFont(row.edit, ui::kCaptionFont);
-    Window().SetText(row.caption, row.text);
-    Window().SetText(row.edit, "");
+    SetCaption(Window(), row.caption, row.text);
+    SetCaption(Window(), row.edit, "");
     Window().SetTextLimit(row.edit, static_cast<int>(kLabelLength));
   }
   ResetView();

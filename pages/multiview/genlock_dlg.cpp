@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "pages/caption.h"
 #include "pages/cycling_group.h"
 
 namespace panelora {
@@ -65,20 +66,16 @@ void CGenlockDlg::Init() {
   for (const CyclingGroup& group : {kGenlockMode, kSyncMode}) {
     Window().SetFont(group.value, ui::kValueFont);
   }
-  const auto set = [&](int control, const char* text) {
-    Window().SetFont(control, ui::kCaptionFont);
-    Window().SetText(control, text);
-  };
-  set(kInfoFrame, "Info");
-  set(kFormatCaption, "Sync Input Format :");
-  set(kFormat, kNoSignalText);
+  SetCaption(Window(), kInfoFrame, "Info");
+  SetCaption(Window(), kFormatCaption, "Sync Input Format :");
+  SetCaption(Window(), kFormat, kNoSignalText);
   for (const DelayControls& delay : {kVertical, kHorizontal}) {
-    set(delay.caption, delay.text);
-    set(delay.down, "<<");
-    set(delay.up, ">>");
-    set(delay.edit, "0");
-    set(delay.label, "0");
-    set(delay.unit, delay.unitText);
+    SetCaption(Window(), delay.caption, delay.text);
+    SetCaption(Window(), delay.down, "<<");
+    SetCaption(Window(), delay.up, ">>");
+    SetCaption(Window(), delay.edit, "0");
+    SetCaption(Window(), delay.label, "0");
+    SetCaption(Window(), delay.unit, delay.unitText);
   }
   const bool hasSync = FindIndex(genlock::SyncNames(), panel.identity.boxType, 0) != nullptr;
   ShowGroup(Window(), kSyncMode, hasSync);

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "pages/caption.h"
+
 namespace panelora {
 
 namespace {
@@ -37,14 +39,10 @@ constexpr int kRowTopsInTwoFrames[] = {35, 85, 170, 225};
 }  // namespace
 
 void CImageAdjustDlg::Init() {
-  const auto set = [&](int control, const char* text) {
-    Window().SetFont(control, ui::kCaptionFont);
-    Window().SetText(control, text);
-  };
   for (const RowControls& row : kRows) {
-    set(row.caption, row.text);
-    set(row.up, "+");
-    set(row.down, "-");
+    SetCaption(Window(), row.caption, row.text);
+    SetCaption(Window(), row.up, "+");
+    SetCaption(Window(), row.down, "-");
   }
   Window().SetFont(kUpperFrame, ui::kCaptionFont);
   Window().SetFont(kLowerFrame, ui::kCaptionFont);

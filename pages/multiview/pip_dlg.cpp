@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "base/text.h"
+#include "pages/caption.h"
 
 namespace panelora {
 
@@ -106,13 +107,11 @@ void CPIPDlg::Init(ui::SerialHandle serial) {
   TakeHandle();
   serialHandle = serial;
   for (const Channel& channel : kChannels) {
-    Window().SetFont(channel.frame, ui::kCaptionFont);
-    Window().SetText(channel.frame, channel.title);
+    SetCaption(Window(), channel.frame, channel.title);
     for (const Row* row : channel.Rows()) {
-      for (const int control : {row->caption, row->edit, row->label}) {
-        Window().SetFont(control, ui::kCaptionFont);
-      }
-      Window().SetText(row->caption, row->text);
+      SetCaption(Window(), row->caption, row->text);
+      Window().SetFont(row->edit, ui::kCaptionFont);
+      Window().SetFont(row->label, ui::kCaptionFont);
     }
   }
 }

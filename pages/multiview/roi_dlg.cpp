@@ -1,6 +1,7 @@
 #include "pages/multiview/roi_dlg.h"
 
 #include "base/text.h"
+#include "pages/caption.h"
 #include "pages/cycling_group.h"
 
 namespace panelora {
@@ -45,12 +46,10 @@ constexpr FrameRow kFrames[] = {
 void CROIDlg::Init() {
   SetUpGroup(Window(), kMode, "Display Mode", "Full Screen");
   Window().SetFont(kMode.value, ui::kValueFont);
-  Window().SetFont(kFrame, ui::kCaptionFont);
-  Window().SetText(kFrame, "adjust ROI");
+  SetCaption(Window(), kFrame, "adjust ROI");
   for (const RoiRow& row : {kHPos, kVPos, kHSize, kVSize}) {
-    Window().SetFont(row.caption, ui::kCaptionFont);
+    SetCaption(Window(), row.caption, row.text);
     Window().SetFont(row.label, ui::kCaptionFont);
-    Window().SetText(row.caption, row.text);
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include "catalogue/codecs.h"
 #include "catalogue/multiview.h"
+#include "pages/caption.h"
 #include "pages/cycling_group.h"
 
 namespace panelora {
@@ -21,8 +22,7 @@ void CTextLabelsDlg::Init() {
   SetUpGroup(Window(), kState, "Text Labels Enable", "Disable");
   PlaceGroup(Window(), kState, {50, 55}, 370);
   Window().SetFont(kState.value, ui::kValueFont);
-  Window().SetFont(kLabelCaption, ui::kCaptionFont);
-  Window().SetText(kLabelCaption, "Text Labels");
+  SetCaption(Window(), kLabelCaption, "Text Labels");
   Window().PlaceControl(kLabelCaption, {50, 155, 300, 20});
   Window().SetFont(kLabel, ui::kValueFont);
   Window().SetTextLimit(kLabel, static_cast<int>(kLabelLength));

@@ -1,5 +1,6 @@
 #include "pages/setting/caution_dlg.h"
 
+#include "pages/caption.h"
 #include "res/dialog_templates.h"
 
 namespace panelora {
@@ -14,10 +15,8 @@ void CCautionDlg::Open(ui::Dialog& page) {
   window.reset();
   window = toolkit.CreateDialogFrom(res::kCaution, *this, &page);
   window->PlaceOver(page, kOffset);
-  window->SetFont(kPicture, ui::kCaptionFont);
-  window->SetFont(kText, ui::kCaptionFont);
-  window->SetText(kPicture, "");
-  window->SetText(kText, "DipSwitch Config Be Changed !!!");
+  SetCaption(*window, kPicture, "");
+  SetCaption(*window, kText, "DipSwitch Config Be Changed !!!");
   window->SetPictures(kPicture, "CAUTION", "CAUTION");
   window->Show(true);
 }

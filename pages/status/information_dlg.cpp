@@ -4,6 +4,7 @@
 #include <string>
 
 #include "catalogue/audio_levels.h"
+#include "pages/caption.h"
 #include "res/dialog_templates.h"
 
 namespace panelora {
@@ -84,20 +85,16 @@ const char* CInformationDlg::WebAddress(std::uint8_t brandCode) {
 
 void CInformationDlg::Init() {
   TakeHandle();
-  const auto setUp = [&](int control, const char* text) {
-    Window().SetFont(control, ui::kCaptionFont);
-    Window().SetText(control, text);
-  };
   const auto setUpRow = [&](const RowControls& row) {
-    setUp(row.caption, row.captionText);
-    setUp(row.value, row.firstText);
+    SetCaption(Window(), row.caption, row.captionText);
+    SetCaption(Window(), row.value, row.firstText);
     Window().ShowControl(row.caption, false);
     Window().ShowControl(row.value, false);
   };
-  setUp(kGroup, "Information");
+  SetCaption(Window(), kGroup, "Information");
   Window().PlaceControl(kGroup, {55, 20, 390, 260});
-  setUp(kFirmwareCaption, "F/W Version     :");
-  setUp(kFirmwareValue, "0.1.0.1");
+  SetCaption(Window(), kFirmwareCaption, "F/W Version     :");
+  SetCaption(Window(), kFirmwareValue, "0.1.0.1");
   Window().SetFont(kWebAddress, ui::kCaptionFont);
   for (const RowControls& row : kControls) setUpRow(row);
   setUpRow(kControlInterface);

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "base/text.h"
+#include "pages/caption.h"
 #include "res/dialog_templates.h"
 
 namespace panelora {
@@ -69,13 +70,9 @@ void CVideoSettingsDlg::Init() {
   if (panel.identity.brandCode == 3) {
     Window().SetText(GroupOf(kOutputLevel).label, "HDMI Output Range");
   }
-  const auto button = [&](int control, const char* text) {
-    Window().SetFont(control, ui::kCaptionFont);
-    Window().SetText(control, text);
-  };
-  button(kPreviousFormat, "<<");
-  button(kAutoPhaseButton, "PHASE");
-  button(kVideoFreeze, "Video Freeze");
+  SetCaption(Window(), kPreviousFormat, "<<");
+  SetCaption(Window(), kAutoPhaseButton, "PHASE");
+  SetCaption(Window(), kVideoFreeze, "Video Freeze");
   SetSubPage(panel.cycleState);
 }
 
