@@ -21,6 +21,7 @@
 #include "tests/support/controls.h"
 #include "tests/support/desk.h"
 #include "tests/support/pixels_win32.h"
+#include "tests/support/windows_of.h"
 
 namespace panelora::fuzz {
 namespace {
@@ -130,9 +131,7 @@ class RealPanel {
   std::vector<Call> TakeCalls() { return room.Box().TakeCalls(); }
 
  private:
-  win32::Win32Dialog& Dialog(int number) {
-    return *static_cast<win32::Win32Toolkit&>(desk.Toolkit()).Find(number);
-  }
+  win32::Win32Dialog& Dialog(int number) { return *WindowsOf(desk).Find(number); }
 
   // The steps alone say when a timer is due.
   void StopClocks() {
@@ -372,7 +371,7 @@ std::string Difference(FuzzPanel& inMemory, Desk& desk, bool everything) {
     if (!difference.empty()) return difference;
   }
   // A window that is not active looks after its focus when it becomes so.
-  auto& windows = static_cast<win32::Win32Toolkit&>(desk.Toolkit());
+  auto& windows = WindowsOf(desk);
   if (GetActiveWindow() != windows.Find(res::kMain)->Handle()) {
     ++shares.focusUnseen;
     return "";

@@ -13,8 +13,8 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/win32/win32_toolkit.h"
 #include "tests/support/holdings.h"
+#include "tests/support/windows_of.h"
 
 namespace panelora::testing {
 
@@ -230,7 +230,7 @@ Holdings CountHoldings(Desk& desk) {
   held["menus"] = static_cast<long>(menus.size());
   held["icons"] = static_cast<long>(icons.size());
   held["timers"] = static_cast<long>(timers.size());
-  const auto& toolkit = static_cast<const win32::Win32Toolkit&>(desk.Toolkit());
+  const auto& toolkit = WindowsOf(desk);
   held["timers left running"] = toolkit.timersLeftRunning;
   held["GDI objects of the process"] = GdiObjectsOfTheProcess();
   held["user objects of the process"] =

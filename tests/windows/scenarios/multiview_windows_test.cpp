@@ -1,15 +1,14 @@
 // What only real windows show of the multi-view pages.
 #include "platform/win32/win32_toolkit.h"
 #include "tests/support/scenario.h"
+#include "tests/support/windows_of.h"
 
 namespace panelora::testing {
 namespace {
 
 class MultiViewWindows : public Scenario {
  protected:
-  win32::Win32Dialog& Page(int number) {
-    return *static_cast<win32::Win32Toolkit&>(desk.Toolkit()).Find(number);
-  }
+  win32::Win32Dialog& Page(int number) { return *WindowsOf(desk).Find(number); }
   // The brush that the page gives for its own background.
   HBRUSH Background(int number) {
     const HWND page = Page(number).Handle();
@@ -98,13 +97,13 @@ TEST_F(MultiViewWindows, PressedTileIsPressedAsAButtonToo) {
   message.message = WM_LBUTTONDOWN;
   message.wParam = MK_LBUTTON;
   message.lParam = MAKELPARAM(5, 5);
-  static_cast<win32::Win32Toolkit&>(desk.Toolkit()).Handle(message);
+  WindowsOf(desk).Handle(message);
   EXPECT_EQ(GetCapture(), tile);
   EXPECT_NE(SendMessageA(tile, BM_GETSTATE, 0, 0) & BST_PUSHED, 0);
   EXPECT_EQ(panel->Panel().tilePosition, 2U);
   message.message = WM_LBUTTONUP;
   message.wParam = 0;
-  static_cast<win32::Win32Toolkit&>(desk.Toolkit()).Handle(message);
+  WindowsOf(desk).Handle(message);
   EXPECT_EQ(GetCapture(), nullptr);
 }
 

@@ -1,7 +1,7 @@
 // The dpi of the monitor changes: every place is scaled, and comes back exactly.
 #include "platform/win32/dpi.h"
-#include "platform/win32/win32_toolkit.h"
 #include "tests/support/scenario.h"
+#include "tests/support/windows_of.h"
 
 namespace panelora::testing {
 namespace {
@@ -9,7 +9,7 @@ namespace {
 class Scaling : public Scenario {
  protected:
   void ChangeDpi(int dpi) {
-    auto& toolkit = static_cast<win32::Win32Toolkit&>(desk.Toolkit());
+    auto& toolkit = WindowsOf(desk);
     const HWND window = toolkit.Find(res::kMain)->Handle();
     RECT suggested;
     GetWindowRect(window, &suggested);
@@ -44,7 +44,7 @@ TEST_F(Scaling, DpiChangeScalesWindowPagesAndControls) {
 
 // Fonts, bitmaps and brushes are made once: using the window again makes no new ones.
 TEST_F(Scaling, HandlesDoNotGrowWithUse) {
-  auto& toolkit = static_cast<win32::Win32Toolkit&>(desk.Toolkit());
+  auto& toolkit = WindowsOf(desk);
   Start();
   const auto walk = [&] {
     for (const int button :

@@ -1,7 +1,7 @@
 // In which order a press changes the windows, and how often each.
-#include "platform/win32/win32_toolkit.h"
 #include "tests/support/pixels_win32.h"
 #include "tests/support/scenario.h"
+#include "tests/support/windows_of.h"
 
 namespace panelora::testing {
 namespace {
@@ -88,7 +88,7 @@ TEST_F(Settling, CaptionThatComesBackIsNotSet) {
 // Sub-pages lie over one another: what goes leaves nothing behind.
 TEST_F(Settling, NothingRemainsOfTheSubPageBefore) {
   StartWith(0x0126);
-  const HWND window = static_cast<win32::Win32Toolkit&>(desk.Toolkit()).Find(res::kMain)->Handle();
+  const HWND window = WindowsOf(desk).Find(res::kMain)->Handle();
   panel->OpenPage(PageCode::kVideoSettings);
   for (const char* look : {"the second", "the first"}) {
     Press(kPageUpButton);

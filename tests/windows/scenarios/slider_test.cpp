@@ -1,16 +1,13 @@
 // The real trackbar under the operator's hands.
-#include "platform/win32/win32_toolkit.h"
 #include "tests/support/scenario.h"
+#include "tests/support/windows_of.h"
 
 namespace panelora::testing {
 namespace {
 
 class Slider : public Scenario {
  protected:
-  HWND WindowOf(int control) {
-    auto& toolkit = static_cast<win32::Win32Toolkit&>(desk.Toolkit());
-    return toolkit.Find(res::kProcAmp)->ControlWindow(control);
-  }
+  HWND WindowOf(int control) { return WindowsOf(desk).Find(res::kProcAmp)->ControlWindow(control); }
 };
 
 TEST_F(Slider, KeysFrom10To200SendEachValueOnce) {
