@@ -78,10 +78,18 @@ TEST(Describe, WhatEveryBoxIsAsked) {
       {Box(26),
        Answered(Get(1, 30), ToBytes(EncodeFormat({1920, 1080, 59, 94, 0}, ByteOrder::kBig))),
        "Input Format: 1920x1080  59.94p"},
-      {Box(51),
+      {Box(14),
        Answered(Get(3, 30), ToBytes(EncodeFormat({1920, 1080, 24, 0, 2}, ByteOrder::kLittle))),
        "Input Format: 1920x1080  24.00s"},
+      {Box(51),
+       Answered(Get(3, 30), ToBytes(EncodeFormat({1920, 1080, 24, 0, 2}, ByteOrder::kLittle))),
+       "Input Format: 1920x1080  24.00s, -  NO SIGNAL  -, -  NO SIGNAL  -, -  NO SIGNAL  -"},
       {Box(0), Answered(Get(3U), 45, 1), "Input Format: 1920x1080 29.97p"},
+      {Box(13), Answered(Get(18U), 45, 1), "Input Format 4: 1920x1080 29.97p"},
+      {Box(25), Answered(Get(18U), 3), "Input Color: YUV422"},
+      {Box(52), Answered(Get(38, 2), {1, 0}), "Audio fitted: source 1, volume 0"},
+      {Box(21), Answered(Get(24U), 1), "Audio Mute: ON"},
+      {Box(21), Set(1, Bytes{1}), "Audio Mute: ON"},
   });
 }
 
@@ -97,12 +105,13 @@ TEST(Describe, OptionsHaveTheNamesOfTheirChoices) {
       {Box(0), Answered(Get(15, 2), {4, 0}), "Aspect Ratio: Full Screen"},
       {Box(26), Set(23, Bytes{6, 1}), "DipSwitch 8(1) Mode: Pan Scan 16 : 9"},
       {Box(0), Set(12U, 1), "Function Button: Locked"},
+      {Box(20), Answered(Get(17U), 1), "Pass Through: ON"},
       {Box(29), Set(32, Bytes{8}), "Output Channel: 7.1 Channel"},
       // An audio source is told by its value and reported by its index, and hangs on the input.
       {Box(26), Set(6U, 3), "Audio Source: SDI"},
       {Box(26), Answered(Get(6U), 2), "Audio Source: SDI or HDMI"},
       {Box(26), Set(6U, 1), "Audio Source: Internal (HDMI) or Internal (Mute) or Internal (SDI)"},
-      {Box(0), Set(10, Bytes{7}), "Audio Source: 7"},
+      {Box(51), Set(10, Bytes{7}), "Audio Source: 7"},
   });
 }
 
@@ -187,12 +196,14 @@ TEST(Describe, BlocksOfSeveralBytesHaveTheirCodecs) {
 TEST(Describe, NumbersThatMeanTwoThingsAreNamedTwice) {
   ExpectWords({
       {Box(51), Set(1, Bytes{1}), "Hardware Reset / Display Mode: Mode 1"},
-      {Box(20), Answered(Get(17U), 1), "No Signal Mode: Blue Screen / Pass Through: ON"},
-      {Box(33), Get(8U), "TV Wall? / Firmware?"},
+      {Box(33), Get(1U), "Output Format? / Region Input Format?"},
+      {Box(39), Get(4, 2), "Sync Input Format? / Region Input Format?"},
+      {Box(20), Set(4U, 1), "Hardware Reset"},
+      {Box(20), Get(4U), "Firmware?"},
       {Box(26), Set(10U, 3), "HDMI Output Color: YUV422 / Open Display Mode"},
       // What another page only looks at is not named where it is an option anyway.
       {Box(50), Answered(Get(3, 2), {2, 0}), "Input Source: VGA"},
-      {Box(24), Answered(Get(11U), 3), "Aspect Ratio: Keep Aspect Ratio"},
+      {Box(24), Answered(Get(11U), 3), "Aspect Ratio: UnderScan"},
   });
 }
 
