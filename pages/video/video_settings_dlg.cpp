@@ -73,6 +73,11 @@ void CVideoSettingsDlg::Init() {
   SetCaption(Window(), kPreviousFormat, "<<");
   SetCaption(Window(), kAutoPhaseButton, "PHASE");
   SetCaption(Window(), kVideoFreeze, "Video Freeze");
+  // What another box made of them counts no more.
+  for (const int control :
+       {GroupOf(kOutputFormat).next, kPreviousFormat, GroupOf(kOutputColour).next}) {
+    Window().EnableControl(control, true);
+  }
   SetSubPage(panel.cycleState);
 }
 

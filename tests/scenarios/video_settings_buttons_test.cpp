@@ -267,6 +267,29 @@ TEST_F(VideoButtons, FirstSelectionsOfEveryType) {
   }
 }
 
+// A box that is genlocked, or puts out DVI, locks buttons; the next box finds them free.
+TEST_F(VideoButtons, AnotherBoxFindsEveryButtonFree) {
+  admitted = {30, 50, 25};
+  StartWith(0x0126, Box(30));
+  const auto connect = [&](int type) {
+    box.SetPresent(false);
+    for (int i = 0; i < 6; ++i) Tick();
+    box.Become(Box(type), 0x0126);
+    box.SetPresent(true);
+    Tick();
+    panel->OpenPage(PageCode::kVideoSettings);
+  };
+  for (const auto& [type, button] : {std::pair{30, kFormat.next}, {50, kColour.next}}) {
+    connect(type);
+    Report(15, {1, 0});  // the genlock mode of 30
+    Report(42, {0, 0});  // the HDMI output mode of 50
+    Press(kPageUpButton);
+    EXPECT_FALSE(desk.Enables(kPage, button)) << type;
+    connect(25);
+    EXPECT_TRUE(desk.Enables(kPage, button)) << type;
+  }
+}
+
 TEST_F(VideoButtons, WithoutBoxTheFirstTextsStandAndNothingIsAsked) {
   box.SetPresent(false);
   Start();
