@@ -1,6 +1,7 @@
 #include "simulator/box_model.h"
 
 #include <algorithm>
+#include <span>
 #include <string>
 
 #include "catalogue/audio.h"
@@ -89,6 +90,15 @@ void BoxModel::ReportInputFormat() {
     const auto format = EncodeFormat(row.format, ByteOrder::kBig);
     std::copy(format.begin(), format.end(), told.begin());
   }
+}
+
+bool BoxModel::HasTwoWords(std::uint32_t item) const {
+  if (item == information::FirmwareOf(identity.boxType).number) return true;
+  const std::span<const information::Told> rows = information::Rows();
+  return std::any_of(rows.begin(), rows.end(), [&](const information::Told& told) {
+    return told.tells == information::Tells::kFormatCode && told.types.Has(identity.boxType) &&
+           told.at.number == item;
+  });
 }
 
 bool BoxModel::IsRestarting() const { return restarting && Now() - restartedAt < kRestartTime; }

@@ -41,6 +41,8 @@ class BoxModel final : public DeviceLink {
   std::vector<std::uint8_t>& Block(std::uint8_t property, std::uint8_t sub = 0);
   WordBuffer& Word(std::uint32_t item);
   ProcAmpBytes& Picture() { return picture; }
+  // The items of which a library fills two words; of the others one.
+  bool HasTwoWords(std::uint32_t item) const;
 
   DeviceHandle Open(std::uint32_t mode) override;
   int GetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std::uint8_t sub,

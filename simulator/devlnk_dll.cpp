@@ -128,12 +128,11 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_BOX_PROPERTY(std::uint32_t han
                                                                std::uint32_t item,
                                                                std::uint32_t* out) {
   WordBuffer answer{};
-  const int result =
-      Box().Called(Call::GetWord(group, item)).GetBoxProperty(handle, group, item, answer);
+  BoxModel& box = Box().Called(Call::GetWord(group, item));
+  const int result = box.GetBoxProperty(handle, group, item, answer);
   if (result != panelora::kSuccess || Box().Fails()) return kFailure;
   out[0] = answer[0];
-  // Only the firmware and format code items have a second word.
-  if (item == 3 || item == 5 || item == 8) out[1] = answer[1];
+  if (box.HasTwoWords(item)) out[1] = answer[1];
   return result;
 }
 

@@ -156,5 +156,19 @@ TEST_F(BoxModelTest, BlocksAreFilledUpWithZerosToTheLengthAskedFor) {
   EXPECT_EQ(bytes[30], 0xAA);
 }
 
+// A caller has room for two words only where it expects them.
+TEST_F(BoxModelTest, SecondWordsAreOfFirmwareAndFormatCodes) {
+  const std::pair<std::uint8_t, std::vector<std::uint32_t>> rows[] = {
+      {26, {5}}, {0, {3, 8}}, {20, {3, 4}}, {13, {3, 7, 8, 14, 18}}, {14, {8}}};
+  for (const auto& [type, items] : rows) {
+    box.Become({type, 0, 0, 0, 0}, 0x0126);
+    std::vector<std::uint32_t> two;
+    for (std::uint32_t item = 0; item < 30; ++item) {
+      if (box.HasTwoWords(item)) two.push_back(item);
+    }
+    EXPECT_EQ(two, items) << int{type};
+  }
+}
+
 }  // namespace
 }  // namespace panelora::simulator
