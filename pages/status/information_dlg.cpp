@@ -104,7 +104,9 @@ void CInformationDlg::Init() {
 
 void CInformationDlg::PlaceRow(int row, int top) {
   const bool isWide = row == kAnalogLevel;
-  Window().PlaceControl(kControls[row].caption, {kCaptionLeft, top, isWide ? 200 : 110, 20});
+  // Longer captions than those of inputs go to their values.
+  const int width = isWide ? 200 : row <= kInput4 ? 110 : 118;
+  Window().PlaceControl(kControls[row].caption, {kCaptionLeft, top, width, 20});
   Window().PlaceControl(kControls[row].value, {isWide ? kWideValueLeft : kValueLeft, top, 150, 20});
 }
 

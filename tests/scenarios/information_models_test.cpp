@@ -144,7 +144,7 @@ TEST_F(InformationModels, EveryTypeShowsItsRowsAndItsFirmware) {
     }
     for (const Row& row : RowsOf(type)) {
       const bool isWide = row.caption == 1035;
-      expected[row.caption] = {80, top, isWide ? 200 : 110, 20};
+      expected[row.caption] = {80, top, isWide ? 200 : 118, 20};
       expected[row.value] = {isWide ? 290 : 200, top, 150, 20};
       top += 30;
     }
