@@ -1,5 +1,7 @@
 // Every box of the family on every page that leads somewhere: each option steps through all its
 // captions and comes back, and what is applied is what the box is read to have.
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 
@@ -136,13 +138,17 @@ TEST_F(EveryBox, OfTenTypesStepsAppliesAndReadsBackEveryCaption) {
 // The DIP switches of both sides.
 class EveryBoxWithDip : public EveryBox, public ::testing::WithParamInterface<int> {};
 
+// Types of which no rule speaks, and there are many, take every brand without DIP switches, and
+// every DIP switch without a brand.
 TEST_P(EveryBoxWithDip, StepsAppliesAndReadsBackEveryCaption) {
   for (int type = 0; type < kNoBoxType; ++type) {
+    const bool isNamed = std::find(std::begin(kTypes), std::end(kTypes), type) != std::end(kTypes);
     for (int brand = 0; brand <= 12; ++brand) {
+      if (!isNamed && brand != 0 && GetParam() != 0) break;
       ASSERT_NO_FATAL_FAILURE(Walk(Box(type, brand, GetParam() & 1, GetParam() >> 1)));
     }
   }
-  EXPECT_GT(options, 10U * kNoBoxType * 13U);
+  EXPECT_GT(options, 10U * (kNoBoxType + 12U * std::size(kTypes)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Dip, EveryBoxWithDip, ::testing::Values(0, 1, 2, 3));
