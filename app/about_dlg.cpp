@@ -18,7 +18,8 @@ void CAboutDlg::OnCommand(int control, ui::Notification /*what*/) {
 }
 
 // Enter and Escape both mean "read it".
-bool CAboutDlg::OnKey(ui::Key /*key*/) {
+bool CAboutDlg::OnKey(ui::Key key) {
+  if (IsOfWindow(key)) return false;
   OnCloseRequest();
   return true;
 }

@@ -9,6 +9,7 @@
 
 #include "app/about_dlg.h"
 #include "app/device_picture.h"
+#include "app/navigation.h"
 #include "catalogue/page_code.h"
 #include "pages/audio/audio_dlg.h"
 #include "pages/multiview/display_mode_dlg.h"
@@ -40,7 +41,11 @@ class CMainDlg final : public ui::DialogEvents, public PageOpener {
   // Opens the device, identifies the box, builds the window and its pages and starts the monitor.
   // The window is hidden until Show. False when the system can't make one of the windows.
   bool Init();
-  void Show() { window->Show(true); }
+  // With the keyboard on Information, which is what is shown.
+  void Show() {
+    window->Show(true);
+    if (connected) window->Focus(kInformationButton);
+  }
   bool IsOpen() const { return window != nullptr && window->IsOpen(); }
   ui::Dialog& Window() { return *window; }
 
@@ -54,6 +59,7 @@ class CMainDlg final : public ui::DialogEvents, public PageOpener {
   void OpenPage(PageCode code) override;
 
   void OnCommand(int control, ui::Notification what) override;
+  bool OnKey(ui::Key key) override;
   void OnTimer(int timer) override;
   bool OnSystemCommand(int command) override;
   void OnCloseRequest() override;

@@ -99,6 +99,22 @@ void CMainDlg::OnCommand(int control, ui::Notification what) {
   DispatchCommand(*this, kCommands, control, what);
 }
 
+// Keys press what is there to be pressed: a page without Apply has nothing to apply.
+bool CMainDlg::OnKey(ui::Key key) {
+  switch (key) {
+    case ui::Key::kBack:
+      return window->PressIfShown(kReturnButton);
+    case ui::Key::kApply:
+      return window->PressIfShown(kApplyButton);
+    case ui::Key::kNextPage:
+      return window->PressIfShown(kPageUpButton);
+    case ui::Key::kRefresh:  // the picture refreshes where there is no button for it
+      return window->PressIfShown(kRefreshButton) || window->PressIfShown(kPictureButton);
+    default:
+      return false;
+  }
+}
+
 void CMainDlg::HideAllButtons() {
   for (const NavigationButton& button : kNavigationButtons) ShowButton(button.control, false);
 }

@@ -15,8 +15,17 @@ enum class Notification {
   kSelectionChanged,  // another item of a combo box was chosen
 };
 
-// The keys that a dialog is asked about before the control that has the focus sees them.
-enum class Key { kEnter, kEscape };
+// The keys that a dialog is asked about before the control that has the focus sees them: the first
+// two the page that the focus is on, the others the window.
+enum class Key {
+  kEnter,
+  kEscape,
+  kBack,      // Alt+Left, and Backspace outside an edit
+  kApply,     // Ctrl+Enter
+  kRefresh,   // F5
+  kNextPage,  // Ctrl+Page Up
+};
+constexpr bool IsOfWindow(Key key) { return key > Key::kEscape; }
 
 // What happens to a dialog. Every event arrives on the one user-interface thread, and only while
 // the dialog exists.
@@ -33,7 +42,7 @@ class DialogEvents {
   virtual void OnSliderReleased(int /*control*/) {}
 
   // A key was pressed while the focus is in the dialog. True = consumed; otherwise Enter presses
-  // the button that has the focus.
+  // the button that has the focus. No other key goes on to the control.
   virtual bool OnKey(Key /*key*/) { return false; }
   // The left mouse button went down on a control, which sees the press afterwards.
   virtual void OnMousePress(int /*control*/) {}
@@ -87,6 +96,9 @@ class Dialog {
   virtual void EnableControl(int control, bool enabled) = 0;
   virtual void PlaceControl(int control, const Rect& rect) = 0;
   virtual void SetFont(int control, const Font& font) = 0;
+
+  // Presses a button that is shown and enabled; the focus stays. False = it is not.
+  virtual bool PressIfShown(int control) = 0;
 
   // The keyboard goes to a button, edit, slider or combo box that is shown and enabled, at once or,
   // in a window that is not active, as soon as it is. False = nothing takes it; the focus stays.

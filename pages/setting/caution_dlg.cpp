@@ -21,7 +21,8 @@ void CCautionDlg::Open(ui::Dialog& page) {
   window->Show(true);
 }
 
-bool CCautionDlg::OnKey(ui::Key /*key*/) {
+bool CCautionDlg::OnKey(ui::Key key) {
+  if (IsOfWindow(key)) return false;
   OnCloseRequest();
   return true;
 }

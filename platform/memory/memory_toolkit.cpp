@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "res/dialog_templates.h"
+#include "ui/reading_order.h"
 
 namespace panelora::memory {
 
@@ -120,6 +121,12 @@ void MemoryDialog::SetFont(int control, const ui::Font& font) {
   }
 }
 
+bool MemoryDialog::PressIfShown(int control) {
+  if (!IsUsable(control)) return false;
+  events.OnCommand(control, ui::Notification::kClicked);
+  return true;
+}
+
 bool MemoryDialog::Focus(int control) {
   if (!TakesFocus(Find(control)) || !IsUsable(control)) return false;
   Frame().MoveFocus({Number(), control});
@@ -231,17 +238,23 @@ bool MemoryDialog::IsUsable(int control) const {
   return TakesInput(found) && found->shown && IsVisible();
 }
 
-// Every control that Tab visits while it is usable, in that order. Pages stand directly behind a
-// control of their window, the one placed last in front.
+// The controls at which Tab stops, and the one from which the focus is lost, in the order of Tab:
+// as the eye goes over the window, then over its pages, the one placed last in front.
 std::vector<MemoryDialog::TabStop> MemoryDialog::TabStops() const {
-  std::vector<TabStop> stops;
+  std::vector<int> found;
+  std::vector<ui::Rect> places;
   for (const ui::ControlTemplate& row : source.controls) {
-    if (TakesFocus(Find(row.id))) stops.push_back({this, row.id});
-    for (auto page = toolkit.dialogs.rbegin(); page != toolkit.dialogs.rend(); ++page) {
-      if ((*page)->parent != this || (*page)->source.framed || (*page)->behind != row.id) continue;
-      const std::vector<TabStop> own = (*page)->TabStops();
-      stops.insert(stops.end(), own.begin(), own.end());
-    }
+    const bool isLost = Frame().focus == std::pair(Number(), row.id);
+    if (!TakesFocus(Find(row.id)) || (!IsUsable(row.id) && !isLost)) continue;
+    found.push_back(row.id);
+    places.push_back(Find(row.id)->rect);
+  }
+  std::vector<TabStop> stops;
+  for (const std::size_t each : ui::ReadingOrder(places)) stops.push_back({this, found[each]});
+  for (auto page = toolkit.dialogs.rbegin(); page != toolkit.dialogs.rend(); ++page) {
+    if ((*page)->parent != this || (*page)->source.framed) continue;
+    const std::vector<TabStop> own = (*page)->TabStops();
+    stops.insert(stops.end(), own.begin(), own.end());
   }
   return stops;
 }
@@ -330,7 +343,7 @@ void MemoryDialog::Choose(int control, int index) {
 bool MemoryDialog::PressKey(int control, ui::Key key) {
   if (!IsUsable(control)) return true;  // no key goes to what can't be seen or is disabled
   FocusAndPaint(control);
-  const bool consumed = events.OnKey(key);
+  const bool consumed = IsOfWindow(key) ? Frame().events.OnKey(key) : events.OnKey(key);
   KeepFocusUsable();
   return consumed;
 }

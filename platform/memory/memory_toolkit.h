@@ -62,6 +62,7 @@ class MemoryDialog final : public ui::Dialog {
   void EnableControl(int control, bool enabled) override;
   void PlaceControl(int control, const ui::Rect& place) override;
   void SetFont(int control, const ui::Font& font) override;
+  bool PressIfShown(int control) override;
   bool Focus(int control) override;
   bool FocusFirst() override;
   void SetPictures(int control, std::string_view up, std::string_view down) override;
@@ -106,6 +107,7 @@ class MemoryDialog final : public ui::Dialog {
   ui::Point ScreenPosition() const;
   // The captioned window that the dialog is or lies in.
   MemoryDialog& Frame() { return source.framed ? *this : parent->Frame(); }
+  const MemoryDialog& Frame() const { return source.framed ? *this : parent->Frame(); }
   // The control of the window that has the focus: its dialog's number and its id, 0 = the window.
   std::pair<int, int> FocusedControl() const { return focus; }
 

@@ -11,6 +11,9 @@ namespace {
 constexpr int kBigIcon = 32;
 constexpr int kSmallIcon = 16;
 
+// What a slider moves by Page Up, or by a press beside its thumb: little, since it writes at once.
+constexpr int kSliderPage = 8;
+
 std::string WindowText(HWND window) {
   const int length = GetWindowTextLengthA(window);
   std::string text(static_cast<std::size_t>(length) + 1, '\0');
@@ -179,6 +182,7 @@ void Win32Dialog::OnCommandMessage(int control, UINT code) {
   const Win32Control* found = Find(control);
   if (found == nullptr) return;
   switch (found->kind) {
+    case ui::ControlKind::kButton:
     case ui::ControlKind::kPictureButton:
       // The second press of a quick pair arrives as a double click, which leaves the focus where it
       // was.
@@ -187,7 +191,6 @@ void Win32Dialog::OnCommandMessage(int control, UINT code) {
         events.OnCommand(control, ui::Notification::kClicked);
       }
       break;
-    case ui::ControlKind::kButton:
     case ui::ControlKind::kDefaultButton:
       if (code == BN_CLICKED) events.OnCommand(control, ui::Notification::kClicked);
       break;
@@ -359,6 +362,13 @@ void Win32Dialog::SetFont(int control, const ui::Font& font) {
   OnChange(found->second);
 }
 
+bool Win32Dialog::PressIfShown(int control) {
+  const Win32Control* found = Find(control);
+  if (found == nullptr || !found->shown || !IsWindowEnabled(WindowOf(*found))) return false;
+  events.OnCommand(control, ui::Notification::kClicked);
+  return true;
+}
+
 bool Win32Dialog::Focus(int control) {
   const HWND found = ControlWindow(control);
   toolkit.Settle();
@@ -367,11 +377,8 @@ bool Win32Dialog::Focus(int control) {
 
 bool Win32Dialog::FocusFirst() {
   toolkit.Settle();
-  for (const ui::ControlTemplate& row : source.controls) {  // in the order in which Tab visits them
-    const HWND control = ControlWindow(row.id);
-    if (TakesFocus(control)) return toolkit.GiveFocus(control);
-  }
-  return false;
+  const std::vector<HWND> stops = TabStops(nullptr);
+  return !stops.empty() && toolkit.GiveFocus(stops.front());
 }
 
 void Win32Dialog::SetPictures(int control, std::string_view up, std::string_view down) {
@@ -391,12 +398,12 @@ void Win32Dialog::SetTextLimit(int control, int characters) {
 void Win32Dialog::SetSliderRange(int control, int minimum, int maximum) {
   const HWND slider = ControlWindow(control);
   const int top = std::max(minimum, maximum);
-  if (SendMessageA(slider, TBM_GETRANGEMIN, 0, 0) == minimum &&
-      SendMessageA(slider, TBM_GETRANGEMAX, 0, 0) == top) {
-    return;  // nothing to repaint
+  if (SendMessageA(slider, TBM_GETRANGEMIN, 0, 0) != minimum ||
+      SendMessageA(slider, TBM_GETRANGEMAX, 0, 0) != top) {  // else there is nothing to repaint
+    SendMessageA(slider, TBM_SETRANGEMIN, FALSE, minimum);
+    SendMessageA(slider, TBM_SETRANGEMAX, TRUE, top);
   }
-  SendMessageA(slider, TBM_SETRANGEMIN, FALSE, minimum);
-  SendMessageA(slider, TBM_SETRANGEMAX, TRUE, top);
+  SendMessageA(slider, TBM_SETPAGESIZE, 0, kSliderPage);  // some systems derive it from the range
 }
 
 void Win32Dialog::SetSliderPosition(int control, int position) {

@@ -1,12 +1,47 @@
 #include "platform/win32/win32_toolkit.h"
 
 #include <cstdlib>
+#include <optional>
 #include <utility>
 
 #include "platform/win32/tab_order.h"
 #include "res/dialog_templates.h"
 
 namespace panelora::win32 {
+
+namespace {
+
+bool IsDown(int key) { return (GetKeyState(key) & 0x8000) != 0; }
+
+// Where Backspace deletes.
+bool TakesText(const Win32Control* control) { return control != nullptr && control->HasOwnText(); }
+
+// What a key that goes down means; none for keys of the control.
+std::optional<ui::Key> KeyOf(const MSG& message, const Win32Control* control) {
+  const bool ctrl = IsDown(VK_CONTROL);
+  if (message.message == WM_SYSKEYDOWN) {
+    if (message.wParam == VK_LEFT && !ctrl) return ui::Key::kBack;
+    return std::nullopt;
+  }
+  switch (message.wParam) {
+    case VK_RETURN:
+      return ctrl ? ui::Key::kApply : ui::Key::kEnter;
+    case VK_ESCAPE:
+      return ui::Key::kEscape;
+    case VK_F5:
+      return ui::Key::kRefresh;
+    case VK_PRIOR:
+      if (ctrl) return ui::Key::kNextPage;
+      return std::nullopt;
+    case VK_BACK:
+      if (!TakesText(control)) return ui::Key::kBack;
+      return std::nullopt;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
 
 Win32Toolkit::Win32Toolkit(HINSTANCE theInstance) : instance(theInstance), gdi(theInstance) {
   INITCOMMONCONTROLSEX classes{sizeof classes,
@@ -144,21 +179,43 @@ bool Win32Toolkit::PreTranslate(const MSG& message) {
     dialog->Events().OnMousePress(GetDlgCtrlID(message.hwnd));
     return false;
   }
-  if (message.message != WM_KEYDOWN) return false;
-  if (!marksFocus) {
+  if (message.message == WM_MOUSEWHEEL) return OnWheel(message, *dialog);
+  if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
+  return OnKeyDown(message, *dialog);
+}
+
+// A slider writes at once: it moves by one, and only when the operator is at it.
+bool Win32Toolkit::OnWheel(const MSG& message, const Win32Dialog& dialog) {
+  const Win32Control* control = dialog.Find(GetDlgCtrlID(message.hwnd));
+  if (control == nullptr || control->kind != ui::ControlKind::kSlider) return false;
+  if (GetFocus() != message.hwnd) return true;
+  const WPARAM key = GET_WHEEL_DELTA_WPARAM(message.wParam) > 0 ? VK_RIGHT : VK_LEFT;
+  SendMessageA(message.hwnd, WM_KEYDOWN, key, 1);
+  SendMessageA(message.hwnd, WM_KEYUP, key, 1);
+  return true;
+}
+
+bool Win32Toolkit::OnKeyDown(const MSG& message, Win32Dialog& dialog) {
+  if (!marksFocus && message.message == WM_KEYDOWN) {
     marksFocus = true;
     InvalidateRect(message.hwnd, nullptr, FALSE);
   }
-  if (message.wParam != VK_RETURN && message.wParam != VK_ESCAPE) return false;
-  // An open drop-down list keeps both keys for itself.
+  if (message.message == WM_KEYDOWN && message.wParam == VK_TAB && !IsDown(VK_CONTROL)) {
+    dialog.Frame().MoveByTab(message.hwnd, IsDown(VK_SHIFT));
+    return true;
+  }
+  const auto key = KeyOf(message, dialog.Find(GetDlgCtrlID(message.hwnd)));
+  if (!key) return false;
+  // An open drop-down list keeps its keys for itself.
   if (SendMessageA(message.hwnd, CB_GETDROPPEDSTATE, 0, 0) != 0) return false;
-  const bool enter = message.wParam == VK_RETURN;
-  // A key that is held repeats itself; what Enter writes goes to the box once.
-  if (enter && (HIWORD(message.lParam) & KF_REPEAT) != 0) return true;
-  const bool consumed = dialog->Events().OnKey(enter ? ui::Key::kEnter : ui::Key::kEscape);
+  // A key that is held repeats itself; what it writes goes to the box once.
+  const bool repeats = (HIWORD(message.lParam) & KF_REPEAT) != 0;
+  if (repeats && *key != ui::Key::kEscape) return true;
+  Win32Dialog& asked = IsOfWindow(*key) ? dialog.Frame() : dialog;
+  const bool consumed = asked.Events().OnKey(*key);
   Settle();
-  if (enter && !consumed) PressFocusedButton(message.hwnd);
-  return true;  // neither key ever closes the main window or a page
+  if (*key == ui::Key::kEnter && !consumed) PressFocusedButton(message.hwnd);
+  return true;  // none of the keys ever closes the main window or a page
 }
 
 void Win32Toolkit::PressFocusedButton(HWND button) {
@@ -204,7 +261,7 @@ void Win32Toolkit::KeepFocusUsable() {
   if (!IsUsable(window) || IsIconic(window)) return;
   const bool known = frame.focus != nullptr && IsChild(window, frame.focus);
   HWND next = known && TakesFocus(frame.focus) ? frame.focus
-                                               : NextUsable(window, known ? frame.focus : nullptr);
+                                               : frame.NextUsable(known ? frame.focus : nullptr);
   if (next == nullptr) next = window;
   if (next != focus) SetFocus(next);
 }

@@ -65,6 +65,7 @@ class Win32Dialog final : public ui::Dialog {
   void EnableControl(int control, bool enabled) override;
   void PlaceControl(int control, const ui::Rect& place) override;
   void SetFont(int control, const ui::Font& font) override;
+  bool PressIfShown(int control) override;
   bool Focus(int control) override;
   bool FocusFirst() override;
   void SetPictures(int control, std::string_view up, std::string_view down) override;
@@ -89,6 +90,12 @@ class Win32Dialog final : public ui::Dialog {
   const std::map<int, int>& Timers() const { return timers; }  // period in ms by number
   // The captioned window that the dialog is or lies in.
   Win32Dialog& Frame() { return source.framed ? *this : parent->Frame(); }
+  // The controls at which Tab stops, in its order: as the eye goes over the dialog, then over its
+  // pages. With the one from which the focus is lost, wherever that is.
+  std::vector<HWND> TabStops(HWND lost) const;
+  // Where the focus goes from a control that can't keep it.
+  HWND NextUsable(HWND lost) const;
+  void MoveByTab(HWND from, bool back);
   // Framed dialogs: the control that has the focus, or gets it when the window is active again.
   HWND focus = nullptr;
 
@@ -217,6 +224,8 @@ class Win32Toolkit final : public ui::Toolkit {
 
   void Settle();
   bool PreTranslate(const MSG& message);
+  bool OnKeyDown(const MSG& message, Win32Dialog& dialog);
+  bool OnWheel(const MSG& message, const Win32Dialog& dialog);
   void PressFocusedButton(HWND button);
   bool GiveFocus(HWND control);
   void KeepFocusUsable();

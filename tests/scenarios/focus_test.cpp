@@ -31,6 +31,22 @@ TEST_F(FocusTest, GoesToTheFirstControlOfThePageThatAButtonShows) {
   }
 }
 
+TEST_F(FocusTest, BeginsOnInformation) {
+  StartWith(0x0126);
+  EXPECT_EQ(Now(), Focus(res::kMain, kInformationButton));
+}
+
+// As the eye finds them: what a page shows first has it first, whatever its number.
+TEST_F(FocusTest, GoesToWhatStandsHighestOnThePage) {
+  const std::pair<std::uint8_t, int> kFirst[] = {{26, 1024}, {14, 1041}, {29, 1049}, {51, 1029}};
+  for (const auto& [type, first] : kFirst) {
+    StartWith(Identity{type, 0, 0, 0, 0});
+    Press(kAudioButton);
+    EXPECT_EQ(Now(), Focus(res::kAudio, first)) << int{type};
+    panel.reset();
+  }
+}
+
 TEST_F(FocusTest, StaysOnTheButtonOfAPageWithoutControls) {
   StartWith(0x0126);
   Press(kInformationButton);

@@ -11,6 +11,40 @@ namespace panelora::testing {
 using win32::Win32Control;
 using win32::Win32Dialog;
 
+namespace {
+
+// What is pressed for a key, and whether Ctrl is held.
+struct Pressed {
+  WPARAM key;
+  bool withCtrl;
+};
+Pressed PressedFor(ui::Key key) {
+  switch (key) {
+    case ui::Key::kEnter:
+      return {VK_RETURN, false};
+    case ui::Key::kEscape:
+      return {VK_ESCAPE, false};
+    case ui::Key::kBack:  // with Alt
+      return {VK_LEFT, false};
+    case ui::Key::kApply:
+      return {VK_RETURN, true};
+    case ui::Key::kRefresh:
+      return {VK_F5, false};
+    case ui::Key::kNextPage:
+      return {VK_PRIOR, true};
+  }
+  return {0, false};
+}
+
+void HoldCtrl(bool held) {
+  BYTE keys[256] = {};
+  GetKeyboardState(keys);
+  keys[VK_CONTROL] = held ? 0x80 : 0;
+  SetKeyboardState(keys);
+}
+
+}  // namespace
+
 struct Desk::Inside {
   win32::Win32Toolkit toolkit{GetModuleHandleA(nullptr)};
   std::vector<std::string> debugOutput;
@@ -100,10 +134,13 @@ void Desk::PressKey(int dialog, int control, ui::Key key) {
   GiveFocus(dialog, control);
   MSG message{};
   message.hwnd = inside->Window(dialog, control);
-  message.message = WM_KEYDOWN;
-  message.wParam = key == ui::Key::kEnter ? VK_RETURN : VK_ESCAPE;
+  const Pressed pressed = PressedFor(key);
+  message.message = key == ui::Key::kBack ? WM_SYSKEYDOWN : WM_KEYDOWN;
+  message.wParam = pressed.key;
   message.lParam = 1;
+  HoldCtrl(pressed.withCtrl);
   inside->toolkit.Handle(message);
+  HoldCtrl(false);
   Settle();
 }
 

@@ -53,9 +53,11 @@ std::vector<WPARAM> EveryKey() {
 
 // The keys of the display that lead to no other page, and those that may.
 const std::vector<std::string> kQuietKeys = {
-    "a",    "g",    "p",  "s",    "z",     "0",  "7",     "minus", "plus",   "period", "BackSpace",
-    "Left", "Home", "Up", "Down", "Right", "F1", "Prior", "End",   "Insert", "Next",   "Delete"};
-const std::vector<std::string> kPressingKeys = {"space", "Return", "Tab", "shift+Tab", "Escape"};
+    "a",    "g",  "p",    "s",     "z",  "0",     "7",   "minus",  "plus", "period", "Left",
+    "Home", "Up", "Down", "Right", "F1", "Prior", "End", "Insert", "Next", "Delete"};
+const std::vector<std::string> kPressingKeys = {"space",       "Return",    "Tab",      "shift+Tab",
+                                                "Escape",      "BackSpace", "alt+Left", "F5",
+                                                "ctrl+Return", "ctrl+Prior"};
 
 class FocusTest : public ProgramTest {
  protected:

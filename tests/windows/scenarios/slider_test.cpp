@@ -28,6 +28,50 @@ TEST_F(Slider, KeysFrom10To200SendEachValueOnce) {
   EXPECT_EQ(TakeCalls(), Calls{});
 }
 
+// A press beside the thumb and Page Up write at once, and must not jump on a live picture.
+TEST_F(Slider, UpAndPageUpIncreaseByOneAndByEight) {
+  StartWith(0x0126);
+  Press(kProcAmpButton);
+  const auto after = [&](WPARAM key) {
+    SendMessageA(WindowOf(1032), WM_KEYDOWN, key, 1);
+    SendMessageA(WindowOf(1032), WM_KEYUP, key, 1);
+    desk.Settle();
+    return desk.SliderPosition(res::kProcAmp, 1032);
+  };
+  EXPECT_EQ(after(VK_UP), 129);
+  EXPECT_EQ(after(VK_DOWN), 128);
+  EXPECT_EQ(after(VK_RIGHT), 129);
+  EXPECT_EQ(after(VK_LEFT), 128);
+  EXPECT_EQ(after(VK_PRIOR), 136);
+  EXPECT_EQ(after(VK_NEXT), 128);
+  TakeCalls();
+  EXPECT_EQ(after(VK_END), 255);
+  EXPECT_EQ(after(VK_HOME), 0);
+  EXPECT_EQ(TakeCalls(), (Calls{"set proc amp 0,2 = 255", "set proc amp 0,2 = 0"}));
+}
+
+TEST_F(Slider, WheelMovesByOneAndOnlyWhereTheFocusIs) {
+  StartWith(0x0126);
+  Press(kProcAmpButton);
+  const auto turn = [&](int slider, int delta) {
+    MSG message{};
+    message.hwnd = WindowOf(slider);
+    message.message = WM_MOUSEWHEEL;
+    message.wParam = MAKEWPARAM(0, delta);
+    WindowsOf(desk).Handle(message);
+    desk.Settle();
+  };
+  TakeCalls();
+  desk.GiveFocus(res::kProcAmp, 1035);
+  turn(1032, WHEEL_DELTA);
+  EXPECT_EQ(TakeCalls(), Calls{});
+  turn(1035, WHEEL_DELTA);
+  turn(1035, 3 * WHEEL_DELTA);
+  turn(1035, -WHEEL_DELTA);
+  EXPECT_EQ(TakeCalls(),
+            (Calls{"set proc amp 0,3 = 129", "set proc amp 0,3 = 130", "set proc amp 0,3 = 129"}));
+}
+
 // The thumb is held and moved: no value is sent twice in a row, and the last one is where it was
 // let go.
 TEST_F(Slider, DraggedThumbSendsEveryNewValueOnce) {
