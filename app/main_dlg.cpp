@@ -133,6 +133,8 @@ void CMainDlg::SetFirstTexts() {
   for (const NavigationButton& button : kNavigationButtons) {
     if (button.caption != nullptr) SetCaption(*window, button.control, button.caption);
   }
+  // The buttons of the other pages are shown beside it on Information alone.
+  window->SetMark(kInformationButton, ui::Mark::kCurrent);
 }
 
 void CMainDlg::PlaceButtonsAtHome() {

@@ -31,7 +31,7 @@ namespace panelora {
 // The box types that this build treats as a box, from PANELORA_ADMITTED_BOX_TYPES.
 std::span<const std::uint8_t> AdmittedBoxTypes();
 
-class CMainDlg final : public ui::DialogEvents, public PageOpener {
+class CMainDlg final : public ui::DialogEvents, public PageOpener, public PendingLight {
  public:
   // Every box type that is not admitted is treated as no box.
   CMainDlg(DeviceLink& theDevice, ui::Toolkit& theToolkit,
@@ -57,6 +57,8 @@ class CMainDlg final : public ui::DialogEvents, public PageOpener {
   // shows the page with its navigation buttons; the keyboard goes to its first control. No button
   // leads to Text Labels, and Information is shown otherwise.
   void OpenPage(PageCode code) override;
+
+  void ShowPending(bool pending) override;
 
   void OnCommand(int control, ui::Notification what) override;
   bool OnKey(ui::Key key) override;
@@ -107,6 +109,7 @@ class CMainDlg final : public ui::DialogEvents, public PageOpener {
   void ReturnFromVideoPage();
   void ResetSubPages();
   void ChooseWall(std::uint8_t size);
+  void MarkWallButtons();
   bool IsModel26() const { return kShippedType.Has(panel.identity.boxType); }
   Page& PageOf(PageCode code) { return *pages[static_cast<std::size_t>(code)]; }
 
@@ -120,7 +123,7 @@ class CMainDlg final : public ui::DialogEvents, public PageOpener {
   int lastHomeButton = 0;  // of the Information look, pressed last
 
   std::unique_ptr<ui::Dialog> window;
-  PanelContext context{panel, device, toolkit};
+  PanelContext context{panel, device, toolkit, *this};
   CInformationDlg information{context};
   CVideoMenuDlg videoMenu{context, *this};
   CAudioDlg audio{context};

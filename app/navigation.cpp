@@ -165,7 +165,9 @@ void CMainDlg::ReopenPage(PageCode code) {
   pageCode = code;
   HideAllButtons();
   HideAllPages();
+  ShowPending(false);  // until the page says otherwise
   PageOf(code).Open();
+  if (code == PageCode::kTvWall) MarkWallButtons();
   PlaceButtonsOf(code);
   PageOf(code).Show(true);
 }
@@ -293,6 +295,20 @@ void CMainDlg::ChooseWall(std::uint8_t size) {
   panel.wallSize = size;
   panel.tilePosition = 0;
   tvWall.Layout();
+  MarkWallButtons();
+}
+
+// The grid that is in force.
+void CMainDlg::MarkWallButtons() {
+  int size = 1;
+  for (const int button : {kWall1Button, kWall2Button, kWall3Button, kWall4Button}) {
+    window->SetMark(button, size == panel.wallSize ? ui::Mark::kCurrent : ui::Mark::kNone);
+    ++size;
+  }
+}
+
+void CMainDlg::ShowPending(bool pending) {
+  window->SetMark(kApplyButton, pending ? ui::Mark::kPending : ui::Mark::kNone);
 }
 
 // The port is bound to the pages; nothing is sent to or read from it.

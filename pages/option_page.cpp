@@ -13,12 +13,30 @@ void OptionPage::SetUpOptions(const ui::Font& valueFont) {
 
 void OptionPage::HideOptions() {
   for (const OptionControls& each : controls) ShowGroup(Window(), each.group, false);
+  optionShown.assign(optionShown.size(), false);
 }
 
 void OptionPage::ShowOption(int option, ui::Point origin, int nextX) {
   const CyclingGroup& place = controls[At(option)].group;
   PlaceGroup(Window(), place, origin, nextX);
   ShowGroup(Window(), place, true);
+  optionShown[At(option)] = true;
+  ShowPending();
+}
+
+void OptionPage::ShowPending() {
+  bool any = false;
+  for (std::size_t option = 0; option < controls.size(); ++option) {
+    const bool pending = selection[option] != known[option];
+    Window().SetMark(controls[option].group.frame, pending ? ui::Mark::kPending : ui::Mark::kNone);
+    any |= pending && optionShown[option];
+  }
+  light.ShowPending(any);
+}
+
+void OptionPage::Settle(int option) {
+  known[At(option)] = selection[At(option)];
+  ShowPending();
 }
 
 std::optional<int> OptionPage::OptionOf(int control) const {
@@ -32,6 +50,7 @@ void OptionPage::Next(int option) {
   const int next = selection[At(option)] + 1;
   const int taken = next > LastIndex(option) ? group.options[At(option)].first : next;
   Select(option, static_cast<std::uint8_t>(taken));
+  ShowPending();
 }
 
 void OptionPage::Previous(int option) {
@@ -39,6 +58,7 @@ void OptionPage::Previous(int option) {
   const int next = selection[At(option)] - 1;
   const bool inside = next >= group.options[At(option)].first && next <= last;
   Select(option, static_cast<std::uint8_t>(inside ? next : last));
+  ShowPending();
 }
 
 void OptionPage::Select(int option, std::uint8_t index) {
@@ -68,11 +88,13 @@ void OptionPage::TakeReported(const Kept& kept, std::uint8_t reported) {
   } else {
     SelectValue(kept.option, reported);
   }
+  Settle(kept.option);
 }
 
 void OptionPage::WriteOption(const Kept& kept) {
   const Choice* choice = Selected(kept.option);
   if (choice != nullptr && choice->index != kNoIndex) Write(kept.at, {choice->value});
+  Settle(kept.option);
 }
 
 }  // namespace panelora

@@ -37,7 +37,9 @@ class OptionPage : public Page {
       : Page(number, context),
         group(theGroup),
         controls(theControls),
-        selection(theGroup.options.size()) {}
+        selection(theGroup.options.size()),
+        known(theGroup.options.size()),
+        optionShown(theGroup.options.size()) {}
 
   // Fonts, captions and first texts of all options, none of which is shown.
   void SetUpOptions(const ui::Font& valueFont);
@@ -48,6 +50,9 @@ class OptionPage : public Page {
   std::optional<int> OptionOf(int control) const;
   void Next(int option);
   void Previous(int option);
+
+  // What is selected is what the box has: it is not pending any more.
+  void Settle(int option);
 
   // Takes a selection over and shows its text; one without a row keeps the text.
   void Select(int option, std::uint8_t index);
@@ -63,7 +68,10 @@ class OptionPage : public Page {
   // Tells the box the value of the selection; nothing when that has no row.
   void WriteOption(const Kept& kept);
   // Tells the box the selection itself, as it was reported if nobody stepped it.
-  void WriteSelection(const Kept& kept) { Write(kept.at, {selection[At(kept.option)]}); }
+  void WriteSelection(const Kept& kept) {
+    Write(kept.at, {selection[At(kept.option)]});
+    Settle(kept.option);
+  }
 
   virtual const Choice* Find(int option, std::uint8_t index) const {
     return FindIndex(group.options[At(option)].choices, panel.identity.boxType, index);
@@ -75,6 +83,13 @@ class OptionPage : public Page {
   const OptionGroup& group;
   std::span<const OptionControls> controls;
   std::vector<std::uint8_t> selection;  // an index each; kNoIndex = a value without a row
+
+ private:
+  // Marks what the operator chose and the box was not told yet.
+  void ShowPending();
+
+  std::vector<std::uint8_t> known;  // the selection that the box is known to have
+  std::vector<bool> optionShown;    // on the page, or on the sub-page that is open
 };
 
 }  // namespace panelora

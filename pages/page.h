@@ -10,6 +10,7 @@
 #include "device/box.h"
 #include "device/device_link.h"
 #include "pages/panel_state.h"
+#include "pages/pending_light.h"
 #include "ui/dialog.h"
 #include "ui/toolkit.h"
 
@@ -20,6 +21,7 @@ struct PanelContext {
   PanelState& panel;
   DeviceLink& device;
   ui::Toolkit& toolkit;
+  PendingLight& light;
 };
 
 // A row of a page's table from control and notification to the operation that handles it.
@@ -51,6 +53,7 @@ class Page : public ui::DialogEvents {
       : panel(context.panel),
         device(context.device),
         toolkit(context.toolkit),
+        light(context.light),
         templateNumber(number) {}
 
   // Creates the window; to be called once, before anything else. False when it can't be made.
@@ -114,6 +117,7 @@ class Page : public ui::DialogEvents {
   PanelState& panel;
   DeviceLink& device;
   ui::Toolkit& toolkit;
+  PendingLight& light;
   Box box{device, kNoBox};
   ui::SerialHandle serialHandle = ui::kInvalidSerial;
 

@@ -15,6 +15,13 @@ enum class Notification {
   kSelectionChanged,  // another item of a combo box was chosen
 };
 
+// How a control stands out beside what it says.
+enum class Mark {
+  kNone,
+  kCurrent,  // where the operator is
+  kPending,  // chosen and not yet told to the box, or what tells it
+};
+
 // The keys that a dialog is asked about before the control that has the focus sees them: the first
 // two the page that the focus is on, the others the window.
 enum class Key {
@@ -96,6 +103,9 @@ class Dialog {
   virtual void EnableControl(int control, bool enabled) = 0;
   virtual void PlaceControl(int control, const Rect& rect) = 0;
   virtual void SetFont(int control, const Font& font) = 0;
+
+  // Texts stay as they are. Buttons, and the frames of values.
+  virtual void SetMark(int control, Mark mark) = 0;
 
   // Presses a button that is shown and enabled; the focus stays. False = it is not.
   virtual bool PressIfShown(int control) = 0;

@@ -96,6 +96,7 @@ void CAudioDlg::LayOut() {
   for (const ui::ControlTemplate& control : res::FindDialog(res::kAudio)->controls) {
     Window().ShowControl(control.id, false);
   }
+  HideOptions();
   // With volumes there is more to show, closer together.
   const bool isTight = Kind() != VolumeKind::kNone;
   const int apart = isTight ? 68 : 80;

@@ -111,6 +111,7 @@ bool CSettingDlg::IsWritten(int option) const {
 void CSettingDlg::WriteDip8(const Kept& kept) {
   if (kept.at == kDip8AndExtra) {
     Write(kept.at, {selection[kDip8], dip8Extra});
+    Settle(kDip8);
   } else {
     WriteSelection(kept);
   }

@@ -60,6 +60,7 @@ CVideoSettingsDlg::CVideoSettingsDlg(PanelContext context)
 void CVideoSettingsDlg::Init() {
   TakeHandle();
   selection[kOutputLevel] = 0;
+  Settle(kOutputLevel);
   passThrough.reset();
   SetUpOptions(ui::kValueFont);
   for (const IdleGroup& row : kIdleGroups) {
@@ -186,7 +187,9 @@ void CVideoSettingsDlg::Refresh(ui::SerialHandle serial) {
   for (const Kept& kept : group.kept) {
     if (!IsShown(kept)) continue;
     const bool told = ReadOption(kept);
-    if (!told && kept.option == kOutputColour) SelectValue(kOutputColour, 0);
+    if (told || kept.option != kOutputColour) continue;
+    SelectValue(kOutputColour, 0);
+    Settle(kOutputColour);
   }
   std::uint8_t request = 0;
   if (subPage == 0 && kPassThrough.Has(panel.identity.boxType) &&

@@ -121,6 +121,10 @@ void MemoryDialog::SetFont(int control, const ui::Font& font) {
   }
 }
 
+void MemoryDialog::SetMark(int control, ui::Mark mark) {
+  if (MemoryControl* found = FindForChange(control)) found->mark = mark;
+}
+
 bool MemoryDialog::PressIfShown(int control) {
   if (!IsUsable(control)) return false;
   events.OnCommand(control, ui::Notification::kClicked);

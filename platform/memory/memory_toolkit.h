@@ -23,6 +23,7 @@ struct MemoryControl {
   ui::ControlKind kind = ui::ControlKind::kLabel;
   std::string text;
   ui::Rect rect;
+  ui::Mark mark = ui::Mark::kNone;
   ui::Font font;
   bool fontSet = false;
   bool shown = true;
@@ -62,6 +63,7 @@ class MemoryDialog final : public ui::Dialog {
   void EnableControl(int control, bool enabled) override;
   void PlaceControl(int control, const ui::Rect& place) override;
   void SetFont(int control, const ui::Font& font) override;
+  void SetMark(int control, ui::Mark mark) override;
   bool PressIfShown(int control) override;
   bool Focus(int control) override;
   bool FocusFirst() override;

@@ -74,6 +74,11 @@ void Win32Dialog::Repaint(const Win32Control& control) {
 void Win32Dialog::ShowNow(Win32Control& control) {
   const bool seen = HasStyle(WindowOf(control), WS_VISIBLE);
   if (control.shown != seen) toolkit.usableChanged = true;
+  if (control.IsReadout() && (control.changed || control.shown != seen)) {
+    if (!control.limited) SetWindowRgn(WindowOf(control), CreateRectRgn(0, 0, 0, 0), FALSE);
+    control.limited = true;  // its dialog paints it
+    RepaintReadout(control);
+  }
   // Moved and shown or hidden at once: each costs a talk with the system.
   if (!control.shown) {
     const bool moved = control.changed && MoveToPlace(control, seen ? SWP_HIDEWINDOW : 0);
@@ -110,6 +115,10 @@ bool Win32Dialog::MoveToPlace(Win32Control& control, UINT flags) {
   // never stands where it was placed.
   if (control.kind == ui::ControlKind::kCombo) place.bottom += Scaled(kDropDownHeight);
   if (EqualRect(&control.placed, &place)) return false;
+  if (control.IsReadout()) {  // where it was, and where it comes
+    RedrawWindow(window, &control.placed, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    RedrawWindow(window, &place, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  }
   control.placed = place;
   RECT now;
   GetWindowRect(WindowOf(control), &now);

@@ -13,6 +13,8 @@ class KeptState {
   explicit KeptState(HDC theContext) : context(theContext) {}
   ~KeptState() {
     SelectObject(context, font);
+    SelectObject(context, pen);
+    SelectObject(context, brush);
     SetTextColor(context, text);
     SetBkColor(context, background);
     SetBkMode(context, mode);
@@ -23,6 +25,8 @@ class KeptState {
  private:
   HDC context;
   HGDIOBJ font = GetCurrentObject(context, OBJ_FONT);
+  HGDIOBJ pen = GetCurrentObject(context, OBJ_PEN);
+  HGDIOBJ brush = GetCurrentObject(context, OBJ_BRUSH);
   COLORREF text = GetTextColor(context);
   COLORREF background = GetBkColor(context);
   int mode = GetBkMode(context);
@@ -34,10 +38,16 @@ void Win32Dialog::DrawControl(const DRAWITEMSTRUCT& item) {
   const Win32Control* control = Find(static_cast<int>(item.CtlID));
   if (control == nullptr) return;
   const KeptState kept(item.hDC);
-  if (control->kind == ui::ControlKind::kLabel) {
-    DrawLabel(*control, item);
-  } else {
-    DrawPicture(*control, item);
+  switch (control->kind) {
+    case ui::ControlKind::kLabel:
+      DrawLabel(*control, item);
+      break;
+    case ui::ControlKind::kButton:
+      DrawButton(*control, item);
+      break;
+    default:
+      DrawPicture(*control, item);
+      break;
   }
 }
 
@@ -45,7 +55,9 @@ void Win32Dialog::DrawControl(const DRAWITEMSTRUCT& item) {
 // line, but such a window is lent its parent's device context, which is not.
 void Win32Dialog::DrawLabel(const Win32Control& control, const DRAWITEMSTRUCT& item) {
   RECT place = control.limited ? control.visible : item.rcItem;
-  FillRect(item.hDC, &place, GetSysColorBrush(COLOR_3DFACE));
+  FillRect(item.hDC, &place,
+           LiesInReadout(control) ? toolkit.Gdi().BrushFor(toolkit.Colours().readout)
+                                  : GetSysColorBrush(COLOR_3DFACE));
   SelectObject(item.hDC, reinterpret_cast<HGDIOBJ>(SendMessageA(item.hwndItem, WM_GETFONT, 0, 0)));
   SetBkMode(item.hDC, TRANSPARENT);
   const bool disabled = (item.itemState & ODS_DISABLED) != 0;
@@ -67,17 +79,142 @@ void Win32Dialog::DrawPicture(const Win32Control& control, const DRAWITEMSTRUCT&
     DrawTextA(item.hDC, control.text.c_str(), -1, &place,
               DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
   }
-  if ((item.itemState & ODS_FOCUS) != 0 && toolkit.MarksFocus()) {
-    // A light line in a dark one, to be seen on every picture.
-    const int inset = Scaled(3);
+  if (control.mark != ui::Mark::kNone && !pressed) {
+    // In the colours of a button that is held, which is drawn over it.
+    toolkit.Gdi().Draw(item.hDC, place, control.downPicture, dpi,
+                       control.mark == ui::Mark::kPending ? 200 : 150);
+    const RECT bar = {Scaled(2), Scaled(10), Scaled(6), item.rcItem.bottom - Scaled(10)};
+    FillRect(item.hDC, &bar, toolkit.Gdi().BrushFor(toolkit.Colours().ink));
+  }
+  if (item.hwndItem == toolkit.Hot() && !pressed) {
+    RECT inside = item.rcItem;
+    InflateRect(&inside, -Scaled(2), -Scaled(2));
+    toolkit.Gdi().Wash(item.hDC, inside, RGB(0xFF, 0xFF, 0xFF), 28, Scaled(9));
+  }
+  DrawFocus(item);
+}
+
+// Fits into the rounded button: a light line in a dark one, to be seen on every picture.
+void Win32Dialog::DrawFocus(const DRAWITEMSTRUCT& item) {
+  if ((item.itemState & ODS_FOCUS) == 0 || !toolkit.MarksFocus()) return;
+  const auto ring = [&](int inset, COLORREF colour) {
     RECT mark = item.rcItem;
     InflateRect(&mark, -inset, -inset);
-    FrameRect(item.hDC, &mark, toolkit.Gdi().BrushFor({255, 255, 255}));
-    InflateRect(&mark, -1, -1);
-    SetTextColor(item.hDC, RGB(0, 0, 0));
-    SetBkColor(item.hDC, RGB(255, 255, 255));
-    DrawFocusRect(item.hDC, &mark);
+    SelectObject(item.hDC, toolkit.Gdi().PenFor(colour, Scaled(1)));
+    SelectObject(item.hDC, GetStockObject(NULL_BRUSH));
+    RoundRect(item.hDC, mark.left, mark.top, mark.right, mark.bottom, Scaled(6), Scaled(6));
+  };
+  ring(Scaled(4), RGB(0xFF, 0xFF, 0xFF));
+  ring(Scaled(5), RGB(0, 0, 0));
+}
+
+namespace {
+
+// A chevron whose tip is at `x`, pointing right or left, of lines at 45 degrees that need no
+// smoothing.
+void DrawChevron(HDC context, int x, int middle, int reach, int thick, bool right) {
+  const int side = right ? -1 : 1;
+  for (int i = 0; i < thick; ++i) {
+    const POINT points[] = {{x + side * (reach + i), middle - reach},
+                            {x + side * i, middle},
+                            {x + side * (reach + i + 1), middle + reach + 1}};
+    Polyline(context, points, 3);
   }
+}
+
+}  // namespace
+
+// Step buttons have signs in place of their texts.
+void Win32Dialog::DrawButton(const Win32Control& control, const DRAWITEMSTRUCT& item) {
+  const Look& look = toolkit.Colours();
+  const bool pressed = (item.itemState & ODS_SELECTED) != 0;
+  const bool disabled = (item.itemState & ODS_DISABLED) != 0;
+  const bool hot = item.hwndItem == toolkit.Hot();
+  const COLORREF ink = disabled ? look.disabledInk : look.ink;
+  const RECT& place = item.rcItem;
+  FillRect(item.hDC, &place, GetSysColorBrush(COLOR_3DFACE));
+  GdiCache& gdi = toolkit.Gdi();
+  SelectObject(item.hDC, gdi.PenFor(disabled ? look.disabled : look.rim, 1));
+  SelectObject(item.hDC, gdi.BrushFor(disabled  ? look.disabled
+                                      : pressed ? look.pressed
+                                      : hot     ? look.hot
+                                                : look.face));
+  RoundRect(item.hDC, place.left, place.top, place.right, place.bottom, Scaled(8), Scaled(8));
+
+  const int x = (place.left + place.right) / 2;
+  const int y = (place.top + place.bottom) / 2 + (pressed ? Scaled(1) : 0);
+  const int reach = std::min(Scaled(5), static_cast<int>(place.bottom - place.top) / 5);
+  const int thick = Scaled(2);
+  SelectObject(item.hDC, gdi.PenFor(ink, 1));
+  if (control.text == ">>") {
+    DrawChevron(item.hDC, x + reach + thick, y, reach, thick, true);
+    DrawChevron(item.hDC, x, y, reach, thick, true);
+  } else if (control.text == "<<") {
+    DrawChevron(item.hDC, x - reach - thick, y, reach, thick, false);
+    DrawChevron(item.hDC, x, y, reach, thick, false);
+  } else if (control.text == "+" || control.text == "-") {
+    const RECT across = {x - reach, y - thick / 2, x + reach, y - thick / 2 + thick};
+    FillRect(item.hDC, &across, gdi.BrushFor(ink));
+    const RECT upright = {x - thick / 2, y - reach, x - thick / 2 + thick, y + reach};
+    if (control.text == "+") FillRect(item.hDC, &upright, gdi.BrushFor(ink));
+  } else {
+    RECT text = {place.left, place.top + y - (place.top + place.bottom) / 2, place.right,
+                 place.bottom};
+    SelectObject(item.hDC,
+                 reinterpret_cast<HGDIOBJ>(SendMessageA(item.hwndItem, WM_GETFONT, 0, 0)));
+    SetBkMode(item.hDC, TRANSPARENT);
+    SetTextColor(item.hDC, ink);
+    DrawTextA(item.hDC, control.text.c_str(), -1, &text,
+              DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+  }
+  DrawFocus(item);
+}
+
+// The frame of a value stands where the group box would draw its lines.
+RECT Win32Dialog::ReadoutOf(const Win32Control& control) const {
+  constexpr int kAbove = 8;
+  constexpr int kBelow = 1;
+  const ui::Rect& place = control.rect;
+  return Scaled({place.x, place.y + kAbove, place.width, place.height - kAbove - kBelow});
+}
+
+bool Win32Dialog::LiesInReadout(const Win32Control& control) const {
+  const RECT place = Scaled(control.rect);
+  const POINT middle = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+  return std::any_of(controls.begin(), controls.end(), [&](const auto& each) {
+    if (!each.second.IsReadout() || !each.second.shown) return false;
+    const RECT readout = ReadoutOf(each.second);
+    return PtInRect(&readout, middle) != FALSE;
+  });
+}
+
+void Win32Dialog::RepaintReadout(const Win32Control& control) {
+  if (!IsSeen()) return;
+  const RECT readout = ReadoutOf(control);
+  RedrawWindow(window, &readout, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+// False for dialogs whose background is nobody's but the system's.
+bool Win32Dialog::EraseWithReadouts(HDC context) {
+  if (source.framed || events.BackgroundColour()) return false;
+  const KeptState kept(context);
+  const Look& look = toolkit.Colours();
+  RECT client;
+  GetClientRect(window, &client);
+  FillRect(context, &client, GetSysColorBrush(COLOR_3DFACE));
+  for (const auto& [id, control] : controls) {
+    if (!control.shown || !control.IsReadout()) continue;
+    const RECT place = ReadoutOf(control);
+    const bool pending = control.mark == ui::Mark::kPending;
+    SelectObject(context, toolkit.Gdi().PenFor(pending ? look.accent : look.readoutRim, 1));
+    SelectObject(context, toolkit.Gdi().BrushFor(look.readout));
+    RoundRect(context, place.left, place.top, place.right, place.bottom, Scaled(5), Scaled(5));
+    if (!pending) continue;
+    const RECT edge = {place.left, place.top + Scaled(2), place.left + Scaled(4),
+                       place.bottom - Scaled(2)};
+    FillRect(context, &edge, toolkit.Gdi().BrushFor(look.accent));
+  }
+  return true;
 }
 
 bool Win32Dialog::PaintMinimised() {

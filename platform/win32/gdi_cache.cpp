@@ -30,6 +30,7 @@ GdiCache::~GdiCache() {
   if (measuring != nullptr) DeleteDC(measuring);
   for (const auto& [key, font] : fonts) DeleteObject(font);
   for (const auto& [key, brush] : brushes) DeleteObject(brush);
+  for (const auto& [key, pen] : pens) DeleteObject(pen);
   for (const auto& [key, bitmap] : bitmaps) {
     if (bitmap != nullptr) DeleteObject(bitmap);
   }
@@ -85,11 +86,35 @@ HDC GdiCache::MeasureWith(HFONT font) {
   return measuring;
 }
 
-HBRUSH GdiCache::BrushFor(const ui::Colour& colour) {
-  const COLORREF value = RGB(colour.red, colour.green, colour.blue);
-  HBRUSH& made = brushes[value];
-  if (made == nullptr) made = CreateSolidBrush(value);
+HBRUSH GdiCache::BrushFor(COLORREF colour) {
+  HBRUSH& made = brushes[colour];
+  if (made == nullptr) made = CreateSolidBrush(colour);
   return made;
+}
+
+HPEN GdiCache::PenFor(COLORREF colour, int width) {
+  HPEN& made = pens[{colour, width}];
+  if (made == nullptr) made = CreatePen(PS_INSIDEFRAME, width, colour);
+  return made;
+}
+
+void GdiCache::Wash(HDC context, const RECT& place, COLORREF colour, BYTE strength, int round) {
+  const HDC source = CreateCompatibleDC(context);
+  const HBITMAP pixel = CreateCompatibleBitmap(context, 1, 1);
+  const HGDIOBJ before = SelectObject(source, pixel);
+  SetPixel(source, 0, 0, colour);
+  const int saved = SaveDC(context);
+  const HRGN inside =
+      CreateRoundRectRgn(place.left, place.top, place.right + 1, place.bottom + 1, round, round);
+  ExtSelectClipRgn(context, inside, RGN_AND);
+  const BLENDFUNCTION blend = {AC_SRC_OVER, 0, strength, 0};
+  GdiAlphaBlend(context, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                source, 0, 0, 1, 1, blend);
+  RestoreDC(context, saved);
+  DeleteObject(inside);
+  SelectObject(source, before);
+  DeleteObject(pixel);
+  DeleteDC(source);
 }
 
 HBITMAP GdiCache::BitmapFor(const std::string& name, bool fine) {
@@ -161,7 +186,8 @@ HBITMAP GdiCache::LoadFine(const std::string& name) {
   return bitmap;
 }
 
-bool GdiCache::Draw(HDC context, const RECT& place, const std::string& name, int dpi) {
+bool GdiCache::Draw(HDC context, const RECT& place, const std::string& name, int dpi,
+                    BYTE strength) {
   HBITMAP bitmap = dpi > 96 ? BitmapFor(name, true) : nullptr;
   if (bitmap == nullptr) bitmap = BitmapFor(name, false);
   if (bitmap == nullptr) return false;
@@ -171,7 +197,11 @@ bool GdiCache::Draw(HDC context, const RECT& place, const std::string& name, int
   const HGDIOBJ before = SelectObject(source, bitmap);
   const int width = place.right - place.left;
   const int height = place.bottom - place.top;
-  if (width == info.bmWidth && height == info.bmHeight) {
+  if (strength < 255) {
+    const BLENDFUNCTION blend = {AC_SRC_OVER, 0, strength, 0};
+    GdiAlphaBlend(context, place.left, place.top, width, height, source, 0, 0, info.bmWidth,
+                  info.bmHeight, blend);
+  } else if (width == info.bmWidth && height == info.bmHeight) {
     BitBlt(context, place.left, place.top, width, height, source, 0, 0, SRCCOPY);
   } else {
     POINT origin;

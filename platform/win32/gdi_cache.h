@@ -29,14 +29,22 @@ class GdiCache {
   HFONT FontToFit(const ui::Font& font, int dpi, const std::string& text, int width);
   // The height of a line in pixels.
   int LineHeight(HFONT font);
-  HBRUSH BrushFor(const ui::Colour& colour);
+  HBRUSH BrushFor(const ui::Colour& colour) {
+    return BrushFor(RGB(colour.red, colour.green, colour.blue));
+  }
+  HBRUSH BrushFor(COLORREF colour);
+  HPEN PenFor(COLORREF colour, int width);
+
+  // Tints what is there, within corners of a radius of half `round` pixels. `strength` 0 to 255.
+  void Wash(HDC context, const RECT& place, COLORREF colour, BYTE strength, int round);
 
   // Draws a picture of the resources by name, stretched to `place`; above 96 dpi the drawing of
-  // twice the size is used. False when there is no such picture.
-  bool Draw(HDC context, const RECT& place, const std::string& name, int dpi);
+  // twice the size is used. `strength` below 255 lets what is there shine through. False when there
+  // is no such picture.
+  bool Draw(HDC context, const RECT& place, const std::string& name, int dpi, BYTE strength = 255);
 
   // How many fonts, brushes and bitmaps the cache has tried to make.
-  std::size_t Count() const { return fonts.size() + brushes.size() + bitmaps.size(); }
+  std::size_t Count() const { return fonts.size() + brushes.size() + pens.size() + bitmaps.size(); }
 
  private:
   // A device context with the font, for measuring texts.
@@ -48,6 +56,7 @@ class GdiCache {
   HINSTANCE instance;
   std::map<std::tuple<std::string, int, int, int>, HFONT> fonts;
   std::map<COLORREF, HBRUSH> brushes;
+  std::map<std::pair<COLORREF, int>, HPEN> pens;
   std::map<std::pair<std::string, bool>, HBITMAP> bitmaps;
   std::map<HFONT, int> lineHeights;
   HDC measuring = nullptr;

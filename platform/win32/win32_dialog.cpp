@@ -114,6 +114,14 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_DRAWITEM:
       DrawControl(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
       return TRUE;
+    case WM_ERASEBKGND:
+      return EraseWithReadouts(reinterpret_cast<HDC>(wParam)) ? Answer(1) : FALSE;
+    case WM_SYSCOLORCHANGE:
+    case WM_SETTINGCHANGE:
+      toolkit.TakeSystemColours();
+      if (source.framed)
+        RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+      return FALSE;
     case WM_CTLCOLORDLG:
       if (const auto colour = events.BackgroundColour()) {
         return reinterpret_cast<INT_PTR>(toolkit.Gdi().BrushFor(*colour));
@@ -360,6 +368,17 @@ void Win32Dialog::SetFont(int control, const ui::Font& font) {
   found->second.font = font;
   found->second.fontSet = true;
   OnChange(found->second);
+}
+
+void Win32Dialog::SetMark(int control, ui::Mark mark) {
+  const auto found = controls.find(control);
+  if (found == controls.end() || found->second.mark == mark) return;
+  found->second.mark = mark;
+  if (found->second.IsReadout()) {
+    RepaintReadout(found->second);
+  } else {
+    Repaint(found->second);
+  }
 }
 
 bool Win32Dialog::PressIfShown(int control) {

@@ -150,6 +150,7 @@ void Win32Toolkit::HandleWaiting() {
 
 void Win32Toolkit::Handle(MSG& message) {
   const Handling handling(*this, message.message);
+  FollowMouse(message);
   if (!MayMoveFocus(message.message)) {
     DispatchMessageA(&message);
     return;
@@ -169,6 +170,29 @@ void Win32Toolkit::Handle(MSG& message) {
   if (isOurs && (!isKey || canSearch) && IsDialogMessageA(root, &message)) return;
   TranslateMessage(&message);
   DispatchMessageA(&message);
+}
+
+// A button shows that the mouse is over it.
+void Win32Toolkit::FollowMouse(const MSG& message) {
+  if (message.message == WM_MOUSELEAVE && message.hwnd == hot) SetHot(nullptr);
+  if (message.message != WM_MOUSEMOVE || message.hwnd == hot) return;
+  const Win32Dialog* dialog = DialogOf(message.hwnd);
+  const Win32Control* control =
+      dialog != nullptr ? dialog->Find(GetDlgCtrlID(message.hwnd)) : nullptr;
+  const bool isButton = control != nullptr && (control->kind == ui::ControlKind::kButton ||
+                                               control->kind == ui::ControlKind::kPictureButton);
+  SetHot(isButton ? message.hwnd : nullptr);
+  if (!isButton) return;
+  TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, message.hwnd, 0};
+  TrackMouseEvent(&track);
+}
+
+void Win32Toolkit::SetHot(HWND button) {
+  const HWND before = hot;
+  hot = button;
+  for (const HWND changed : {before, button}) {
+    if (changed != nullptr) InvalidateRect(changed, nullptr, FALSE);
+  }
 }
 
 // Offers keys and mouse presses to the dialog before the control sees them. True = consumed.

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/win32/gdi_cache.h"
+#include "platform/win32/look.h"
 #include "ui/dialog_template.h"
 #include "ui/toolkit.h"
 
@@ -33,9 +34,15 @@ struct Win32Control {
   RECT placed{};         // where it was put last, in pixels of the dialog
   bool limited = false;  // labels: only `visible` is painted
   RECT visible{};
+  ui::Mark mark = ui::Mark::kNone;
   std::string upPicture;
   std::string downPicture;
 
+  // The frame of one value, which is drawn as the box that the value stands in.
+  bool IsReadout() const {
+    constexpr int kHighest = 60;
+    return kind == ui::ControlKind::kGroup && text.empty() && rect.height <= kHighest;
+  }
   bool HasOwnText() const {
     return kind == ui::ControlKind::kEdit || kind == ui::ControlKind::kCombo;
   }
@@ -65,6 +72,7 @@ class Win32Dialog final : public ui::Dialog {
   void EnableControl(int control, bool enabled) override;
   void PlaceControl(int control, const ui::Rect& place) override;
   void SetFont(int control, const ui::Font& font) override;
+  void SetMark(int control, ui::Mark mark) override;
   bool PressIfShown(int control) override;
   bool Focus(int control) override;
   bool FocusFirst() override;
@@ -119,6 +127,12 @@ class Win32Dialog final : public ui::Dialog {
   void OnDpiChanged(int newDpi, const RECT& suggested);
   void DrawControl(const DRAWITEMSTRUCT& item);
   void DrawLabel(const Win32Control& control, const DRAWITEMSTRUCT& item);
+  void DrawButton(const Win32Control& control, const DRAWITEMSTRUCT& item);
+  void DrawFocus(const DRAWITEMSTRUCT& item);
+  bool EraseWithReadouts(HDC context);
+  RECT ReadoutOf(const Win32Control& control) const;
+  bool LiesInReadout(const Win32Control& control) const;
+  void RepaintReadout(const Win32Control& control);
   void DrawPicture(const Win32Control& control, const DRAWITEMSTRUCT& item);
   bool PaintMinimised();
   void AdoptControls();
@@ -184,6 +198,11 @@ class Win32Toolkit final : public ui::Toolkit {
   // The dialog that a window is or belongs to, the innermost one; null when it is none of ours.
   Win32Dialog* DialogOf(HWND window) const;
 
+  const Look& Colours() const { return look; }
+  void TakeSystemColours() { look = LookOf(IsHighContrast()); }
+  // The button under the mouse; null = none.
+  HWND Hot() const { return hot; }
+
   // Whether the focus is marked: once the operator moves by the keyboard.
   bool MarksFocus() const { return marksFocus; }
 
@@ -225,6 +244,8 @@ class Win32Toolkit final : public ui::Toolkit {
   void Settle();
   bool PreTranslate(const MSG& message);
   bool OnKeyDown(const MSG& message, Win32Dialog& dialog);
+  void FollowMouse(const MSG& message);
+  void SetHot(HWND button);
   bool OnWheel(const MSG& message, const Win32Dialog& dialog);
   void PressFocusedButton(HWND button);
   bool GiveFocus(HWND control);
@@ -233,6 +254,8 @@ class Win32Toolkit final : public ui::Toolkit {
   HINSTANCE instance;
   GdiCache gdi;
   std::vector<Win32Dialog*> dialogs;
+  Look look = LookOf(IsHighContrast());
+  HWND hot = nullptr;
   bool marksFocus = false;
   int depth = 0;              // of handlers that run
   bool unsettled = false;     // a dialog has something to settle

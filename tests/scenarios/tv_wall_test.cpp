@@ -319,10 +319,13 @@ TEST_F(TvWall, EveryBoxOfAWallHasAPlaceInIt) {
 }
 
 TEST_F(TvWall, BackgroundIsBlackAndThatOfOtherPagesTheSystems) {
+  struct : PendingLight {
+    void ShowPending(bool /*pending*/) override {}
+  } light;
   PanelState state;
-  CTVWallDlg wall({state, device, desk.Toolkit()});
+  CTVWallDlg wall({state, device, desk.Toolkit(), light});
   EXPECT_EQ(wall.BackgroundColour(), (ui::Colour{0, 0, 0}));
-  CPIPDlg pip({state, device, desk.Toolkit()});
+  CPIPDlg pip({state, device, desk.Toolkit(), light});
   EXPECT_EQ(pip.BackgroundColour(), std::nullopt);
 }
 

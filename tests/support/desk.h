@@ -53,6 +53,7 @@ class Desk {
   std::string Text(int dialog, int control);
   bool Shows(int dialog, int control);
   bool Enables(int dialog, int control);
+  ui::Mark MarkOf(int dialog, int control);
   ui::Rect PlaceOf(int dialog, int control);
   std::string Picture(int dialog, int control);  // released
   std::string PressedPicture(int dialog, int control);

@@ -69,6 +69,8 @@ void Desk::PressKey(int dialog, int control, ui::Key key) {
   Settle();
 }
 
+ui::Mark Desk::MarkOf(int dialog, int control) { return inside->At(dialog, control).mark; }
+
 void Desk::PressMouse(int dialog, int control) { inside->At(dialog).PressMouse(control); }
 
 void Desk::ChooseSystemMenu(int dialog, int command) {

@@ -144,6 +144,8 @@ void Desk::PressKey(int dialog, int control, ui::Key key) {
   Settle();
 }
 
+ui::Mark Desk::MarkOf(int dialog, int control) { return inside->At(dialog, control).mark; }
+
 void Desk::PressMouse(int dialog, int control) {
   const HWND window = inside->Window(dialog, control);
   MSG message{};

@@ -32,7 +32,8 @@ class HoldingsTest : public ::testing::Test {
   }
 
   static constexpr char kAllGdi[] = "GDI objects of the process";
-  static inline const std::set<std::string> kGdiKinds = {"fonts", "brushes", "bitmaps", "regions"};
+  static inline const std::set<std::string> kGdiKinds = {"fonts", "brushes", "pens", "bitmaps",
+                                                         "regions"};
 
   Desk desk;
 };
@@ -45,6 +46,8 @@ TEST_F(HoldingsTest, SeesEveryKindComeAndGo) {
       drop);
   ExpectSeen(
       "brushes", [&] { object = CreateSolidBrush(RGB(1, 2, 3)); }, drop);
+  ExpectSeen(
+      "pens", [&] { object = CreatePen(PS_SOLID, 3, RGB(1, 2, 3)); }, drop);
   const RECT place = {0, 0, 9, 9};
   ExpectSeen(
       "regions", [&] { object = CreateRectRgnIndirect(&place); }, drop);

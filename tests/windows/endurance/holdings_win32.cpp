@@ -45,6 +45,12 @@ struct MakesFont {
 struct MakesBrush {
   static void Note(HBRUSH made, auto...) { gdiObjects[made] = "brushes"; }
 };
+struct MakesPen {
+  static void Note(HPEN made, auto...) { gdiObjects[made] = "pens"; }
+};
+struct MakesBitmap {
+  static void Note(HBITMAP made, auto...) { gdiObjects[made] = "bitmaps"; }
+};
 struct MakesRegion {
   static void Note(HRGN made, auto...) { gdiObjects[made] = "regions"; }
 };
@@ -106,6 +112,10 @@ Import Counting(std::string_view name, Function*) {
 const Import kImports[] = {
     Counting<MakesFont>("CreateFontA", &CreateFontA),
     Counting<MakesBrush>("CreateSolidBrush", &CreateSolidBrush),
+    Counting<MakesPen>("CreatePen", &CreatePen),
+    Counting<MakesBitmap>("CreateCompatibleBitmap", &CreateCompatibleBitmap),
+    Counting<MakesRegion>("CreateRectRgn", &CreateRectRgn),
+    Counting<MakesRegion>("CreateRoundRectRgn", &CreateRoundRectRgn),
     Counting<MakesRegion>("CreateRectRgnIndirect", &CreateRectRgnIndirect),
     Counting<MakesContext>("CreateCompatibleDC", &CreateCompatibleDC),
     Counting<MakesContext>("GetDC", &GetDC),
