@@ -10,7 +10,7 @@ FILENAME ~ /brands/ { for (i = 2; i <= 11; i++) brand[$1, i] = $i; next }
   for (i = 1; i <= n; i++) {
     if (part[i] == ")" || part[i] ~ /^\(/) continue
     p = index(part[i], ":"); type[i] = p ? substr(part[i], 1, p - 1) : part[i]; label[i] = p ? substr(part[i], p + 1) : ""
-    on[i] = sub(/\*$/, "", type[i]); gsub(/_/, " ", label[i])
+    gsub(/_/, " ", label[i])
     if (!(type[i] in width)) { print "panel.awk: unknown part " type[i] > "/dev/stderr"; exit 1 }
     total += width[type[i]]; k++
   }
@@ -21,7 +21,7 @@ FILENAME ~ /brands/ { for (i = 2; i <= 11; i++) brand[$1, i] = $i; next }
   for (i = 1; i <= n; i++) {
     if (part[i] ~ /^\(/) { gx = x; gname = substr(part[i], 2); continue }
     if (part[i] == ")") { m = m group(gx, x - gap, gname); continue }
-    w = width[type[i]]; m = m draw(type[i], x + w / 2, label[i], on[i]); x += w + gap
+    w = width[type[i]]; m = m draw(type[i], x + w / 2, label[i]); x += w + gap
   }
   if (RIGHT - x > 22) m = m grille(x + 3, RIGHT - 6)
   none = brand[b, 5] == "none"
@@ -42,17 +42,16 @@ function grille(a, z,    s, y) {
   for (y = 18; y <= 48; y += 6) s = s sprintf("<rect x=%s%.1f%s y=%s%d%s width=%s%.1f%s height=%s2.5%s rx=%s1.2%s fill=%s#000%s fill-opacity=%s.45%s/>", Q, a, Q, Q, y, Q, Q, z - a, Q, Q, Q, Q, Q, Q, Q, Q, Q)
   return s ""
 }
-function draw(t, x, s, lit,    l, i) {
+function draw(t, x, s,    l, i) {
   if (t == "sep") return sprintf("<path d=%sM%.1f 9v47%s stroke=%s#000%s stroke-opacity=%s.4%s/><path d=%sM%.1f 9v47%s stroke=%s#fff%s stroke-opacity=%s.15%s/>", Q, int(x) + .5, Q, Q, Q, Q, Q, Q, int(x) + 1.5, Q, Q, Q, Q, Q)
   if (t == "lcd") {
-    i = index(s, "/"); if (s ~ /\/.*\//) i = match(s, /\/[^\/]*$/)
     return sprintf("<rect x=%s%.1f%s y=%s12%s width=%s96%s height=%s41%s rx=%s3%s fill=%s#0b0e11%s/><rect x=%s%.1f%s y=%s15%s width=%s90%s height=%s35%s rx=%s1.5%s fill=%surl(#glass)%s/>", Q, x - 48, Q, Q, Q, Q, Q, Q, Q, Q, Q, Q, Q, Q, x - 45, Q, Q, Q, Q, Q, Q, Q, Q, Q, Q, Q) \
-      sprintf("<g text-anchor=%sstart%s font-size=%s10.5%s fill=%s#c5f3ff%s font-family=%sCourier New, Liberation Mono, monospace%s>%s%s</g>", Q, Q, Q, Q, Q, Q, Q, Q, text(x - 41, 29.5, substr(s, 1, i - 1)), text(x - 41, 43.5, substr(s, i + 1)))
+      sprintf("<g text-anchor=%sstart%s font-size=%s10.5%s fill=%s#c5f3ff%s font-family=%sCourier New, Liberation Mono, monospace%s>%s%s</g>", Q, Q, Q, Q, Q, Q, Q, Q, text(x - 41, 29.5, substr(brand[b, 2], 1, 13)), text(x - 41, 43.5, substr($3, 1, 13)))
   }
   if (t == "leds") {
-    split("PWR SIG LOCK", l, " "); split("#4be07f #4be07f #ffb84d", led, " "); m1 = ""
+    split("PWR SIG LOCK", l, " "); split("#4be07f #2a343d #2a343d", led, " "); m1 = ""
     for (i = 1; i <= 3; i++) m1 = m1 sprintf("<circle cx=%s%.1f%s cy=%s%d%s r=%s3.2%s fill=%s#0b0e11%s/><circle cx=%s%.1f%s cy=%s%d%s r=%s2.2%s fill=%s%s%s/><g text-anchor=%sstart%s>%s</g>", Q, x - 13, Q, Q, 8 + i * 12, Q, Q, Q, Q, Q, Q, x - 13, Q, Q, 8 + i * 12, Q, Q, Q, Q, led[i], Q, Q, Q, text(x - 7, 11 + i * 12, l[i]))
     return m1 ""
   }
-  return sprintf("<use xlink:href=%s#m-%s%s%s transform=%stranslate(%.1f %.1f)%s/>", Q, t, lit ? "on" : "", Q, Q, x, CY, Q) text(x, 56.5, s == "" && t == "quad" ? "VIEW" : s) ""
+  return sprintf("<use xlink:href=%s#m-%s%s transform=%stranslate(%.1f %.1f)%s/>", Q, t, Q, Q, x, CY, Q) text(x, 56.5, s == "" && t == "quad" ? "VIEW" : s) ""
 }
