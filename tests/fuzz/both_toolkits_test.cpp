@@ -154,6 +154,9 @@ class RealPanel {
       case Act::kEscape:
         Strike(step, VK_ESCAPE);
         break;
+      case Act::kKey:
+        desk.PressKey(step.dialog, step.control, static_cast<ui::Key>(step.numbers[0]));
+        break;
       case Act::kMouse:
         desk.PressMouse(step.dialog, step.control);
         break;

@@ -53,6 +53,7 @@ const std::map<std::pair<int, int>, std::string>& FirstTexts() {
 // By the button, or by the timer of the page that reads again while its format settles.
 bool IsRefresh(const Step& step) {
   if (step.act == Act::kPageTick) return true;
+  if (step.act == Act::kKey) return static_cast<ui::Key>(step.numbers[0]) == ui::Key::kRefresh;
   const bool presses =
       step.act == Act::kPress || step.act == Act::kClick || step.act == Act::kEnter;
   return presses && step.dialog == res::kMain &&
@@ -139,6 +140,24 @@ Situation FuzzPanel::Now() const {
           .focus = toolkit.Find(res::kMain)->FocusedControl()};
 }
 
+// The button of the window that a key stands for; 0 = the step is no key, or the button is not
+// there.
+int FuzzPanel::PressedByKey(const Step& step) const {
+  if (step.act != Act::kKey) return 0;
+  const MemoryDialog& window = *toolkit.Find(res::kMain);
+  const auto ifShown = [&](int button) { return window.Find(button)->shown ? button : 0; };
+  switch (static_cast<ui::Key>(step.numbers[0])) {
+    case ui::Key::kBack:
+      return ifShown(kReturnButton);
+    case ui::Key::kApply:
+      return ifShown(kApplyButton);
+    case ui::Key::kNextPage:
+      return ifShown(kPageUpButton);
+    default:
+      return ifShown(kRefreshButton) != 0 ? kRefreshButton : kPictureButton;
+  }
+}
+
 bool FuzzPanel::CanDo(const Step& step) const {
   if (step.act == Act::kPageTick) {
     const MemoryDialog* page = toolkit.Find(res::kVideoSettings);
@@ -178,7 +197,8 @@ void FuzzPanel::Do(const Step& step) {
   broken.clear();
   calls.clear();
   if (!CanDo(step)) return;
-  const Situation before = Now();
+  Situation before = Now();
+  before.keyPresses = PressedByKey(step);
   if (IsRefresh(step)) textsBefore = KeptTexts(before);
   Act(step);
   Settle();
@@ -220,6 +240,9 @@ void FuzzPanel::Act(const Step& step) {
     }
     case Act::kEscape:
       dialog->PressKey(step.control, ui::Key::kEscape);
+      break;
+    case Act::kKey:
+      dialog->PressKey(step.control, static_cast<ui::Key>(step.numbers[0]));
       break;
     case Act::kTick:
       toolkit.Find(res::kMain)->Tick(kMonitorTimer);

@@ -28,6 +28,7 @@ struct Situation {
   int tickSkip = 0;
   int wallSize = 0;
   std::pair<int, int> focus = {};  // dialog and control of the window
+  int keyPresses = 0;  // the button that a key of the window is about to press; 0 = none
 };
 
 // The template number of a page.
@@ -67,6 +68,7 @@ class FuzzPanel {
   // The calls of the last step.
   const std::vector<Call>& Calls() const { return calls; }
   bool CanDo(const Step& step) const;
+  int PressedByKey(const Step& step) const;
 
  private:
   void Act(const Step& step);

@@ -215,6 +215,10 @@ Step Operator::Choose(FuzzPanel& panel) {
     case 15:
       step.act = Act::kEscape;
       return step;
+    case 62:
+      step.act = Act::kKey;
+      step.numbers[0] = static_cast<int>(ui::Key::kBack) + choices.Below(4);
+      return step;
     case 16:
     case 17:
       step.act = Act::kMouse;

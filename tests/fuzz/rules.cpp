@@ -238,13 +238,15 @@ Writes VideoApply(const Situation& now) {
 
 Writes SettingApply(int type) {
   if (type == 26) return {Word(21), Block(22, 1), Block(23, 2)};
-  if (type == 50) return {Block(21, 1), Block(22, 1), Block(17, 1)};
-  if (TakesBlocks(type)) return {Block(21, 1), Block(22, 1), Block(15, 1)};
-  if (In(type, {13, 15, 17, 18, 21, 32, 35})) return {Word(12), Word(13), Block(17, 1)};
-  if (In(type, {20, 24, 30, 33, 34, 43})) return {Word(21), Word(16), Block(17, 1)};
-  if (In(type, {23, 25, 29, 42})) return {Word(13), Word(17), Block(17, 1)};
-  if (In(type, {19, 27})) return {Word(8), Word(10), Word(5)};
-  return {Word(12), Word(13), Word(17)};
+  // Pattern and OSD go to a box that was found to have them: not to one that came after the
+  // reading.
+  if (type == 50) return {Perhaps(Block(21, 1)), Block(22, 1), Block(17, 1)};
+  if (TakesBlocks(type)) return {Perhaps(Block(21, 1)), Block(22, 1), Block(15, 1)};
+  if (In(type, {13, 15, 17, 18, 21, 32, 35})) return {Word(12), Perhaps(Word(13)), Block(17, 1)};
+  if (In(type, {20, 24, 30, 33, 34, 43})) return {Perhaps(Word(21)), Word(16), Block(17, 1)};
+  if (In(type, {23, 25, 29, 42})) return {Perhaps(Word(13)), Word(17), Block(17, 1)};
+  if (In(type, {19, 27})) return {Word(8), Perhaps(Word(10)), Word(5)};
+  return {Word(12), Perhaps(Word(13)), Word(17)};
 }
 
 Writes ResetOf(int type) {
@@ -480,8 +482,9 @@ bool SendsAgain(const Situation& now) {
   return now.page == PageCode::kProcAmp && now.identity.brandCode == 2;
 }
 
-bool UncoversPage(const Step& step) {
+bool UncoversPage(const Step& step, const Situation& situation) {
   return step.act == Act::kRepaint || step.act == Act::kAbout ||
+         situation.keyPresses == kPageUpButton ||
          (step.dialog == res::kMain && step.control == kPageUpButton);
 }
 
@@ -504,6 +507,11 @@ AllowedWrites WhenPressed(const Step& step, const Situation& situation) {
       const bool kept = step.dialog == res::kProcAmp || step.dialog == res::kGenlock;
       if (!kept) pressed.act = Act::kPress;
       return OnPage(pressed, situation);
+    }
+    case Act::kKey: {
+      const Step pressed = {
+          .act = Act::kPress, .dialog = res::kMain, .control = situation.keyPresses};
+      return situation.keyPresses != 0 ? OnPage(pressed, situation) : AllowedWrites{};
     }
     case Act::kClick: {
       // Down, which the tiles of a wall take, and up, which presses what all others are.
@@ -529,7 +537,7 @@ AllowedWrites WhenPressed(const Step& step, const Situation& situation) {
 AllowedWrites WritesOf(const Step& step, const Situation& situation) {
   if (!situation.connected) return {};
   if (!SendsAgain(situation)) return WhenPressed(step, situation);
-  if (UncoversPage(step)) return {PicturesPerhaps(), true};
+  if (UncoversPage(step, situation)) return {PicturesPerhaps(), true};
   // A slider is painted when it loses the focus and when it gets it, before anything is pressed.
   AllowedWrites allowed = WhenPressed(step, situation);
   if (step.act >= Act::kTick || step.act == Act::kDrag) return allowed;

@@ -9,15 +9,17 @@ namespace panelora::fuzz {
 
 namespace {
 
-constexpr const char* kNames[kActs] = {
-    "press", "click",     "mouse",   "drag",   "release", "type", "choose", "enter", "escape",
-    "tick",  "page-tick", "repaint", "unplug", "plug",    "turn", "become", "mood",  "about"};
+constexpr const char* kNames[kActs] = {"press", "click",     "mouse",   "drag",   "release",
+                                       "type",  "choose",    "enter",   "escape", "key",
+                                       "tick",  "page-tick", "repaint", "unplug", "plug",
+                                       "turn",  "become",    "mood",    "about"};
 
 // How many numbers of the step count, behind dialog and control.
 int NumbersOf(Act act) {
   switch (act) {
     case Act::kDrag:
     case Act::kChoose:
+    case Act::kKey:
       return 1;
     case Act::kMood:
       return 2;

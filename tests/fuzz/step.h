@@ -18,6 +18,7 @@ enum class Act {
   kChoose,    // item `numbers[0]` of a combo box
   kEnter,     // the key, with the focus on the control
   kEscape,    // the same
+  kKey,       // the same: a key of the window, `numbers[0]` as ui::Key
   kTick,      // of the connection monitor
   kPageTick,  // of the Video settings page
   kRepaint,   // the dialog was covered
@@ -28,7 +29,7 @@ enum class Act {
   kMood,    // `numbers[0]`, random answers by `numbers[1]`
   kAbout,   // from the system menu, read and closed
 };
-constexpr int kActs = 18;
+constexpr int kActs = 19;
 
 struct Step {
   Act act = Act::kTick;
