@@ -18,6 +18,17 @@ class MonitorTest : public ProgramTest {
     panel.Tick();
     return panel.TakeCalls();
   }
+
+  // The calls of the next tick that makes any: a slider that paints silences two, and when Proc
+  // Amp's paint is the windows' affair.
+  Calls NextTickCalls(PanelProcess& panel) {
+    Calls calls;
+    panel.Await("a tick that calls", [&] {
+      calls = TickCalls(panel);
+      return !calls.empty();
+    });
+    return calls;
+  }
 };
 
 TEST_F(MonitorTest, TickOfAnUnchangedBoxOnlyOpens) {
@@ -33,7 +44,7 @@ TEST_F(MonitorTest, UnpluggedBoxTurnsToTheDisconnectedLookFromEveryPage) {
     SCOPED_TRACE(button);
     panel.Press(res::kMain, button);
     panel.Plug(false);
-    EXPECT_EQ(TickCalls(panel), Join({kOpenCall, kIdentityCall, kInitialiseCallsWithoutBox}));
+    EXPECT_EQ(NextTickCalls(panel), Join({kOpenCall, kIdentityCall, kInitialiseCallsWithoutBox}));
     EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
     EXPECT_EQ(TickCalls(panel), kOpenCall);
     panel.Plug(true);
