@@ -42,8 +42,9 @@ get_target_property(PANELORA_CORE_SOURCES panelora_core SOURCES)
 get_target_property(PANELORA_SIMULATOR_SOURCES panelora_simulator SOURCES)
 if(WIN32)
   get_target_property(PANELORA_WIN32_SOURCES panelora_win32 SOURCES)
+  list(TRANSFORM PANELORA_WINDOWS_DEFINITIONS PREPEND -D OUTPUT_VARIABLE PANELORA_WINDOWS_FLAGS)
   panelora_tidy(check_tidy ${PANELORA_WIN32_SOURCES} platform/win32/main.cpp
-    simulator/devlnk_dll.cpp tools/panel_remote.cpp FLAGS -D_WIN32_WINNT=0x0601 -DNOMINMAX)
+    simulator/devlnk_dll.cpp tools/panel_remote.cpp FLAGS ${PANELORA_WINDOWS_FLAGS})
 else()
   panelora_tidy(check_tidy ${PANELORA_CATALOGUE_SOURCES} ${PANELORA_CORE_SOURCES} ${PANELORA_SIMULATOR_SOURCES}
     platform/memory/memory_toolkit.cpp

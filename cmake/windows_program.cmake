@@ -19,6 +19,10 @@ else()
   endif()
 endif()
 
+# What is not in every Windows that the program runs on is out of the headers' sight, and so is what
+# nobody here uses.
+set(PANELORA_WINDOWS_DEFINITIONS _WIN32_WINNT=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN)
+
 add_library(panelora_win32 STATIC
   platform/win32/colour_label_window.cpp
   platform/win32/devlnk_loader.cpp
@@ -31,8 +35,10 @@ add_library(panelora_win32 STATIC
   platform/win32/tab_order.cpp
   platform/win32/win32_dialog.cpp
   platform/win32/win32_toolkit.cpp)
-target_compile_definitions(panelora_win32 PUBLIC _WIN32_WINNT=0x0601 NOMINMAX)
+target_compile_definitions(panelora_win32 PUBLIC ${PANELORA_WINDOWS_DEFINITIONS})
 target_link_libraries(panelora_win32 PUBLIC panelora_core comctl32 gdi32 shlwapi user32)
+panelora_read_once(panelora_win32 ${PANELORA_OFTEN_INCLUDED}
+  ${PROJECT_SOURCE_DIR}/platform/win32/windows_headers.h)
 
 # The art is rendered from its vector sources into bitmaps and a resource script that names them. The
 # presets share it.
@@ -61,7 +67,7 @@ target_link_libraries(Panelora PRIVATE panelora_win32)
 # In a folder of its own, so that it never stands beside the program unasked.
 add_library(DEVLNK SHARED simulator/devlnk_dll.cpp simulator/devlnk.def)
 target_link_libraries(DEVLNK PRIVATE panelora_simulator panelora_options)
-target_compile_definitions(DEVLNK PRIVATE _WIN32_WINNT=0x0601 NOMINMAX)
+target_compile_definitions(DEVLNK PRIVATE ${PANELORA_WINDOWS_DEFINITIONS})
 if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND NOT MSVC)
   target_link_options(DEVLNK PRIVATE -Wl,--enable-stdcall-fixup)  # exports the plain names
 endif()
