@@ -242,7 +242,7 @@ TEST_F(Audio, ValuesBeyondTheButtonsEndComeBackToIt) {
 }
 
 TEST_F(Audio, ModelsWithVolumesShowTheirSource) {
-  for (const std::uint8_t type : Bytes{24, 34, 25, 29, 46, 52}) {
+  for (const std::uint8_t type : Tried(Bytes{24, 34, 25, 29, 46, 52})) {
     for (const std::uint8_t brand : Bytes{0, 2}) {
       Open({type, brand, 0, 0, 0});
       EXPECT_TRUE(desk.Shows(kPage, 1029)) << int{type};
@@ -412,7 +412,7 @@ TEST_F(Audio, ApplyLeavesBlocksOfOtherPagesAlone) {
                                                {std::uint8_t{14}, 10},
                                                {std::uint8_t{36}, 10},
                                                {std::uint8_t{51}, 6}};
-  for (const auto& [type, property] : rows) {
+  for (const auto& [type, property] : Tried(rows)) {
     Open({type, 0, 0, 0, 0});
     desk.Press(kPage, 1029);
     const std::string call = "set block " + std::to_string(property) + ",";

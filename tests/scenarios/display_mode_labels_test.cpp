@@ -127,7 +127,7 @@ TEST_F(DisplayMode, ApplyGoesByTheViewOnlyWhereLabelsCanBeWritten) {
                       {12, 0, 289, true}, {2, 0, 289, false}, {2, 1, 100, true},
                       {2, 1, 289, true},  {8, 1, 288, false}, {8, 0, 289, true}};
   for (const std::uint8_t type : Bytes{13, 15}) {
-    for (const Row& row : rows) {
+    for (const Row& row : Tried(rows)) {
       Open({type, row.brand, 0, 0, 0}, 1, row.labels, row.firmware);
       box.Block(20) = {0, 0};
       const Calls words = {"set word 0,1 = 1", "set word 0,2 = 1"};

@@ -83,7 +83,7 @@ TEST_F(Genlock, UnknownOutputAtTheStartHasNoRange) {
 
 TEST_F(Genlock, BoxIsLockedWithBothDelaysAsItLeavesTheFactory) {
   for (const GroupRow& group : kGroups) {
-    for (const std::uint8_t type : group.types) {
+    for (const std::uint8_t type : Tried(group.types)) {
       panel.reset();
       StartWith({type, 0, 0, 0, 0});
       panel->OpenPage(PageCode::kGenlock);
@@ -153,7 +153,7 @@ TEST_F(Genlock, ApplyInFreeRunWritesDelaysOf0) {
 TEST_F(Genlock, DelaysStopAtTheirEnds) {
   for (const std::uint8_t type : Bytes{50, 33, 43}) {
     Open(type);
-    for (const RangeRow& row : kRanges) {
+    for (const RangeRow& row : Tried(kRanges)) {
       const int mode = type == 33 ? 2 : 1;
       SetBox(mode, row.outputCode, row.inputs.front(), row.lines - 1, row.clocks - 1);
       Press(kPictureButton);

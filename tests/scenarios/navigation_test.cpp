@@ -341,7 +341,7 @@ TEST_F(Navigation, WallLayoutIsReadFromThePropertyOfTheModel) {
       {{26, 50, 51, 15}, {}},
   };
   for (const Row& row : rows) {
-    for (const std::uint8_t type : row.types) {
+    for (const std::uint8_t type : Tried(row.types)) {
       admitted = {type};
       StartWith(0x0126, {type, 0, 0, 0, 0});
       panel->OpenPage(PageCode::kTvWall);
@@ -374,7 +374,7 @@ TEST_F(Navigation, InformationLookLacksWhatTheModelLacks) {
                       {{19}, false, true},
                       {{26, 20, 13, 50}, true, true}};
   for (const Row& row : rows) {
-    for (const std::uint8_t type : row.types) {
+    for (const std::uint8_t type : Tried(row.types)) {
       admitted = {type};
       StartWith(0x0126, {type, 0, 0, 0, 0});
       for (const int press : {kInformationButton, kSettingButton, kReturnButton}) Press(press);
@@ -398,7 +398,7 @@ TEST_F(Navigation, ProcAmpIsReadAsTheModelTellsIt) {
       {{50, 24, 46}, {"get proc amp"}},
   };
   for (const Row& row : rows) {
-    for (const std::uint8_t type : row.types) {
+    for (const std::uint8_t type : Tried(row.types)) {
       admitted = {type};
       StartWith(0x0126, {type, 0, 0, 0, 0});
       box.Picture() = {1, 2, 3, 4};

@@ -265,7 +265,7 @@ TEST_F(Pip, FrameGoesByTypeOptionAndFormat) {
   for (const Row& row : rows) {
     Open({row.type, row.brand, 0, 0, 0});
     SetInset(0, 0, 300, 200);
-    for (const int format : row.formats) {
+    for (const int format : Tried(row.formats)) {
       // From another frame each time.
       SetFrame(row.type == 51 ? 0 : 1, row.type == 51 && row.width == 1920 ? 8 : 0);
       Refresh();
@@ -298,7 +298,7 @@ TEST_F(Pip, FormatWithoutFrameKeepsTheFrame) {
     Refresh();
     const std::vector<Range> before = Ranges(kCh1);
     EXPECT_EQ(before[2].second, row.type == 51 ? 1280 : 1600);
-    for (const int format : row.formats) {
+    for (const int format : Tried(row.formats)) {
       SetFrame(row.option, static_cast<std::uint8_t>(format));
       Refresh();
       EXPECT_EQ(Ranges(kCh1), before) << int{row.type} << " " << format;

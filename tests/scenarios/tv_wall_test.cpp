@@ -206,7 +206,7 @@ TEST_F(TvWall, FailedReadKeepsTheEarlierGrid) {
                                                  {46, {"get block 16,0,20"}},
                                                  {18, {"get word 0,8", "get word 0,9"}},
                                                  {17, {"get word 0,10", "get word 0,11"}}};
-  for (const auto& [type, reads] : rows) {
+  for (const auto& [type, reads] : Tried(rows)) {
     for (const std::string& failing : reads) {
       Open(type, 3, 4);
       device.Fail(failing);
@@ -309,7 +309,8 @@ TEST_F(TvWall, DefaultAndPageUpAreOfOtherPages) {
 
 // As the box leaves the factory. Some have the size in the low word of their firmware version.
 TEST_F(TvWall, EveryBoxOfAWallHasAPlaceInIt) {
-  for (const int type : {14, 17, 18, 20, 30, 32, 33, 35, 36, 37, 38, 39, 40, 43, 46, 47, 48, 49}) {
+  for (const std::uint8_t type :
+       Tried(Bytes{14, 17, 18, 20, 30, 32, 33, 35, 36, 37, 38, 39, 40, 43, 46, 47, 48, 49})) {
     panel.reset();
     StartWith({static_cast<std::uint8_t>(type), 0, 0, 0, 0}, 0x0102);
     panel->OpenPage(PageCode::kTvWall);

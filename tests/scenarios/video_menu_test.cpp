@@ -73,7 +73,7 @@ TEST_F(VideoMenu, OtherModelsShowThePagesThatKnowThem) {
       {{23, 42, 24, 34, 25, 29}, 0, {{1002, 60}, {1007, 130}, {1008, 200}}},
       {{5, 21, 52}, 0, {{1002, 125}}}};
   for (const Row& row : rows) {
-    for (const std::uint8_t type : row.types) {
+    for (const std::uint8_t type : Tried(row.types)) {
       admitted = {type};
       StartWith(0x0126, {type, row.brand, 0, 0, 0});
       Press(kVideoButton);
