@@ -116,6 +116,8 @@ bool CMainDlg::OnKey(ui::Key key) {
 }
 
 void CMainDlg::HideAllButtons() {
+    case ui::Key::kHelp:
+      return toolkit.OpenGuide();
   for (const NavigationButton& button : kNavigationButtons) ShowButton(button.control, false);
 }
 

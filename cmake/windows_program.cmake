@@ -30,6 +30,7 @@ add_library(panelora_win32 STATIC
   platform/win32/dialog_painting.cpp
   platform/win32/dpi.cpp
   platform/win32/gdi_cache.cpp
+  platform/win32/guide.cpp
   platform/win32/look.cpp
   platform/win32/serial_port.cpp
   platform/win32/tab_order.cpp

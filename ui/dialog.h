@@ -31,6 +31,7 @@ enum class Key {
   kApply,     // Ctrl+Enter
   kRefresh,   // F5
   kNextPage,  // Ctrl+Page Up
+  kHelp,      // F1
 };
 constexpr bool IsOfWindow(Key key) { return key > Key::kEscape; }
 

@@ -38,6 +38,10 @@ class Toolkit {
   virtual SerialHandle OpenSerial(const std::string& name) = 0;
   virtual void CloseSerial(SerialHandle port) = 0;
 
+  // Opens the guide that lies beside the program, in whatever the operator reads such files with.
+  // False when there is none.
+  virtual bool OpenGuide() = 0;
+
   // A random number of at least 0.
   virtual int Random() = 0;
 

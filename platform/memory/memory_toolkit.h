@@ -157,6 +157,10 @@ class MemoryToolkit final : public ui::Toolkit {
   void DebugOutput(std::string_view text) override { debugOutput.emplace_back(text); }
   ui::SerialHandle OpenSerial(const std::string& name) override;
   void CloseSerial(ui::SerialHandle port) override { closedPorts.push_back(port); }
+  bool OpenGuide() override {
+    if (hasGuide) ++guidesOpened;
+    return hasGuide;
+  }
   int Random() override;
 
   // The open dialog of a template, the one opened last first; null when there is none.
@@ -171,6 +175,8 @@ class MemoryToolkit final : public ui::Toolkit {
   std::vector<std::string> debugOutput;
   std::vector<std::string> openedPorts;
   std::vector<ui::SerialHandle> closedPorts;
+  bool hasGuide = false;
+  int guidesOpened = 0;
   int timersLeftRunning = 0;  // that no dialog stopped before it went
 
  private:

@@ -1,5 +1,7 @@
 #include "platform/win32/devlnk_loader.h"
 
+#include "platform/win32/guide.h"
+
 namespace panelora::win32 {
 
 namespace {
@@ -69,12 +71,7 @@ void UseSafeLibraryFolders() {
   if (set != nullptr) set(LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
 }
 
-std::wstring DevlnkPath() {
-  std::wstring path(32768, L'\0');
-  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-  const std::size_t slash = path.find_last_of(L"\\/");
-  return path.substr(0, slash == std::wstring::npos ? 0 : slash + 1) + L"DEVLNK.dll";
-}
+std::wstring DevlnkPath() { return ProgramFolder() + L"DEVLNK.dll"; }
 
 // None when there is no such file.
 std::optional<DevlnkFinder::FileStamp> DevlnkFinder::Stamp() const {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/win32/guide.h"
 #include "platform/win32/tab_order.h"
 #include "res/dialog_templates.h"
 
@@ -30,6 +31,8 @@ std::optional<ui::Key> KeyOf(const MSG& message, const Win32Control* control) {
       return ui::Key::kEscape;
     case VK_F5:
       return ui::Key::kRefresh;
+    case VK_F1:
+      return ui::Key::kHelp;
     case VK_PRIOR:
       if (ctrl) return ui::Key::kNextPage;
       return std::nullopt;
@@ -84,6 +87,12 @@ void Win32Toolkit::DebugOutput(std::string_view text) {
   const std::string line(text);
   OutputDebugStringA(line.c_str());
   if (onDebugOutput) onDebugOutput(line);
+}
+
+bool Win32Toolkit::OpenGuide() {
+  if (onGuide) return onGuide();
+  const std::wstring guide = GuideBeside(ProgramFolder());
+  return !guide.empty() && ShowFile(guide);
 }
 
 int Win32Toolkit::Random() { return onRandom ? onRandom() : std::rand(); }

@@ -186,6 +186,7 @@ class Win32Toolkit final : public ui::Toolkit {
   // Runs the message loop until the dialog is closed.
   void RunUntilClosed(const ui::Dialog& dialog);
   // Handles every message that waits; returns at once when there is none.
+  bool OpenGuide() override;
   void HandleWaiting();
   // Offers a message to the pages, then to the dialogs' keyboard handling, then to its window.
   void Handle(MSG& message);
@@ -216,6 +217,7 @@ class Win32Toolkit final : public ui::Toolkit {
  private:
   friend class Win32Dialog;
 
+  std::function<bool()> onGuide;
   // Counts the handlers that run inside each other: the outermost one looks after the focus.
   class Handling {
    public:

@@ -153,6 +153,8 @@ int FuzzPanel::PressedByKey(const Step& step) const {
       return ifShown(kApplyButton);
     case ui::Key::kNextPage:
       return ifShown(kPageUpButton);
+    case ui::Key::kHelp:
+      return 0;
     default:
       return ifShown(kRefreshButton) != 0 ? kRefreshButton : kPictureButton;
   }

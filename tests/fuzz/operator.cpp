@@ -110,7 +110,7 @@ std::string TypedText(Choices& choices) {
 
 Step Become(Choices& choices) {
   return {.act = Act::kBecome,
-          .numbers = {OneOf(choices, kTypes), OneOf(choices, kBrands), choices.Below(4),
+          .numbers = {OneOf(choices, kTypes), OneOf(choices, kBrands), choices.Below(5),
                       choices.Below(2), choices.Below(2), OneOf(choices, kFirmwares)}};
 }
 

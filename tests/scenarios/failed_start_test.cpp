@@ -24,6 +24,7 @@ class FailingToolkit final : public ui::Toolkit {
   void DebugOutput(std::string_view text) override { inner.DebugOutput(text); }
   ui::SerialHandle OpenSerial(const std::string& name) override { return inner.OpenSerial(name); }
   void CloseSerial(ui::SerialHandle port) override { inner.CloseSerial(port); }
+  bool OpenGuide() override { return inner.OpenGuide(); }
   int Random() override { return inner.Random(); }
 
   memory::MemoryToolkit inner;

@@ -90,10 +90,23 @@ TEST_F(KeysTest, NextPageGoesThroughTheSubPages) {
   EXPECT_EQ(CallsOfKey(kPage, kMute.next, Key::kNextPage), Calls{});
 }
 
+TEST_F(KeysTest, HelpOpensTheGuideWhereThereIsOne) {
+  StartWith(0x0126);
+  EXPECT_EQ(CallsOfKey(res::kMain, kAudioButton, Key::kHelp), Calls{});
+  EXPECT_EQ(desk.GuidesOpened(), 0);
+  desk.LayGuide(true);
+  desk.PressKey(res::kMain, kAudioButton, Key::kHelp);
+  EXPECT_EQ(desk.GuidesOpened(), 1);
+  Press(kProcAmpButton);
+  EXPECT_EQ(CallsOfKey(res::kProcAmp, 1032, Key::kHelp), Calls{});
+  EXPECT_EQ(desk.GuidesOpened(), 2);
+  EXPECT_EQ(ShownPages(), std::vector<int>{res::kProcAmp});
+}
+
 TEST_F(KeysTest, NoneOfThemReachesAnotherWindow) {
   StartWith(0x0126);
   Press(kAudioButton);
-  for (const Key key : {Key::kBack, Key::kApply, Key::kRefresh, Key::kNextPage}) {
+  for (const Key key : {Key::kBack, Key::kApply, Key::kRefresh, Key::kNextPage, Key::kHelp}) {
     TakeCalls();
     desk.WhileModal([&] {
       desk.PressKey(res::kAbout, 1, key);

@@ -75,6 +75,9 @@ class Desk {
   // What the program told or asked the system.
   std::vector<std::string> DebugOutput();
   void DrawNext(std::vector<int> numbers);  // the next random numbers
+  // Whether the guide lies beside the program, and how often it was opened.
+  void LayGuide(bool there);
+  int GuidesOpened();
 
  private:
   struct Inside;

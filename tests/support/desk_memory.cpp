@@ -157,6 +157,10 @@ int Desk::TimersLeftRunning() { return inside->toolkit.timersLeftRunning; }
 
 std::vector<std::string> Desk::DebugOutput() { return inside->toolkit.debugOutput; }
 
+void Desk::LayGuide(bool there) { inside->toolkit.hasGuide = there; }
+
+int Desk::GuidesOpened() { return inside->toolkit.guidesOpened; }
+
 void Desk::DrawNext(std::vector<int> numbers) {
   auto& all = inside->toolkit.randomNumbers;
   all.insert(all.end(), numbers.begin(), numbers.end());

@@ -32,6 +32,8 @@ Pressed PressedFor(ui::Key key) {
       return {VK_F5, false};
     case ui::Key::kNextPage:
       return {VK_PRIOR, true};
+    case ui::Key::kHelp:
+      return {VK_F1, false};
   }
   return {0, false};
 }
@@ -49,6 +51,8 @@ struct Desk::Inside {
   win32::Win32Toolkit toolkit{GetModuleHandleA(nullptr)};
   std::vector<std::string> debugOutput;
   std::deque<int> randomNumbers;
+  bool hasGuide = false;
+  int guidesOpened = 0;
 
   Win32Dialog& At(int dialog) {
     Win32Dialog* found = toolkit.Find(dialog);
@@ -70,6 +74,10 @@ struct Desk::Inside {
 Desk::Desk() : inside(std::make_unique<Inside>()) {
   inside->toolkit.onDebugOutput = [this](std::string_view text) {
     inside->debugOutput.emplace_back(text);
+  };
+  inside->toolkit.onGuide = [this] {
+    if (inside->hasGuide) ++inside->guidesOpened;
+    return inside->hasGuide;
   };
   inside->toolkit.onRandom = [this] {
     if (inside->randomNumbers.empty()) return 1;
@@ -332,6 +340,10 @@ int Desk::TimerPeriod(int dialog, int timer) {
 int Desk::TimersLeftRunning() { return inside->toolkit.timersLeftRunning; }
 
 std::vector<std::string> Desk::DebugOutput() { return inside->debugOutput; }
+
+void Desk::LayGuide(bool there) { inside->hasGuide = there; }
+
+int Desk::GuidesOpened() { return inside->guidesOpened; }
 
 void Desk::DrawNext(std::vector<int> numbers) {
   inside->randomNumbers.insert(inside->randomNumbers.end(), numbers.begin(), numbers.end());
