@@ -114,6 +114,21 @@ class Page : public ui::DialogEvents {
     if (choice != nullptr) Window().SetText(control, choice->text);
   }
 
+  // Marks the frames of what the operator chose and the box was not told yet. Apply is lit when
+  // there is such a value, or `more` to tell.
+  struct PendingValue {
+    int frame;
+    bool pending;
+  };
+  void MarkPending(std::initializer_list<PendingValue> values, bool more = false) {
+    bool any = more;
+    for (const PendingValue& value : values) {
+      Window().SetMark(value.frame, value.pending ? ui::Mark::kPending : ui::Mark::kNone);
+      any |= value.pending;
+    }
+    light.ShowPending(any);
+  }
+
   PanelState& panel;
   DeviceLink& device;
   ui::Toolkit& toolkit;

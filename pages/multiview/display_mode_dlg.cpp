@@ -62,7 +62,7 @@ void CDisplayModeDlg::Init(ui::SerialHandle serial) {
   nineModes = 0;
   BlockBuffer bytes{};
   if (Read(kModes, bytes)) {
-    mode = bytes[0];
+    mode = toldMode = bytes[0];
     nineModes = bytes[1];
   }
   SetUpGroup(Window(), kMode, "Dispalye Mode", "Mode 1");  // the captions are deliberate
@@ -137,12 +137,13 @@ void CDisplayModeDlg::Open() {
 
 void CDisplayModeDlg::Refresh(ui::SerialHandle serial) {
   serialHandle = serial;
+  bool modeRead = false;
   if (IsToldByBlock()) {
-    ReadModeAndCodes();
+    modeRead = ReadModeAndCodes();
   } else if (IsToldByWord()) {
     const bool modeAlone = panel.identity.brandCode == 2 && !HasInputLabels();
     if (modeAlone || view == 0) {
-      ReadModeAndCodes();
+      modeRead = ReadModeAndCodes();
     } else if (view == 1) {
       ReadLabels();
     }
@@ -151,24 +152,32 @@ void CDisplayModeDlg::Refresh(ui::SerialHandle serial) {
   }
   ShowMode();
   ShowChannelsOfCode();
+  if (modeRead) {
+    SettleMode();
+  } else {
+    ShowPending();
+  }
 }
 
-void CDisplayModeDlg::ReadModeAndCodes() {
+// True when both were read.
+bool CDisplayModeDlg::ReadModeAndCodes() {
   BlockBuffer bytes{};
-  if (Read(kModes, bytes)) {
+  const bool modeRead = Read(kModes, bytes);
+  if (modeRead) {
     mode = ModeOfBox(bytes[0]);
     lastMode = mode;
   }
-  if (!Read(kCodes, bytes)) return;
+  if (!Read(kCodes, bytes)) return false;
   for (std::size_t i = 0; i < kCodesHeld; ++i) codeByMode[i] = bytes[i];
   code = CodeOf(mode);
   lastCode = code;
+  return modeRead;
 }
 
 void CDisplayModeDlg::ReadLabels() {
   BlockBuffer bytes{};
   if (Read(multiview::kLabelsState, bytes)) {
-    labelsState = bytes[0];
+    labelsState = toldState = bytes[0];
     ShowLabelsState();
   }
   for (const LabelRow& row : kLabelRows) {
@@ -176,6 +185,16 @@ void CDisplayModeDlg::ReadLabels() {
       Window().SetText(row.edit, TextOfLabel(std::span(bytes).first<kLabelLength>()));
     }
   }
+}
+
+// Of what Apply would send from this view.
+void CDisplayModeDlg::ShowPending() {
+  const bool sends = WritesMode() && (IsToldByBlock() || IsToldByWord());
+  MarkPending({{kMode.frame, sends && mode != toldMode},
+               {kMain.frame, sends && channels.main != toldChannels.main},
+               {kSub.frame, sends && channels.sub != toldChannels.sub},
+               {kSub2.frame, sends && channels.sub2 != toldChannels.sub2},
+               {kLabels.frame, WritesLabels() && labelsState != toldState}});
 }
 
 void CDisplayModeDlg::ShowMode() {
@@ -207,9 +226,11 @@ void CDisplayModeDlg::ShowChannelsOfCode() {
 void CDisplayModeDlg::ShowCodeOfChannels() {
   const auto choice =
       FindByChannels(panel.identity.brandCode, panel.identity.boxType, mode, channels);
-  if (!choice) return;
-  ShowNames(*choice);
-  code = choice->code;
+  if (choice) {
+    ShowNames(*choice);
+    code = choice->code;
+  }
+  ShowPending();
 }
 
 void CDisplayModeDlg::OnCommand(int control, ui::Notification what) {
@@ -241,6 +262,7 @@ void CDisplayModeDlg::OnNextMode() {
   code = CodeOf(mode);
   if (IsToldByBlock() && code == 0) code = 1;
   ShowChannelsOfCode();
+  ShowPending();
 }
 
 void CDisplayModeDlg::OnNextMain() {
@@ -263,6 +285,7 @@ void CDisplayModeDlg::OnNextLabelsState() {
   labelsState = labelsState == 0 ? 1 : 0;
   ShowLabelsState();
   EnableLabels(labelsState == 1);
+  ShowPending();
 }
 
 void CDisplayModeDlg::EnableLabels(bool enabled) {
@@ -278,18 +301,28 @@ void CDisplayModeDlg::Apply() {
   if (IsToldByBlock()) {
     Write(kModes, {mode});
     Write(kCodes, {code});
+    SettleMode();
     return;  // what is remembered stays as it was read
   }
   if (!IsToldByWord()) return;
-  if (!WritesByView() || view == 0) {
+  if (WritesMode()) {
     WriteModeAndCode();
-  } else if (view == 1) {
+    SettleMode();
+  } else if (WritesLabels()) {
     WriteLabels();
+    toldState = labelsState;
+    ShowPending();
   }
   // The slot is that of the mode before, on purpose.
   if (lastMode >= 1 && lastMode <= kCodesHeld) codeByMode[lastMode - 1U] = code;
   lastCode = code;
   lastMode = mode;
+}
+
+void CDisplayModeDlg::SettleMode() {
+  toldMode = mode;
+  toldChannels = channels;
+  ShowPending();
 }
 
 void CDisplayModeDlg::WriteModeAndCode() {

@@ -58,6 +58,8 @@ class CDisplayModeDlg final : public Page {
   bool IsToldByWord() const { return multiview::kByWord.Has(panel.identity.boxType); }
   bool HasInputLabels() const { return panel.fittedOption == 1; }
   bool WritesByView() const;
+  bool WritesLabels() const { return WritesByView() && view == 1; }
+  bool WritesMode() const { return IsToldByBlock() || !WritesByView() || view == 0; }
   std::uint8_t NextMode() const;
   std::uint8_t ModeOfBox(std::uint8_t reported) const;
   std::uint8_t CodeOf(std::uint8_t ofMode) const;
@@ -65,8 +67,10 @@ class CDisplayModeDlg final : public Page {
   void HideEverything();
   void PlaceModeView(bool withSub2);
   void PlaceLabelsView();
-  void ReadModeAndCodes();
+  bool ReadModeAndCodes();
   void ReadLabels();
+  void SettleMode();
+  void ShowPending();
   void ShowMode();
   void ShowLabelsState();
   void ShowChannelsOfCode();
@@ -85,6 +89,10 @@ class CDisplayModeDlg final : public Page {
   std::uint8_t code = 1;         // combination code of the channels, 1 to 12
   std::uint8_t labelsState = 0;  // 0 off, 1 on, 2 the box's default labels
   Channels channels;
+  // What the box told, or was told.
+  std::uint8_t toldMode = 1;
+  Channels toldChannels;
+  std::uint8_t toldState = 0;
   std::array<std::uint8_t, kCodesHeld> codeByMode = {};  // of modes 1 to 10; 0 = none
   int view = 0;  // 0 display mode, 1 input labels, else nothing
 };

@@ -81,7 +81,7 @@ void CGenlockDlg::Init() {
   ShowGroup(Window(), kSyncMode, hasSync);
   Window().EnableControl(kGenlockMode.next, true);
   // Nothing of the box before.
-  genlockMode = syncMode = 0;
+  genlockMode = syncMode = toldMode = toldSync = 0;
   outputCode = inputCode = kNoCode;
   lines = clocks = 0;
   delays = applied = {};
@@ -117,19 +117,27 @@ void CGenlockDlg::ReadBox() {
   ChooseRanges();
   ReadDelays(*model);
   if (hDelayAllowed == 0) delays.clocks = 0;
-  Read(model->sync, syncMode);
+  if (Read(model->sync, syncMode)) toldSync = syncMode;
   const VideoFormat reference = DecodeFormat(format, ByteOrder::kLittle);
   Window().SetText(kFormat, TextOf(reference, reference.scan == 1 ? "p" : "i"));
   ShowGenlockMode();
   ShowSyncMode();
   EnableDelays();
   ShowDelays();
+  ShowPending();
+}
+
+// A preview is on the box, but not for good.
+void CGenlockDlg::ShowPending() {
+  MarkPending(
+      {{kGenlockMode.frame, genlockMode != toldMode}, {kSyncMode.frame, syncMode != toldSync}},
+      previewed && delays != applied);
 }
 
 void CGenlockDlg::ReadMode(const genlock::Model& model) {
   BlockBuffer bytes{};
   if (!Read(model.mode, bytes)) return;
-  genlockMode = bytes[0];
+  genlockMode = toldMode = bytes[0];
   outputCode = bytes[1];
   if (model.input.kind == Address::Kind::kNone) inputCode = bytes[3];
 }
@@ -225,11 +233,13 @@ void CGenlockDlg::OnNextGenlockMode() {
   ShowGenlockMode();
   EnableDelays();
   ShowSliders();
+  ShowPending();
 }
 
 void CGenlockDlg::OnNextSyncMode() {
   syncMode = syncMode == 0 ? 1 : 0;
   ShowSyncMode();
+  ShowPending();
 }
 
 void CGenlockDlg::StepUp(std::uint16_t& value, std::uint16_t maximum) {
@@ -273,6 +283,8 @@ bool CGenlockDlg::OnKey(ui::Key key) {
 void CGenlockDlg::Apply() {
   const genlock::Model* model = genlock::Find(panel.identity.boxType);
   if (model != nullptr) Write(model->mode, {genlockMode});
+  toldMode = genlockMode;
+  ShowPending();
   if (!TakeEdits()) return;
   applied = delays;
   SendDelays(true);
@@ -282,9 +294,13 @@ void CGenlockDlg::SendDelays(bool final) {
   previewed = !final;
   if (const genlock::Model* model = genlock::Find(panel.identity.boxType)) {
     Write(model->delays, EncodeTakenDelays(delays, final));
-    if (model->takesSync) Write(model->sync, {syncMode});
+    if (model->takesSync) {
+      Write(model->sync, {syncMode});
+      toldSync = syncMode;
+    }
   }
   ShowDelays();
+  ShowPending();
 }
 
 void CGenlockDlg::Leave() {

@@ -61,6 +61,7 @@ class CGenlockDlg final : public Page {
   void ReadDelays(const genlock::Model& model);
   void ChooseRanges();
   void EnableDelays();
+  void ShowPending();
   void ShowGenlockMode();
   void ShowSyncMode();
   void ShowSliders();
@@ -73,8 +74,10 @@ class CGenlockDlg final : public Page {
 
   static constexpr std::uint8_t kNoCode = 255;  // not read yet
 
-  std::uint8_t genlockMode = 0;       // 0 free-run, 1 and 2 a reference by type
-  std::uint8_t syncMode = 0;          // 0 75 ohms, 1 open
+  std::uint8_t genlockMode = 0;  // 0 free-run, 1 and 2 a reference by type
+  std::uint8_t syncMode = 0;     // 0 75 ohms, 1 open
+  std::uint8_t toldMode = 0;     // what the box told, or was told
+  std::uint8_t toldSync = 0;
   std::uint8_t outputCode = kNoCode;  // output format
   std::uint8_t inputCode = kNoCode;   // reference format
   std::uint8_t hDelayAllowed = 0;     // 1 = the reference allows a horizontal delay

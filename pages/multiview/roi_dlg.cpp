@@ -68,7 +68,10 @@ void CROIDlg::Refresh(ui::SerialHandle serial) {
   if (store == nullptr) return;
   ReadInputCode(*store);
   if (store->region.kind != Address::Kind::kNone) ReadRegion(*store);
+  ShowPending();
 }
+
+void CROIDlg::ShowPending() { MarkPending({{kMode.frame, region.mode != toldMode}}); }
 
 // A failed read and a format without a row keep the frame.
 void CROIDlg::ReadInputCode(const region::Store& store) {
@@ -84,6 +87,7 @@ void CROIDlg::ReadRegion(const region::Store& store) {
   BlockBuffer bytes{};
   if (Read(store.region, bytes)) {
     region = DecodeRegion(bytes);
+    toldMode = region.mode;
     if (region.width == 0 && region.height == 0) {
       region.width = frameWidth / 2;
       region.height = frameHeight / 2;
@@ -127,6 +131,7 @@ void CROIDlg::OnNextMode() {
   region.mode = static_cast<std::uint8_t>(region.mode + 1 >= modes ? 0 : region.mode + 1);
   ShowMode();
   EnableSliders();
+  ShowPending();
 }
 
 void CROIDlg::OnSliderReleased(int slider) {
@@ -164,6 +169,8 @@ void CROIDlg::TakeSize(const RoiRow& row, std::uint16_t& size, const RoiRow& pos
 void CROIDlg::Apply() {
   const bool off = region.mode == kDisabled && panel.identity.brandCode == 2;
   WriteAs(off ? 2 : 1, off ? std::uint8_t{0} : region.mode);
+  toldMode = region.mode;
+  ShowPending();
 }
 
 void CROIDlg::WriteAs(std::uint8_t use, std::uint8_t mode) {

@@ -45,6 +45,7 @@ class CROIDlg final : public Page {
   void ReadInputCode(const region::Store& store);
   void ReadRegion(const region::Store& store);
   void ShowMode();
+  void ShowPending();
   void ShowRegion();
   void EnableSliders();
   void TakePosition(const RoiRow& row, std::uint16_t& position);
@@ -56,6 +57,7 @@ class CROIDlg final : public Page {
   std::uint16_t frameWidth = 1920;  // pixels of the input
   std::uint16_t frameHeight = 1080;
   Region region{.mode = 1};
+  std::uint8_t toldMode = 1;  // the one that the box told, or was told
 };
 
 }  // namespace panelora

@@ -38,12 +38,16 @@ void CTextLabelsDlg::Open() {
 void CTextLabelsDlg::Refresh(ui::SerialHandle serial) {
   serialHandle = serial;
   BlockBuffer bytes{};
-  if (!Read(multiview::kTextLabel, bytes)) return;
-  Window().SetText(kLabel, TextOfLabel(std::span(bytes).subspan<1, kLabelLength>()));
-  labelState = bytes[0];
-  ShowState();
-  EnableLabel();
+  if (Read(multiview::kTextLabel, bytes)) {
+    Window().SetText(kLabel, TextOfLabel(std::span(bytes).subspan<1, kLabelLength>()));
+    labelState = toldState = bytes[0];
+    ShowState();
+    EnableLabel();
+  }
+  ShowPending();
 }
+
+void CTextLabelsDlg::ShowPending() { MarkPending({{kState.frame, labelState != toldState}}); }
 
 void CTextLabelsDlg::ShowState() {
   ShowChoice(kState.value, multiview::TextLabelStates(), labelState);
@@ -66,6 +70,7 @@ void CTextLabelsDlg::OnNextState() {
   labelState = labelState == 0 ? 1 : 0;
   ShowState();
   EnableLabel();
+  ShowPending();
 }
 
 void CTextLabelsDlg::Apply() {
@@ -73,6 +78,8 @@ void CTextLabelsDlg::Apply() {
   const LabelField label = CentredLabel(Window().Text(kLabel));
   std::copy(label.begin(), label.end(), bytes.begin() + 1);
   Write(multiview::kTextLabel, bytes);
+  toldState = labelState;
+  ShowPending();
 }
 
 }  // namespace panelora

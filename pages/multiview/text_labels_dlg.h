@@ -31,8 +31,10 @@ class CTextLabelsDlg final : public Page {
   void OnNextState();
   void ShowState();
   void EnableLabel();
+  void ShowPending();
 
   std::uint8_t labelState = 0;  // 0 off, 1 on, 2 the box's default label
+  std::uint8_t toldState = 0;   // the one that the box told, or was told
 };
 
 }  // namespace panelora

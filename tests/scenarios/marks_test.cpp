@@ -73,6 +73,101 @@ TEST_F(MarksTest, ApplyIsLitForWhatItWouldSend) {
   EXPECT_EQ(Apply(), Mark::kNone);
 }
 
+// A mode of the multi-view pages: its frame, its ">>", and the read that tells it.
+struct ModeRow {
+  Identity identity;
+  PageCode code;
+  int page;
+  int frame;
+  int next;
+  const char* read;
+};
+constexpr ModeRow kModes[] = {
+    {{15, 0, 0, 0, 0}, PageCode::kDisplayMode, res::kDisplayMode, 1003, 1046, "get block 1,0,20"},
+    {{51, 0, 0, 0, 0}, PageCode::kDisplayMode, res::kDisplayMode, 1003, 1046, "get block 1,0,20"},
+    {{30, 0, 0, 0, 0}, PageCode::kGenlock, res::kGenlock, 1078, 1080, "get block 15,0,4"},
+    {{30, 0, 0, 0, 0}, PageCode::kGenlock, res::kGenlock, 1093, 1095, "get block 22,0,2"},
+    {{46, 2, 0, 0, 0}, PageCode::kRoi, res::kRoi, 1003, 1100, "get block 18,0,30"},
+    {{46, 0, 0, 0, 0}, PageCode::kTextLabels, res::kTextLabels, 1111, 1113, "get block 41,0,60"},
+};
+
+TEST_F(MarksTest, ModeOfAMultiViewPageIsPendingUntilItIsAppliedOrReadAnew) {
+  for (const ModeRow& row : kModes) {
+    SCOPED_TRACE(::testing::Message() << int{row.identity.boxType} << " " << row.read);
+    panel.reset();
+    device.FailNothing();
+    StartWith(row.identity);
+    panel->OpenPage(row.code);
+    const auto frame = [&] { return desk.MarkOf(row.page, row.frame); };
+    const auto expect = [&](Mark mark) {
+      EXPECT_EQ(frame(), mark);
+      EXPECT_EQ(Apply(), mark);
+    };
+    expect(Mark::kNone);
+    desk.Press(row.page, row.next);
+    expect(Mark::kPending);
+    Press(kApplyButton);
+    // The termination goes with the delays, which Apply sends.
+    expect(Mark::kNone);
+    desk.Press(row.page, row.next);
+    expect(Mark::kPending);
+    device.Fail(row.read);
+    panel->OpenPage(row.code);
+    expect(Mark::kPending);
+    device.FailNothing();
+    panel->OpenPage(row.code);
+    expect(Mark::kNone);
+  }
+}
+
+TEST_F(MarksTest, ChannelsArePendingEachForItself) {
+  StartWith(Identity{15, 0, 0, 0, 0});
+  panel->OpenPage(PageCode::kDisplayMode);
+  const auto pending = [&] {
+    std::vector<int> frames;
+    for (const int frame : {1003, 1004, 1005}) {
+      if (desk.MarkOf(res::kDisplayMode, frame) == Mark::kPending) frames.push_back(frame);
+    }
+    return frames;
+  };
+  EXPECT_EQ(pending(), std::vector<int>{});
+  desk.Press(res::kDisplayMode, 1049);  // the main channel
+  EXPECT_EQ(pending(), std::vector<int>{1004});
+  EXPECT_EQ(Apply(), Mark::kPending);
+  Press(kApplyButton);
+  EXPECT_EQ(pending(), std::vector<int>{});
+  EXPECT_EQ(Apply(), Mark::kNone);
+}
+
+// The labels are no part of what Apply sends from the view of the modes, and the other way round.
+TEST_F(MarksTest, LabelsArePendingInTheirView) {
+  StartWith(Identity{15, 0, 0, 0, 0}, 289);
+  panel->OpenPage(PageCode::kDisplayMode);
+  desk.Press(res::kDisplayMode, 1046);
+  Press(kPageUpButton);
+  EXPECT_EQ(Apply(), Mark::kNone);
+  desk.Press(res::kDisplayMode, 1062);
+  EXPECT_EQ(desk.MarkOf(res::kDisplayMode, 1007), Mark::kPending);
+  EXPECT_EQ(Apply(), Mark::kPending);
+  Press(kApplyButton);
+  EXPECT_EQ(desk.MarkOf(res::kDisplayMode, 1007), Mark::kNone);
+  EXPECT_EQ(Apply(), Mark::kNone);
+}
+
+// Delays are on the box at once, but as a preview.
+TEST_F(MarksTest, PreviewedDelayIsThereToBeApplied) {
+  StartWith(Identity{30, 0, 0, 0, 0});
+  box.Block(15) = {1, 10, 0, 15};
+  panel->OpenPage(PageCode::kGenlock);
+  EXPECT_EQ(Apply(), Mark::kNone);
+  desk.Press(res::kGenlock, 1107);
+  EXPECT_EQ(Apply(), Mark::kPending);
+  Press(kPictureButton);  // what is read is the preview
+  EXPECT_EQ(Apply(), Mark::kPending);
+  Press(kApplyButton);
+  EXPECT_EQ(Apply(), Mark::kNone);
+}
+
 TEST_F(MarksTest, GridThatIsInForceIsLit) {
   StartWith(Identity{14, 0, 0, 0, 0});
   box.Block(8) = {3, 0};
