@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kUpperFrame = 1099;
 constexpr int kLowerFrame = 1100;
+constexpr int kReason = 1101;
 
 constexpr int kMaxHorizontal = 600;
 constexpr int kMaxVertical = 100;
@@ -44,6 +45,8 @@ void CImageAdjustDlg::Init() {
     SetCaption(Window(), row.up, "+");
     SetCaption(Window(), row.down, "-");
   }
+  SetCaption(Window(), kReason, "");
+  Window().PlaceControl(kReason, {45, 284, 390, 20});
   Window().SetFont(kUpperFrame, ui::kCaptionFont);
   Window().SetFont(kLowerFrame, ui::kCaptionFont);
 }
@@ -94,15 +97,35 @@ void CImageAdjustDlg::ReadEnabling() {
     if (row.when != nullptr && !row.when(panel.identity, panel.firmwareVersion)) continue;
     std::uint8_t told = 0;
     const bool never = row.at.kind == Address::Kind::kNone;
-    if (never || Read(row.at, told)) Enable(row.what, !never && told == row.value);
+    if (never || Read(row.at, told)) Enable(row.what, !never && told == row.value, !never);
   }
-  if (!always) return;
-  Enable(image::Adjusts::kPosition, true);
-  Enable(image::Adjusts::kSize, true);
+  if (always) {
+    Enable(image::Adjusts::kPosition, true);
+    Enable(image::Adjusts::kSize, true);
+  }
+  ShowReason();
 }
 
-void CImageAdjustDlg::Enable(image::Adjusts what, bool enabled) {
+// Below the frames, where a place is free.
+void CImageAdjustDlg::ShowReason() {
+  std::string reason = whyNoPosition;
+  if (!reason.empty() && *whyNoSize != 0) reason += "  ";
+  reason += whyNoSize;
+  Window().SetText(kReason, reason);
+  Window().ShowControl(kReason, !reason.empty());
+}
+
+// Positions can be adjusted on the analogue input alone, sizes with the aspect ratio that leaves
+// room; a model that `ever` can has a way to come there.
+void CImageAdjustDlg::Enable(image::Adjusts what, bool enabled, bool ever) {
   const bool sizes = what == image::Adjusts::kSize;
+  if (sizes) {
+    whyNoSize = enabled ? "" : "Size needs UnderScan.";
+  } else {
+    whyNoPosition = enabled ? ""
+                    : ever  ? "Position needs the VGA input."
+                            : "Position can't be adjusted here.";
+  }
   for (const RowControls& row : {kRows[sizes ? 2 : 0], kRows[sizes ? 3 : 1]}) {
     Window().EnableControl(row.up, enabled);
     Window().EnableControl(row.down, enabled);

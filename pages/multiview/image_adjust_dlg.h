@@ -38,10 +38,13 @@ class CImageAdjustDlg final : public Page {
   void WriteSizes();
   void LayOut();
   void ReadEnabling();
-  void Enable(image::Adjusts what, bool enabled);
+  void Enable(image::Adjusts what, bool enabled, bool ever = true);
+  void ShowReason();
 
   ImagePosition position;
   ImageSize size;
+  const char* whyNoPosition = "";  // what is said of buttons that are disabled
+  const char* whyNoSize = "";
 };
 
 }  // namespace panelora

@@ -18,6 +18,8 @@ class ImageAdjust : public OnePage<kPage> {
     }
     return {desk.Enables(kPage, 1091), desk.Enables(kPage, 1095)};
   }
+  // What the page says of buttons that can't be used.
+  std::string Reason() { return desk.Shows(kPage, 1101) ? desk.Text(kPage, 1101) : ""; }
 };
 
 TEST_F(ImageAdjust, OpensOnModel26WithARestoreAndItsReads) {
@@ -86,6 +88,30 @@ TEST_F(ImageAdjust, Model26EnablesPositionsOnVgaAndSizesOnUnderScan) {
   box.Word(7) = {6, 0};
   Press(kPictureButton);
   EXPECT_EQ(Enabled(), std::make_pair(false, false));
+}
+
+TEST_F(ImageAdjust, SaysWhyButtonsCantBeUsed) {
+  Open();
+  panel->OpenPage(PageCode::kImageAdjust);
+  EXPECT_EQ(Reason(), "Position needs the VGA input.  Size needs UnderScan.");
+  box.Word(4) = {2, 0};
+  Press(kPictureButton);
+  EXPECT_EQ(Reason(), "Size needs UnderScan.");
+  box.Word(7) = {5, 0};
+  Press(kPictureButton);
+  EXPECT_EQ(Reason(), "");
+  box.Word(4) = {0, 0};
+  Press(kPictureButton);
+  EXPECT_EQ(Reason(), "Position needs the VGA input.");
+  device.Fail("get word 0,4");
+  box.Word(4) = {2, 0};
+  Press(kPictureButton);
+  EXPECT_EQ(Reason(), "Position needs the VGA input.");
+  panel.reset();
+  device.FailNothing();
+  Open({24, 0, 0, 0, 0});
+  panel->OpenPage(PageCode::kImageAdjust);
+  EXPECT_EQ(Reason().substr(0, 32), "Position can't be adjusted here.");
 }
 
 TEST_F(ImageAdjust, FailedReadLeavesTheEnabling) {
