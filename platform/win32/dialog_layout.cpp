@@ -7,6 +7,7 @@ namespace panelora::win32 {
 namespace {
 
 constexpr int kDropDownHeight = 180;
+constexpr int kAboveThumb = 3;  // and below it
 
 // The font of the dialog templates.
 constexpr ui::Font kDialogFont{"MS Shell Dlg", 80};
@@ -126,6 +127,11 @@ bool Win32Dialog::MoveToPlace(Win32Control& control, UINT flags) {
   if (EqualRect(&now, &place)) return false;
   SetWindowPos(WindowOf(control), nullptr, place.left, place.top, place.right - place.left,
                place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE | flags);
+  if (control.kind == ui::ControlKind::kSlider) {
+    // As high as it is drawn, so that it is held wherever it is seen.
+    SendMessageA(WindowOf(control), TBM_SETTHUMBLENGTH,
+                 static_cast<WPARAM>(place.bottom - place.top - 2 * Scaled(kAboveThumb)), 0);
+  }
   return true;
 }
 

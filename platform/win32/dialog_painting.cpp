@@ -181,6 +181,70 @@ RECT Win32Dialog::ReadoutOf(const Win32Control& control) const {
 bool Win32Dialog::LiesInReadout(const Win32Control& control) const {
   const RECT place = Scaled(control.rect);
   const POINT middle = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+// A track in the middle, filled up to the thumb. The trackbar says where its thumb is, and has
+// painted what is behind. When the thumb moves it paints only where that was and is, but the filled
+// part of the track changes with it: the rest of the track is drawn past what is to be painted.
+LRESULT Win32Dialog::DrawSlider(const NMCUSTOMDRAW& draw) {
+  if (draw.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  if (draw.dwDrawStage != CDDS_ITEMPREPAINT) return CDRF_DODEFAULT;
+  const HWND slider = draw.hdr.hwndFrom;
+  RECT thumb;
+  SendMessageA(slider, TBM_GETTHUMBRECT, 0, reinterpret_cast<LPARAM>(&thumb));
+  if (draw.dwItemSpec == TBCD_THUMB) {
+    DrawThumb(draw, thumb);
+  } else if (draw.dwItemSpec == TBCD_CHANNEL) {
+    DrawTrack(draw.hdc, slider, thumb);
+    if (const HDC whole = GetDC(slider)) {
+      ExcludeClipRect(whole, thumb.left, thumb.top, thumb.right, thumb.bottom);
+      DrawTrack(whole, slider, thumb);
+      ReleaseDC(slider, whole);
+    }
+  }
+  return CDRF_SKIPDEFAULT;  // there are no ticks
+}
+
+void Win32Dialog::DrawRounded(HDC context, const RECT& place, COLORREF fill, COLORREF rim,
+                              int round) {
+  SelectObject(context, toolkit.Gdi().PenFor(rim, 1));
+  SelectObject(context, toolkit.Gdi().BrushFor(fill));
+  RoundRect(context, place.left, place.top, place.right, place.bottom, round, round);
+}
+
+void Win32Dialog::DrawTrack(HDC context, HWND slider, const RECT& thumb) {
+  const KeptState kept(context);
+  const Look& look = toolkit.Colours();
+  RECT client;
+  GetClientRect(slider, &client);
+  const int middle = (thumb.top + thumb.bottom) / 2;
+  const int half = std::max(Scaled(3), 2);
+  RECT track = {client.left + Scaled(6), middle - half, client.right - Scaled(6), middle + half};
+  DrawRounded(context, track, look.readout, look.readoutRim, 2 * half);
+  track.right = (thumb.left + thumb.right) / 2;
+  const bool filled = IsWindowEnabled(slider) != FALSE && track.right - track.left > 2 * half;
+  if (filled) DrawRounded(context, track, look.accent, look.accent, 2 * half);
+}
+
+void Win32Dialog::DrawThumb(const NMCUSTOMDRAW& draw, const RECT& thumb) {
+  const KeptState kept(draw.hdc);
+  const Look& look = toolkit.Colours();
+  const HWND slider = draw.hdr.hwndFrom;
+  const bool enabled = IsWindowEnabled(slider) != FALSE;
+  const bool held = (draw.uItemState & CDIS_SELECTED) != 0;
+  const bool marked = GetFocus() == slider && toolkit.MarksFocus();
+  const COLORREF face = !enabled ? look.disabled : held ? look.pressed : look.face;
+  DrawRounded(draw.hdc, thumb, face, enabled ? look.rim : look.readoutRim, Scaled(6));
+  if (marked) {
+    RECT inside = thumb;
+    InflateRect(&inside, -Scaled(1), -Scaled(1));
+    DrawRounded(draw.hdc, inside, look.accent, look.ink, Scaled(5));
+  }
+  const int x = (thumb.left + thumb.right) / 2;
+  const int reach = static_cast<int>(thumb.bottom - thumb.top) / 4;
+  const int thick = std::max(Scaled(1) / 2, 1);
+  const RECT notch = {x - thick, thumb.top + reach, x + thick, thumb.bottom - reach};
+  FillRect(draw.hdc, &notch, toolkit.Gdi().BrushFor(enabled ? look.ink : look.disabledInk));
+}
+
   return std::any_of(controls.begin(), controls.end(), [&](const auto& each) {
     if (!each.second.IsReadout() || !each.second.shown) return false;
     const RECT readout = ReadoutOf(each.second);

@@ -217,7 +217,7 @@ INT_PTR Win32Dialog::OnNotify(const NMHDR& header) {
   if (header.code == static_cast<UINT>(NM_CUSTOMDRAW)) {
     const auto& draw = reinterpret_cast<const NMCUSTOMDRAW&>(header);
     if (draw.dwDrawStage == CDDS_PREPAINT) events.OnSliderRepainted(control);
-    return Answer(CDRF_DODEFAULT);
+    return Answer(DrawSlider(draw));
   }
   if (header.code == static_cast<UINT>(NM_RELEASEDCAPTURE)) events.OnSliderReleased(control);
   return FALSE;

@@ -129,6 +129,11 @@ class Win32Dialog final : public ui::Dialog {
   void DrawLabel(const Win32Control& control, const DRAWITEMSTRUCT& item);
   void DrawButton(const Win32Control& control, const DRAWITEMSTRUCT& item);
   void DrawFocus(const DRAWITEMSTRUCT& item);
+  RECT SeenPart(const DRAWITEMSTRUCT& item) const;
+  LRESULT DrawSlider(const NMCUSTOMDRAW& draw);
+  void DrawTrack(HDC context, HWND slider, const RECT& thumb);
+  void DrawThumb(const NMCUSTOMDRAW& draw, const RECT& thumb);
+  void DrawRounded(HDC context, const RECT& place, COLORREF fill, COLORREF rim, int round);
   bool EraseWithReadouts(HDC context);
   RECT ReadoutOf(const Win32Control& control) const;
   bool LiesInReadout(const Win32Control& control) const;
