@@ -25,6 +25,10 @@ constexpr int kClientHeight = 375;
 constexpr ui::Rect kPictureStrip = {0, 0, 600, 65};
 constexpr ui::Rect kWholeClient = {0, 0, kClientWidth, kClientHeight};
 constexpr ui::Rect kPageArea = {110, 65, 540, 335};
+// Below the last navigation button, above Refresh.
+constexpr ui::Rect kRailPlace = {0, 65, 110, 310};
+constexpr ui::Rect kMarkPlace = {0, 270, 110, 48};
+constexpr ui::Rect kDotsPlace = {0, 320, 110, 14};
 
 }  // namespace
 
@@ -69,6 +73,7 @@ bool CMainDlg::Init() {
   }
   ApplyDevicePicture();
   pageCode = PageCode::kInformation;
+  ShowPlaceOnRail();
   if (!connected) ShowDisconnectedLook();
   timerRuns = window->StartTimer(kMonitorTimer, kMonitorPeriod);
   return true;
@@ -133,6 +138,10 @@ void CMainDlg::SetFirstTexts() {
   for (const NavigationButton& button : kNavigationButtons) {
     if (button.caption != nullptr) SetCaption(*window, button.control, button.caption);
   }
+  window->SetPictures(kRail, "RAIL", "RAIL");
+  window->PlaceControl(kRail, kRailPlace);
+  window->PlaceControl(kPageMark, kMarkPlace);
+  window->PlaceControl(kSubPageDots, kDotsPlace);
   // The buttons of the other pages are shown beside it on Information alone.
   window->SetMark(kInformationButton, ui::Mark::kCurrent);
 }
@@ -221,6 +230,7 @@ void CMainDlg::ChangeConnection() {
   ApplyDevicePicture();
   pageCode = PageCode::kInformation;
   if (connected) {
+    ShowRail(true);
     OnInformation();
   } else {
     ShowDisconnectedLook();
@@ -232,6 +242,7 @@ void CMainDlg::ChangeConnection() {
 void CMainDlg::ShowDisconnectedLook() {
   information.Show(false);
   HideAllButtons();
+  ShowRail(false);
   window->SetPictures(kPictureButton, kNullBoxPicture, kNullBoxPicture);
   window->PlaceControl(kPictureButton, kWholeClient);
 }

@@ -104,6 +104,9 @@ class CMainDlg final : public ui::DialogEvents, public PageOpener, public Pendin
   void MoveButton(int control, int y);
   void ShowHomeButtons();
   void ReopenPage(PageCode code);
+  bool HasPageUp(PageCode code) const;
+  void ShowPlaceOnRail();
+  void ShowRail(bool shown);
   void PlaceButtonsOf(PageCode code);
   void ReturnToInformation();
   void ReturnFromVideoPage();

@@ -35,6 +35,7 @@ struct ButtonPlace {
 struct PageRow {
   DefaultDoes onDefault;
   RefreshDoes onRefresh;
+  const char* mark;
   std::array<ButtonPlace, 5> buttons;
 };
 
@@ -47,26 +48,31 @@ constexpr std::array<ButtonPlace, 5> kThreeButtons = {
 // By page code. That Default acts on the proc amp on pages without a default is deliberate. What
 // the model, its brand or its firmware adds or moves is code: see PlaceButtonsOf and OnVideo.
 constexpr PageRow kPages[] = {
-    /* Information   */ {kProcAmp, kRead, {}},
-    /* Video menu    */ {kProcAmp, kNothing, {{{kReturnButton}}}},
-    /* Audio         */ {kOwn, kRead, {{{kApplyButton, 65}, {kReturnButton, 105}}}},
-    /* Proc Amp      */ {kProcAmp, kReopen, {{{kDefaultButton, 65}}}},
-    /* Setting       */ {kOwn, kRead, {{{kReturnButton}}}},
+    /* Information   */ {kProcAmp, kRead, "MARK_INFORMATION", {}},
+    /* Video menu    */ {kProcAmp, kNothing, "MARK_VIDEO", {{{kReturnButton}}}},
+    /* Audio         */ {kOwn, kRead, "MARK_AUDIO", {{{kApplyButton, 65}, {kReturnButton, 105}}}},
+    /* Proc Amp      */ {kProcAmp, kReopen, "MARK_PROC_AMP", {{{kDefaultButton, 65}}}},
+    /* Setting       */ {kOwn, kRead, "MARK_SETTING", {{{kReturnButton}}}},
     /* TV Wall       */
     {kProcAmp,
      kReopen,
+     "MARK_TV_WALL",
      {{{kWall1Button}, {kWall2Button}, {kWall3Button}, {kWall4Button}, {kReturnButton, 225}}}},
     /* Display Mode  */
     {kOwn,
      kRead,
+     "MARK_DISPLAY_MODE",
      {{{kApplyButton, 65}, {kDefaultButton, 105}, {kReturnButton, 145}, {kPageUpButton, 185}}}},
     /* Video settings */
-    {kProcAmp, kRead, {{{kPageUpButton, 65}, {kApplyButton, 105}, {kReturnButton, 145}}}},
-    /* PIP           */ {kOwnThenRefresh, kRead, kThreeButtons},
-    /* Genlock       */ {kOwn, kRead, kThreeButtons},
-    /* Image Adjust  */ {kOwn, kRead, kThreeButtons},
-    /* ROI           */ {kOwn, kRead, kThreeButtons},
-    /* Text Labels   */ {kOwn, kNothing, kThreeButtons},
+    {kProcAmp,
+     kRead,
+     "MARK_VIDEO_SETTINGS",
+     {{{kPageUpButton, 65}, {kApplyButton, 105}, {kReturnButton, 145}}}},
+    /* PIP           */ {kOwnThenRefresh, kRead, "MARK_PIP", kThreeButtons},
+    /* Genlock       */ {kOwn, kRead, "MARK_GENLOCK", kThreeButtons},
+    /* Image Adjust  */ {kOwn, kRead, "MARK_IMAGE_ADJUST", kThreeButtons},
+    /* ROI           */ {kOwn, kRead, "MARK_ROI", kThreeButtons},
+    /* Text Labels   */ {kOwn, kNothing, "MARK_TEXT_LABELS", kThreeButtons},
 };
 
 const PageRow& RowOf(PageCode code) { return kPages[static_cast<std::size_t>(code)]; }
@@ -110,14 +116,14 @@ bool CMainDlg::OnKey(ui::Key key) {
       return window->PressIfShown(kPageUpButton);
     case ui::Key::kRefresh:  // the picture refreshes where there is no button for it
       return window->PressIfShown(kRefreshButton) || window->PressIfShown(kPictureButton);
+    case ui::Key::kHelp:
+      return toolkit.OpenGuide();
     default:
       return false;
   }
 }
 
 void CMainDlg::HideAllButtons() {
-    case ui::Key::kHelp:
-      return toolkit.OpenGuide();
   for (const NavigationButton& button : kNavigationButtons) ShowButton(button.control, false);
 }
 
@@ -155,6 +161,7 @@ void CMainDlg::OnInformation() {
                           &videoSettings, &displayMode, &tvWall};
   for (Page* page : hidden) page->Show(false);
   information.Show(true);
+  ShowPlaceOnRail();
 }
 
 void CMainDlg::OpenPage(PageCode code) {
@@ -172,6 +179,7 @@ void CMainDlg::ReopenPage(PageCode code) {
   if (code == PageCode::kTvWall) MarkWallButtons();
   PlaceButtonsOf(code);
   PageOf(code).Show(true);
+  ShowPlaceOnRail();
 }
 
 void CMainDlg::PlaceButtonsOf(PageCode code) {
@@ -199,6 +207,37 @@ void CMainDlg::PlaceButtonsOf(PageCode code) {
   }
 }
 
+bool CMainDlg::HasPageUp(PageCode code) const {
+  const auto& buttons = RowOf(code).buttons;
+  return (code == PageCode::kProcAmp && IsModel26()) ||
+         std::any_of(buttons.begin(), buttons.end(),
+                     [](const ButtonPlace& each) { return each.control == kPageUpButton; });
+}
+
+// The mark of the page, and a dot for each sub-page that Page Up leads to.
+void CMainDlg::ShowPlaceOnRail() {
+  constexpr int kMost = 3;
+  static constexpr const char* kDots[kMost][kMost] = {
+      {}, {"DOTS_1_OF_2", "DOTS_2_OF_2"}, {"DOTS_1_OF_3", "DOTS_2_OF_3", "DOTS_3_OF_3"}};
+  const char* mark = RowOf(pageCode).mark;
+  window->SetPictures(kPageMark, mark, mark);
+  const int subPages = HasPageUp(pageCode) ? PageOf(pageCode).SubPages() : 1;
+  window->ShowControl(kSubPageDots, subPages > 1);
+  if (subPages < 2) return;
+  const char* dots = kDots[subPages - 1][panel.cycleState];
+  window->SetPictures(kSubPageDots, dots, dots);
+}
+
+void CMainDlg::ShowRail(bool shown) {
+  window->ShowControl(kRail, shown);
+  window->ShowControl(kPageMark, shown);
+  if (shown) {
+    ShowPlaceOnRail();
+  } else {
+    window->ShowControl(kSubPageDots, false);
+  }
+}
+
 void CMainDlg::OnVideo() {
   OpenPage(PageCode::kVideoMenu);
   if (!IsModel26()) return;
@@ -220,6 +259,7 @@ void CMainDlg::OnReturn() {
     ReturnFromVideoPage();
   }
   ResetSubPages();
+  ShowPlaceOnRail();
 }
 
 void CMainDlg::ReturnToInformation() {
@@ -291,6 +331,7 @@ void CMainDlg::OnPageUp() {
   panel.cycleState = (panel.cycleState + 1) % page.SubPages();
   page.SetSubPage(panel.cycleState);
   page.Refresh(panel.serialHandle);
+  ShowPlaceOnRail();
 }
 
 void CMainDlg::ChooseWall(std::uint8_t size) {

@@ -21,6 +21,9 @@ constexpr int kDefaultButton = 1012;
 constexpr int kSerialPicture = 1013;
 constexpr int kPageUpButton = 1014;
 constexpr int kRefreshButton = 1015;
+constexpr int kPageMark = 1016;     // on the rail: which page is shown
+constexpr int kSubPageDots = 1017;  // and which of its sub-pages
+constexpr int kRail = 1018;         // behind the navigation buttons
 constexpr int kPortList = 1048;
 
 constexpr int kButtonWidth = 110;

@@ -19,6 +19,7 @@ using ui::DialogTemplate;
 #define BUTTON(id, text, x, y, w, h) {ControlKind::kButton, id, text, {x, y, w, h}},
 #define DEFAULT_BUTTON(id, text, x, y, w, h) {ControlKind::kDefaultButton, id, text, {x, y, w, h}},
 #define PICTURE_BUTTON(id, text, x, y, w, h) {ControlKind::kPictureButton, id, text, {x, y, w, h}},
+#define PICTURE(id, x, y, w, h) {ControlKind::kPicture, id, "", {x, y, w, h}},
 #define EDIT(id, x, y, w, h) {ControlKind::kEdit, id, "", {x, y, w, h}},
 #define SLIDER(id, x, y, w, h) {ControlKind::kSlider, id, "", {x, y, w, h}},
 #define PROGRESS(id, x, y, w, h) {ControlKind::kProgress, id, "", {x, y, w, h}},
@@ -35,6 +36,7 @@ using ui::DialogTemplate;
 #undef BUTTON
 #undef DEFAULT_BUTTON
 #undef PICTURE_BUTTON
+#undef PICTURE
 #undef EDIT
 #undef SLIDER
 #undef PROGRESS
@@ -50,6 +52,7 @@ using ui::DialogTemplate;
 #define BUTTON(...)
 #define DEFAULT_BUTTON(...)
 #define PICTURE_BUTTON(...)
+#define PICTURE(...)
 #define EDIT(...)
 #define SLIDER(...)
 #define PROGRESS(...)

@@ -117,7 +117,8 @@ class Dialog {
   // The same for the first such control in the order of Tab.
   virtual bool FocusFirst() = 0;
 
-  // Picture buttons: bitmaps by resource name, released and pressed, stretched to the button.
+  // Pictures and picture buttons: bitmaps by resource name, released and pressed, stretched to
+  // their place.
   virtual void SetPictures(int control, std::string_view up, std::string_view down) = 0;
 
   // Edits: the greatest number of characters that can be typed.

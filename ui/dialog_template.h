@@ -13,6 +13,7 @@ enum class ControlKind {
   kButton,
   kDefaultButton,
   kPictureButton,
+  kPicture,  // only to be looked at
   kEdit,
   kSlider,
   kProgress,

@@ -83,22 +83,33 @@ void Win32Dialog::DrawPicture(const Win32Control& control, const DRAWITEMSTRUCT&
     // In the colours of a button that is held, which is drawn over it.
     toolkit.Gdi().Draw(item.hDC, place, control.downPicture, dpi,
                        control.mark == ui::Mark::kPending ? 200 : 150);
-    const RECT bar = {Scaled(2), Scaled(10), Scaled(6), item.rcItem.bottom - Scaled(10)};
+    const RECT bar = {Scaled(2), Scaled(10), Scaled(6), SeenPart(item).bottom - Scaled(10)};
     FillRect(item.hDC, &bar, toolkit.Gdi().BrushFor(toolkit.Colours().ink));
   }
   if (item.hwndItem == toolkit.Hot() && !pressed) {
-    RECT inside = item.rcItem;
+    RECT inside = SeenPart(item);
     InflateRect(&inside, -Scaled(2), -Scaled(2));
     toolkit.Gdi().Wash(item.hDC, inside, RGB(0xFF, 0xFF, 0xFF), 28, Scaled(9));
   }
   DrawFocus(item);
 }
 
+// A button at the lower edge may reach below the window.
+RECT Win32Dialog::SeenPart(const DRAWITEMSTRUCT& item) const {
+  RECT client;
+  GetClientRect(window, &client);
+  MapWindowPoints(window, item.hwndItem, reinterpret_cast<POINT*>(&client), 2);
+  RECT seen;
+  IntersectRect(&seen, &item.rcItem, &client);
+  return seen;
+}
+
 // Fits into the rounded button: a light line in a dark one, to be seen on every picture.
 void Win32Dialog::DrawFocus(const DRAWITEMSTRUCT& item) {
   if ((item.itemState & ODS_FOCUS) == 0 || !toolkit.MarksFocus()) return;
+  const RECT seen = SeenPart(item);
   const auto ring = [&](int inset, COLORREF colour) {
-    RECT mark = item.rcItem;
+    RECT mark = seen;
     InflateRect(&mark, -inset, -inset);
     SelectObject(item.hDC, toolkit.Gdi().PenFor(colour, Scaled(1)));
     SelectObject(item.hDC, GetStockObject(NULL_BRUSH));
@@ -170,17 +181,6 @@ void Win32Dialog::DrawButton(const Win32Control& control, const DRAWITEMSTRUCT& 
   DrawFocus(item);
 }
 
-// The frame of a value stands where the group box would draw its lines.
-RECT Win32Dialog::ReadoutOf(const Win32Control& control) const {
-  constexpr int kAbove = 8;
-  constexpr int kBelow = 1;
-  const ui::Rect& place = control.rect;
-  return Scaled({place.x, place.y + kAbove, place.width, place.height - kAbove - kBelow});
-}
-
-bool Win32Dialog::LiesInReadout(const Win32Control& control) const {
-  const RECT place = Scaled(control.rect);
-  const POINT middle = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
 // A track in the middle, filled up to the thumb. The trackbar says where its thumb is, and has
 // painted what is behind. When the thumb moves it paints only where that was and is, but the filled
 // part of the track changes with it: the rest of the track is drawn past what is to be painted.
@@ -245,6 +245,17 @@ void Win32Dialog::DrawThumb(const NMCUSTOMDRAW& draw, const RECT& thumb) {
   FillRect(draw.hdc, &notch, toolkit.Gdi().BrushFor(enabled ? look.ink : look.disabledInk));
 }
 
+// The frame of a value stands where the group box would draw its lines.
+RECT Win32Dialog::ReadoutOf(const Win32Control& control) const {
+  constexpr int kAbove = 8;
+  constexpr int kBelow = 1;
+  const ui::Rect& place = control.rect;
+  return Scaled({place.x, place.y + kAbove, place.width, place.height - kAbove - kBelow});
+}
+
+bool Win32Dialog::LiesInReadout(const Win32Control& control) const {
+  const RECT place = Scaled(control.rect);
+  const POINT middle = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
   return std::any_of(controls.begin(), controls.end(), [&](const auto& each) {
     if (!each.second.IsReadout() || !each.second.shown) return false;
     const RECT readout = ReadoutOf(each.second);

@@ -186,12 +186,12 @@ class Win32Toolkit final : public ui::Toolkit {
   void DebugOutput(std::string_view text) override;
   ui::SerialHandle OpenSerial(const std::string& name) override;
   void CloseSerial(ui::SerialHandle port) override;
+  bool OpenGuide() override;
   int Random() override;
 
   // Runs the message loop until the dialog is closed.
   void RunUntilClosed(const ui::Dialog& dialog);
   // Handles every message that waits; returns at once when there is none.
-  bool OpenGuide() override;
   void HandleWaiting();
   // Offers a message to the pages, then to the dialogs' keyboard handling, then to its window.
   void Handle(MSG& message);
@@ -217,12 +217,12 @@ class Win32Toolkit final : public ui::Toolkit {
   std::function<void()> onIdle;
   std::function<void(std::string_view)> onDebugOutput;
   std::function<int()> onRandom;
+  std::function<bool()> onGuide;
   int timersLeftRunning = 0;  // that no dialog stopped before it went
 
  private:
   friend class Win32Dialog;
 
-  std::function<bool()> onGuide;
   // Counts the handlers that run inside each other: the outermost one looks after the focus.
   class Handling {
    public:

@@ -40,6 +40,7 @@ Controls Usable() {
     for (const ui::ControlTemplate& control : dialog.controls) {
       switch (control.kind) {
         case ui::ControlKind::kLabel:
+        case ui::ControlKind::kPicture:
         case ui::ControlKind::kGroup:
         case ui::ControlKind::kProgress:
         case ui::ControlKind::kIcon:

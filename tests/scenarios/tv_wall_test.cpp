@@ -312,10 +312,10 @@ TEST_F(TvWall, EveryBoxOfAWallHasAPlaceInIt) {
   for (const std::uint8_t type :
        Tried(Bytes{14, 17, 18, 20, 30, 32, 33, 35, 36, 37, 38, 39, 40, 43, 46, 47, 48, 49})) {
     panel.reset();
-    StartWith({static_cast<std::uint8_t>(type), 0, 0, 0, 0}, 0x0102);
+    StartWith({type, 0, 0, 0, 0}, 0x0102);
     panel->OpenPage(PageCode::kTvWall);
-    EXPECT_EQ(Shown(), Grid(2)) << type;
-    EXPECT_EQ(panel->Panel().tilePosition, 0U) << type;
+    EXPECT_EQ(Shown(), Grid(2)) << int{type};
+    EXPECT_EQ(panel->Panel().tilePosition, 0U) << int{type};
   }
 }
 

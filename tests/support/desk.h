@@ -84,7 +84,6 @@ class Desk {
   std::unique_ptr<Inside> inside;
 };
 
-}  // namespace panelora::testing
 // In memory every row that a scenario is given; on real windows, where a panel takes 0.2 s to make,
 // each fourth: what differs by row is the same code there.
 int TriedStep();
@@ -98,3 +97,4 @@ auto Tried(const Rows& rows) {
   return tried;
 }
 
+}  // namespace panelora::testing

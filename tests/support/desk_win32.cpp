@@ -349,6 +349,6 @@ void Desk::DrawNext(std::vector<int> numbers) {
   inside->randomNumbers.insert(inside->randomNumbers.end(), numbers.begin(), numbers.end());
 }
 
-}  // namespace panelora::testing
 int TriedStep() { return 4; }
 
+}  // namespace panelora::testing

@@ -401,6 +401,7 @@ Look PanelProcess::CurrentLook() const {
     if (IsDialog(child) && IsShown(child)) look.pages.push_back(NumberOf(child));
   }
   look.controls = ShownControls(res::kMain);
+  for (const int onlyLookedAt : {kPageMark, kSubPageDots, kRail}) look.controls.erase(onlyLookedAt);
   return look;
 }
 

@@ -63,7 +63,7 @@ TEST_F(Settling, PageBeforeStaysUntilTheBoxHasAnswered) {
   EXPECT_EQ(EventsOf(kProcAmpButton),
             (Calls{"get proc amp", "get block 14,0,3", "hide 103", "hide 1001", "hide 1002",
                    "hide 1003", "hide 1004", "hide 1005", "hide 1015", "show 1006", "show 1012",
-                   "show 1014", "show 106"}));
+                   "show 1014", "show 1017", "show 106"}));
 }
 
 // The page is read again, and nothing else is seen of it.
