@@ -41,9 +41,12 @@ class CMainDlg final : public ui::DialogEvents, public PageOpener, public Pendin
   // Opens the device, identifies the box, builds the window and its pages and starts the monitor.
   // The window is hidden until Show. False when the system can't make one of the windows.
   bool Init();
-  // With the keyboard on Information, which is what is shown.
   void Show() {
     window->Show(true);
+    TakeKeyboard();
+  }
+  // Puts the keyboard on Information, which is what is shown first, however the window was shown.
+  void TakeKeyboard() {
     if (connected) window->Focus(kInformationButton);
   }
   bool IsOpen() const { return window != nullptr && window->IsOpen(); }

@@ -21,6 +21,7 @@ int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR, int show) {
     return 1;
   }
   ShowWindow(static_cast<win32::Win32Dialog&>(mainWindow.Window()).Handle(), show);
+  mainWindow.TakeKeyboard();
   toolkit.RunUntilClosed(mainWindow.Window());
   return 0;
 }

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <set>
 
+#include "tests/support/information_controls.h"
 #include "tests/support/video_menu_controls.h"
 #include "tests/windows/end_to_end/program_test.h"
 
@@ -139,6 +140,51 @@ TEST_F(KeyboardTest, EnterAndEscapeDoNotCloseTheDisconnectedWindow) {
   panel.PostKey(focus, VK_RETURN);
   Settle(panel);
   EXPECT_EQ(panel.CurrentLook(), DisconnectedLook());
+}
+
+// The keys of the display alone, as somebody without a mouse works: the output format is changed
+// and applied, the picture reset, the firmware read, the audio muted, and the program left.
+TEST_F(KeyboardTest, WholeVisitNeedsNoMouse) {
+  PanelProcess& panel = Start();
+  AwaitFocus(panel);
+  const auto focus = [&] { return GetDlgCtrlID(panel.Focus()); };
+  ASSERT_EQ(focus(), kInformationButton);
+  panel.TakeCalls();
+
+  panel.TypeKeys({"Tab", "Return", "Return"});  // Video, Video Setting
+  EXPECT_EQ(panel.CurrentLook().pages, std::vector<int>{res::kVideoSettings});
+  EXPECT_EQ(panel.Text(res::kVideoSettings, 1028), "1920x1080 60.00p");
+  panel.TypeKeys({"Tab", "Tab", "Tab", "Tab", "space"});  // past "<<"
+  EXPECT_EQ(panel.Text(res::kVideoSettings, 1028), "1920x1080 59.94p");
+  panel.TakeCalls();
+  panel.TypeKeys({"ctrl+Return"});
+  EXPECT_EQ(panel.TakeCalls(), (Calls{"set word 0,4 = 1", "set word 0,2 = 16", "set word 0,7 = 1",
+                                      "set word 0,12 = 2"}));
+  panel.TypeKeys({"alt+Left", "alt+Left"});
+  EXPECT_EQ(panel.CurrentLook(), HomeLook());
+  EXPECT_EQ(focus(), kVideoButton);
+
+  panel.TypeKeys({"Tab", "Tab", "Return"});
+  EXPECT_EQ(panel.CurrentLook().pages, std::vector<int>{res::kProcAmp});
+  panel.TypeKeys({"Right", "Right", "Right"});  // on the first slider
+  EXPECT_EQ(panel.Text(res::kProcAmp, 1036), "131");
+  panel.TypeKeys({"shift+Tab", "shift+Tab", "shift+Tab"});
+  ASSERT_EQ(focus(), kDefaultButton);
+  panel.TypeKeys({"Return"});
+  EXPECT_EQ(panel.Text(res::kProcAmp, 1036), "128");
+  panel.TypeKeys({"BackSpace", "F5"});
+  EXPECT_EQ(panel.Text(res::kInformation, kFirmwareValue), "0.1.2.6");
+
+  ASSERT_EQ(focus(), kProcAmpButton);
+  panel.TypeKeys({"shift+Tab", "Return", "space"});
+  EXPECT_EQ(panel.CurrentLook().pages, std::vector<int>{res::kAudio});
+  EXPECT_EQ(panel.Text(res::kAudio, 1025), "ON");
+  panel.TakeCalls();
+  panel.TypeKeys({"ctrl+Return"});
+  EXPECT_EQ(panel.TakeCalls(),
+            (Calls{"set word 0,6 = 1", "set word 0,11 = 1", "set word 0,16 = 0"}));
+  panel.Post(panel.Main(), WM_SYSKEYDOWN, VK_F4, 0x20000001);  // no window manager sees Alt+F4 here
+  EXPECT_EQ(panel.WaitForEnd(), 0U);
 }
 
 TEST_F(KeyboardTest, SystemMenuCloseEndsTheProgram) {

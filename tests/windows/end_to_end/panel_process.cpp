@@ -1,5 +1,6 @@
 #include "tests/windows/end_to_end/panel_process.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
@@ -331,8 +332,13 @@ void PanelProcess::Click(HWND window) {
 
 void PanelProcess::TypeKeys(const std::vector<std::string>& keys) {
   std::string commands = "key --delay 0";
-  for (const std::string& key : keys) commands += " " + key;
-  UseDisplay(commands, static_cast<long>(keys.size()));
+  long releases = 0;
+  for (const std::string& key : keys) {
+    commands += " " + key;
+    releases +=
+        1 + static_cast<long>(std::count(key.begin(), key.end(), '+'));  // and each modifier
+  }
+  UseDisplay(commands, releases);
 }
 
 void PanelProcess::Tick() { Send(main, WM_TIMER, kMonitorTimer); }
