@@ -126,6 +126,7 @@ void Win32Toolkit::Settle() {
     for (std::size_t i = 0; i < dialogs.size(); ++i) dialogs[i]->Settle();
   }
   --depth;
+  if (hot != nullptr && !IsWindowVisible(hot)) hot = nullptr;  // it went from under the mouse
 }
 
 // Messages that wait behind the one that closes the dialog are left to the loop above.
