@@ -55,13 +55,16 @@ void Win32Dialog::DrawControl(const DRAWITEMSTRUCT& item) {
 // line, but such a window is lent its parent's device context, which is not.
 void Win32Dialog::DrawLabel(const Win32Control& control, const DRAWITEMSTRUCT& item) {
   RECT place = control.limited ? control.visible : item.rcItem;
-  FillRect(item.hDC, &place,
-           LiesInReadout(control) ? toolkit.Gdi().BrushFor(toolkit.Colours().readout)
-                                  : GetSysColorBrush(COLOR_3DFACE));
+  const bool isValue = LiesInReadout(control);
+  FillRect(
+      item.hDC, &place,
+      isValue ? toolkit.Gdi().BrushFor(toolkit.Colours().readout) : GetSysColorBrush(COLOR_3DFACE));
   SelectObject(item.hDC, reinterpret_cast<HGDIOBJ>(SendMessageA(item.hwndItem, WM_GETFONT, 0, 0)));
   SetBkMode(item.hDC, TRANSPARENT);
   const bool disabled = (item.itemState & ODS_DISABLED) != 0;
-  SetTextColor(item.hDC, GetSysColor(disabled ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT));
+  SetTextColor(item.hDC, GetSysColor(disabled  ? COLOR_GRAYTEXT
+                                     : isValue ? COLOR_WINDOWTEXT
+                                               : COLOR_BTNTEXT));
   const std::string& text = control.text;
   DrawTextA(item.hDC, text.c_str(), static_cast<int>(std::min(text.find('\n'), text.size())),
             &place, DT_LEFT | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_EXPANDTABS);

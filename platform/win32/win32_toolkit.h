@@ -205,7 +205,7 @@ class Win32Toolkit final : public ui::Toolkit {
   Win32Dialog* DialogOf(HWND window) const;
 
   const Look& Colours() const { return look; }
-  void TakeSystemColours() { look = LookOf(IsHighContrast()); }
+  void TakeSystemColours(bool highContrast = IsHighContrast()) { look = LookOf(highContrast); }
   // The button under the mouse; null = none.
   HWND Hot() const { return hot; }
 
