@@ -1,13 +1,19 @@
 // Works a running Panelora.exe from outside with plain window messages: presses its buttons, reads
 // its texts, pulls the plug of the simulated box. For the tour, and for whoever tries
 // something.
+//
+// With `follow` it takes its commands from the standard input, a line of them at a time, and
+// answers each line with what they print and then a line of its own: "." or "! " and what went
+// wrong.
 #include <windows.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <iostream>
 #include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -19,12 +25,13 @@ namespace {
 using panelora::simulator::BenchPort;
 
 constexpr char kTitleStart[] = "Corvane RXC-9 Center";
-constexpr char kAboutTitle[] = "About Panelora";
 constexpr char kPageClass[] = "#32770";
 constexpr int kFirstPage = 103;  // template numbers, which the pages carry as their window ids
 constexpr int kLastPage = 115;
 constexpr int kMonitorTimer = 1;
 constexpr int kAboutCommand = 16;
+constexpr int kMostTicks =
+    10;  // that an operator's press can keep the monitor from looking, and some
 
 constexpr ULONGLONG kPatience = 60000;  // ms, for a window to come or go
 constexpr UINT kAnswerTime = 30000;     // ms, for one message
@@ -35,16 +42,25 @@ constexpr char kHelp[] =
     "  wait            until the main window is there and shown\n"
     "  click ID        press a control of the main window\n"
     "  page-click ID   press a control of the page that is shown\n"
+    "  hold ID         press a control of the main window and keep it pressed\n"
+    "  let-go ID       end that\n"
+    "  middle ID       print where the middle of a control of the main window is on the screen\n"
+    "  tab             the Tab key, to what has the focus\n"
     "  text ID         print the text of a control of the main window\n"
     "  page-text ID    print the text of a control of the page that is shown\n"
     "  pages           print the template numbers of the pages that are shown\n"
+    "  expect NUMBER   fail unless the page of that template is shown, and no other\n"
     "  rect            print the main window's x y width height on the screen\n"
     "  tick            one tick of the connection monitor\n"
     "  unplug, plug    take the simulated box away, bring it back\n"
     "  box TYPE        make it a box of another type\n"
+    "  lose            unplug it, and tick until the program shows that\n"
+    "  find TYPE       plug a box of that type in, and tick until the program shows a page\n"
     "  about           open the About dialog and wait for it\n"
-    "  about-close     close it\n"
-    "  close           close the program and wait for its end\n";
+    "  dialog          wait for a dialog over the main window\n"
+    "  dialog-close    close it\n"
+    "  close           close the program and wait for its end\n"
+    "  follow          take lines of commands from the standard input\n";
 
 struct Failure : std::runtime_error {
   using std::runtime_error::runtime_error;
@@ -90,6 +106,7 @@ struct Search {
   std::string titleStart;
   bool shown;
   HWND found;
+  HWND owner = nullptr;  // null = any
 };
 
 BOOL CALLBACK Look(HWND window, LPARAM parameter) {
@@ -99,6 +116,7 @@ BOOL CALLBACK Look(HWND window, LPARAM parameter) {
   if (search.process != 0 && process != search.process) return TRUE;
   if (!TitleOf(window).starts_with(search.titleStart)) return TRUE;
   if (search.shown && !IsWindowVisible(window)) return TRUE;
+  if (search.owner != nullptr && GetWindow(window, GW_OWNER) != search.owner) return TRUE;
   search.found = window;
   return FALSE;
 }
@@ -142,8 +160,9 @@ DWORD ProcessOf(HWND window) {
   return process;
 }
 
-HWND FindAbout(HWND mainWindow) {
-  Search search{ProcessOf(mainWindow), kAboutTitle, true, nullptr};
+// An open dialog over the main window; null = none.
+HWND FindDialog(HWND mainWindow) {
+  Search search{ProcessOf(mainWindow), "", true, nullptr, mainWindow};
   EnumWindows(Look, reinterpret_cast<LPARAM>(&search));
   return search.found;
 }
@@ -172,11 +191,15 @@ HWND ControlOf(HWND dialog, int id) {
   return control;
 }
 
-void Click(HWND mainWindow, HWND dialog, int id) {
+HWND UsableControlOf(HWND dialog, int id) {
   const HWND control = ControlOf(dialog, id);
   if (!IsWindowVisible(control)) throw Failure("control " + std::to_string(id) + " is not shown");
   if (!IsWindowEnabled(control)) throw Failure("control " + std::to_string(id) + " is disabled");
-  Send(control, BM_CLICK);
+  return control;
+}
+
+void Click(HWND mainWindow, HWND dialog, int id) {
+  Send(UsableControlOf(dialog, id), BM_CLICK);
   Settle(mainWindow);
 }
 
@@ -207,6 +230,34 @@ void ClickPage(int id) {
   Click(window, ShownPage(window), id);
 }
 
+void Hold(int id) {
+  const HWND window = MainWindow();
+  Send(UsableControlOf(window, id), BM_SETSTATE, TRUE);
+  Settle(window);
+}
+
+void LetGo(int id) {
+  const HWND window = MainWindow();
+  Send(ControlOf(window, id), BM_SETSTATE, FALSE);
+  Settle(window);
+}
+
+void PrintMiddle(int id) {
+  RECT place;
+  GetWindowRect(UsableControlOf(MainWindow(), id), &place);
+  std::printf("%ld %ld\n", (place.left + place.right) / 2, (place.top + place.bottom) / 2);
+}
+
+// Posted, since only a key from the queue is a key to the program.
+void PostTab(int) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(MainWindow(), nullptr), &info);
+  if (info.hwndFocus == nullptr) throw Failure("nothing has the focus");
+  PostMessageA(info.hwndFocus, WM_KEYDOWN, VK_TAB, 1);
+  PostMessageA(info.hwndFocus, WM_KEYUP, VK_TAB, static_cast<LPARAM>(0xC0000001));
+}
+
 void PrintMainText(int id) { PrintText(ControlOf(MainWindow(), id)); }
 
 void PrintPageText(int id) { PrintText(ControlOf(ShownPage(MainWindow()), id)); }
@@ -218,6 +269,14 @@ void PrintPages(int) {
     separator = " ";
   }
   std::printf("\n");
+}
+
+void Expect(int page) {
+  const std::vector<HWND> pages = ShownPages(MainWindow());
+  if (pages.size() == 1 && GetDlgCtrlID(pages.front()) == page) return;
+  std::string words = "shown is ";
+  for (const HWND shown : pages) words += "page " + std::to_string(GetDlgCtrlID(shown)) + " ";
+  throw Failure(words + (pages.empty() ? "no page" : "and not that page alone"));
 }
 
 void PrintRect(int) {
@@ -266,23 +325,47 @@ void MakeBox(int boxType) {
   });
 }
 
-void OpenAbout(int) {
-  const HWND window = MainWindow();
-  PostMessageA(window, WM_SYSCOMMAND, kAboutCommand, 0);
-  HWND about = nullptr;
-  if (!Until([&] { return (about = FindAbout(window)) != nullptr; })) {
-    throw Failure("the About dialog did not open");
+// Until the condition holds; what an operator pressed may have silenced some ticks.
+void TickUntil(const char* what, const std::function<bool()>& condition) {
+  for (int tick = 0; tick < kMostTicks; ++tick) {
+    Tick(0);
+    if (condition()) return;
   }
-  Settle(about);
+  throw Failure(what);
+}
+
+void Lose(int) {
+  Unplug(0);
+  TickUntil("the program goes on showing a page", [] { return ShownPages(MainWindow()).empty(); });
+}
+
+void Find(int boxType) {
+  MakeBox(boxType);
+  Plug(0);
+  TickUntil("the program shows no page", [] { return !ShownPages(MainWindow()).empty(); });
+}
+
+void AwaitDialog(int) {
+  const HWND window = MainWindow();
+  HWND dialog = nullptr;
+  if (!Until([&] { return (dialog = FindDialog(window)) != nullptr; })) {
+    throw Failure("no dialog opened");
+  }
+  Settle(dialog);
   Settle(window);
 }
 
-void CloseAbout(int) {
+void OpenAbout(int) {
+  PostMessageA(MainWindow(), WM_SYSCOMMAND, kAboutCommand, 0);
+  AwaitDialog(0);
+}
+
+void CloseDialog(int) {
   const HWND window = MainWindow();
-  const HWND about = FindAbout(window);
-  if (about == nullptr) throw Failure("the About dialog is not open");
-  PostMessageA(about, WM_CLOSE, 0, 0);
-  if (!Until([&] { return !IsWindow(about); })) throw Failure("the About dialog did not close");
+  const HWND dialog = FindDialog(window);
+  if (dialog == nullptr) throw Failure("no dialog is open");
+  PostMessageA(dialog, WM_CLOSE, 0, 0);
+  if (!Until([&] { return !IsWindow(dialog); })) throw Failure("the dialog did not close");
   Settle(window);
 }
 
@@ -307,16 +390,24 @@ constexpr Command kCommands[] = {
     {"wait", false, Wait},
     {"click", true, ClickMain},
     {"page-click", true, ClickPage},
+    {"hold", true, Hold},
+    {"let-go", true, LetGo},
+    {"middle", true, PrintMiddle},
+    {"tab", false, PostTab},
     {"text", true, PrintMainText},
     {"page-text", true, PrintPageText},
     {"pages", false, PrintPages},
+    {"expect", true, Expect},
     {"rect", false, PrintRect},
     {"tick", false, Tick},
     {"unplug", false, Unplug},
     {"plug", false, Plug},
     {"box", true, MakeBox},
+    {"lose", false, Lose},
+    {"find", true, Find},
     {"about", false, OpenAbout},
-    {"about-close", false, CloseAbout},
+    {"dialog", false, AwaitDialog},
+    {"dialog-close", false, CloseDialog},
     {"close", false, Close},
 };
 
@@ -336,30 +427,56 @@ int NumberOf(const std::string& text) {
   return static_cast<int>(number);
 }
 
+// Runs the commands until one fails; then says which, and why.
+void Run(const std::vector<std::string>& words) {
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    std::string said = words[i];
+    try {
+      const Command& command = FindCommand(words[i]);
+      int number = 0;
+      if (command.takesNumber) {
+        if (++i == words.size()) throw Failure("its number is missing");
+        said += " " + words[i];
+        number = NumberOf(words[i]);
+      }
+      command.run(number);
+    } catch (const Failure& failure) {
+      throw Failure(said + ": " + failure.what());
+    }
+  }
+}
+
+void Follow() {
+  for (std::string line; std::getline(std::cin, line);) {
+    std::istringstream text(line);
+    try {
+      Run({std::istream_iterator<std::string>(text), std::istream_iterator<std::string>()});
+      std::puts(".");
+    } catch (const Failure& failure) {
+      std::printf("! %s\n", failure.what());
+    }
+    std::fflush(stdout);
+  }
+}
+
 }  // namespace
 
 int main(int count, char** arguments) {
   SetProcessDPIAware();  // rectangles in real pixels
-  if (count < 2) {
+  const std::vector<std::string> words(arguments + 1, arguments + count);
+  if (words.empty()) {
     std::fputs(kHelp, stderr);
     return 1;
   }
-  for (int i = 1; i < count; ++i) {
-    std::string words = arguments[i];
-    try {
-      const Command& command = FindCommand(words);
-      int number = 0;
-      if (command.takesNumber) {
-        if (++i == count) throw Failure("its number is missing");
-        words += std::string(" ") + arguments[i];
-        number = NumberOf(arguments[i]);
-      }
-      command.run(number);
-      std::fflush(stdout);
-    } catch (const Failure& failure) {
-      std::fprintf(stderr, "PanelRemote: %s: %s\n", words.c_str(), failure.what());
-      return 1;
-    }
+  if (words.front() == "follow") {
+    Follow();
+    return 0;
+  }
+  try {
+    Run(words);
+  } catch (const Failure& failure) {
+    std::fprintf(stderr, "PanelRemote: %s\n", failure.what());
+    return 1;
   }
   return 0;
 }
