@@ -123,11 +123,36 @@ HBITMAP GdiCache::BitmapFor(const std::string& name, bool fine) {
   if (found != bitmaps.end()) return found->second;
   HBITMAP bitmap = nullptr;
   if (fine) bitmap = LoadFine(name);
-  if (!fine) {
-    bitmap = static_cast<HBITMAP>(
-        LoadImageA(instance, name.c_str(), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION));
-  }
+  if (!fine) bitmap = LoadPlain(name);
   bitmaps[key] = bitmap;
+  return bitmap;
+}
+
+// Some are packed, with a palette: the system unpacks them into a bitmap of true colours, which can
+// be drawn in every way.
+HBITMAP GdiCache::LoadPlain(const std::string& name) {
+  const HRSRC resource = FindResourceA(instance, name.c_str(), RT_BITMAP);
+  if (resource == nullptr) return nullptr;
+  const HGLOBAL loaded = LoadResource(instance, resource);
+  const auto* kept = static_cast<const BITMAPINFO*>(LockResource(loaded));
+  const BITMAPINFOHEADER& head = kept->bmiHeader;
+  DWORD colours = head.biClrUsed;
+  if (colours == 0 && head.biBitCount <= 8) colours = 1U << head.biBitCount;
+  const BYTE* pixels =
+      reinterpret_cast<const BYTE*>(kept) + head.biSize + colours * sizeof(RGBQUAD);
+
+  BITMAPINFO plain{};
+  plain.bmiHeader.biSize = sizeof plain.bmiHeader;
+  plain.bmiHeader.biWidth = head.biWidth;
+  plain.bmiHeader.biHeight = head.biHeight;
+  plain.bmiHeader.biPlanes = 1;
+  plain.bmiHeader.biBitCount = 24;
+  void* bits = nullptr;
+  const HBITMAP bitmap = CreateDIBSection(nullptr, &plain, DIB_RGB_COLORS, &bits, nullptr, 0);
+  if (bitmap == nullptr) return nullptr;
+  const HDC context = CreateCompatibleDC(nullptr);
+  SetDIBits(context, bitmap, 0, static_cast<UINT>(head.biHeight), pixels, kept, DIB_RGB_COLORS);
+  DeleteDC(context);
   return bitmap;
 }
 

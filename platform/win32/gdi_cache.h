@@ -50,6 +50,7 @@ class GdiCache {
   // A device context with the font, for measuring texts.
   HDC MeasureWith(HFONT font);
   HBITMAP BitmapFor(const std::string& name, bool fine);
+  HBITMAP LoadPlain(const std::string& name);
   HBITMAP LoadFine(const std::string& name);
   void StartGdiplus();
 

@@ -114,6 +114,7 @@ const Import kImports[] = {
     Counting<MakesBrush>("CreateSolidBrush", &CreateSolidBrush),
     Counting<MakesPen>("CreatePen", &CreatePen),
     Counting<MakesBitmap>("CreateCompatibleBitmap", &CreateCompatibleBitmap),
+    Counting<MakesBitmap>("CreateDIBSection", &CreateDIBSection),
     Counting<MakesRegion>("CreateRectRgn", &CreateRectRgn),
     Counting<MakesRegion>("CreateRoundRectRgn", &CreateRoundRectRgn),
     Counting<MakesRegion>("CreateRectRgnIndirect", &CreateRectRgnIndirect),
