@@ -54,15 +54,33 @@ add_custom_command(
   VERBATIM)
 add_custom_target(panelora_art DEPENDS ${PANELORA_ART_DIR}/art.rc)
 
-# The program's resources, for the program and for the tests that open its windows themselves.
+# Those that a build can show follow from the box types that it admits.
+set(PANELORA_SHOWN_ART_DIR ${PROJECT_BINARY_DIR}/shown_art)
+add_custom_command(
+  OUTPUT ${PANELORA_SHOWN_ART_DIR}/art.rc
+  COMMAND ${PROJECT_SOURCE_DIR}/tools/admitted_art ${PANELORA_ART_DIR}/art.rc
+          ${PANELORA_SHOWN_ART_DIR}/art.rc ${PANELORA_ADMITTED_BOX_TYPES}
+  DEPENDS ${PROJECT_SOURCE_DIR}/tools/admitted_art ${PANELORA_ART_DIR}/art.rc
+          ${PROJECT_SOURCE_DIR}/app/device_picture.cpp ${PROJECT_SOURCE_DIR}/catalogue/wall.cpp
+  COMMENT "Choosing the pictures that the admitted boxes show"
+  VERBATIM)
+add_custom_target(panelora_shown_art DEPENDS ${PANELORA_SHOWN_ART_DIR}/art.rc)
+add_dependencies(panelora_shown_art panelora_art)
+
+# The program's resources. Tests that open its windows themselves, or admit every box, have all pictures;
+# the program has those of its boxes: which art.rc is read is the first of the folders that are named.
 add_library(panelora_resources OBJECT res/panelora.rc)
 target_include_directories(panelora_resources PRIVATE
   ${PROJECT_SOURCE_DIR}/res ${PANELORA_ART_DIR})
-set_source_files_properties(res/panelora.rc PROPERTIES OBJECT_DEPENDS
-  "${PANELORA_ART_DIR}/art.rc;${PROJECT_SOURCE_DIR}/res/panelora.manifest;${PROJECT_SOURCE_DIR}/res/dialogs.inc;${PROJECT_SOURCE_DIR}/res/strings.inc;${PANELORA_DIALOGS}")
 add_dependencies(panelora_resources panelora_art)
+add_library(panelora_shown_resources OBJECT res/panelora.rc)
+target_include_directories(panelora_shown_resources PRIVATE
+  ${PROJECT_SOURCE_DIR}/res ${PANELORA_SHOWN_ART_DIR} ${PANELORA_ART_DIR})
+add_dependencies(panelora_shown_resources panelora_shown_art)
+set_source_files_properties(res/panelora.rc PROPERTIES OBJECT_DEPENDS
+  "${PANELORA_ART_DIR}/art.rc;${PANELORA_SHOWN_ART_DIR}/art.rc;${PROJECT_SOURCE_DIR}/res/panelora.manifest;${PROJECT_SOURCE_DIR}/res/dialogs.inc;${PROJECT_SOURCE_DIR}/res/strings.inc;${PANELORA_DIALOGS}")
 
-add_executable(Panelora WIN32 platform/win32/main.cpp $<TARGET_OBJECTS:panelora_resources>)
+add_executable(Panelora WIN32 platform/win32/main.cpp $<TARGET_OBJECTS:panelora_shown_resources>)
 target_link_libraries(Panelora PRIVATE panelora_win32)
 
 # In a folder of its own, so that it never stands beside the program unasked.
