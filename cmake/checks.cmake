@@ -16,7 +16,8 @@ function(panelora_tidy target)
   if(CMAKE_CXX_COMPILER_TARGET)
     list(APPEND flags --target=${CMAKE_CXX_COMPILER_TARGET})
   endif()
-  list(APPEND flags -std=c++${CMAKE_CXX_STANDARD} -I${PROJECT_SOURCE_DIR} ${tidy_FLAGS}
+  list(APPEND flags -std=c++${CMAKE_CXX_STANDARD} -I${PROJECT_SOURCE_DIR}
+       -I${PANELORA_GENERATED_DIR} ${tidy_FLAGS}
        -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
   file(GLOB configurations ${PROJECT_SOURCE_DIR}/.clang-tidy ${PROJECT_SOURCE_DIR}/*/*/.clang-tidy)
   set(stamps)

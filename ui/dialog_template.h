@@ -2,6 +2,7 @@
 #pragma once
 
 #include <span>
+#include <string_view>
 
 #include "ui/geometry.h"
 
@@ -20,6 +21,12 @@ enum class ControlKind {
   kCombo,
   kIcon,
 };
+
+// The frame of one value, which is drawn as the box that the value stands in.
+constexpr bool IsReadout(ControlKind kind, std::string_view text, const Rect& rect) {
+  constexpr int kHighest = 60;
+  return kind == ControlKind::kGroup && text.empty() && rect.height <= kHighest;
+}
 
 struct ControlTemplate {
   ControlKind kind;

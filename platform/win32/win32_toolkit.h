@@ -38,11 +38,7 @@ struct Win32Control {
   std::string upPicture;
   std::string downPicture;
 
-  // The frame of one value, which is drawn as the box that the value stands in.
-  bool IsReadout() const {
-    constexpr int kHighest = 60;
-    return kind == ui::ControlKind::kGroup && text.empty() && rect.height <= kHighest;
-  }
+  bool IsReadout() const { return ui::IsReadout(kind, text, rect); }
   bool HasOwnText() const {
     return kind == ui::ControlKind::kEdit || kind == ui::ControlKind::kCombo;
   }
