@@ -24,6 +24,7 @@ endif()
 set(PANELORA_WINDOWS_DEFINITIONS _WIN32_WINNT=0x0601 NOMINMAX WIN32_LEAN_AND_MEAN)
 
 add_library(panelora_win32 STATIC
+  platform/win32/accessible.cpp
   platform/win32/colour_label_window.cpp
   platform/win32/devlnk_loader.cpp
   platform/win32/dialog_layout.cpp
@@ -33,6 +34,7 @@ add_library(panelora_win32 STATIC
   platform/win32/guide.cpp
   platform/win32/look.cpp
   platform/win32/serial_port.cpp
+  platform/win32/speaking.cpp
   platform/win32/tab_order.cpp
   platform/win32/win32_dialog.cpp
   platform/win32/win32_toolkit.cpp)

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "platform/win32/dpi.h"
+#include "platform/win32/speaking.h"
 #include "platform/win32/tab_order.h"
 #include "platform/win32/win32_toolkit.h"
 
@@ -225,7 +226,9 @@ INT_PTR Win32Dialog::OnNotify(const NMHDR& header) {
 
 // To look one up is a talk with the system, and most controls of a start nobody sees.
 HWND Win32Dialog::WindowOf(const Win32Control& control) const {
-  if (control.window == nullptr) control.window = GetDlgItem(window, control.id);
+  if (control.window != nullptr) return control.window;
+  control.window = GetDlgItem(window, control.id);
+  if (control.window != nullptr) LetSpeak(control.window, control.kind);
   return control.window;
 }
 

@@ -7,11 +7,14 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/win32/accessible.h"
 #include "platform/win32/gdi_cache.h"
 #include "platform/win32/look.h"
+#include "res/spoken_names.h"
 #include "ui/dialog_template.h"
 #include "ui/toolkit.h"
 
@@ -112,6 +115,9 @@ class Win32Dialog final : public ui::Dialog {
   // Gives every control's window its place and font now, also of those that nobody sees. For tests.
   void LayOutAll();
 
+  // What a screen reader hears of a control, by its window; none when it is not the dialog's.
+  std::optional<Told> Tell(HWND control) const;
+
  private:
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam,
                                     LPARAM lParam) noexcept;
@@ -151,6 +157,8 @@ class Win32Dialog final : public ui::Dialog {
   void SizeForClient(int width, int height, UINT flags);
   int Scaled(int value) const;
   RECT Scaled(const ui::Rect& place) const;
+  std::string ValueOf(const Win32Control& control) const;
+  std::map<int, res::Spoken> Spoken() const;
 
   Win32Toolkit& toolkit;
   const ui::DialogTemplate& source;
