@@ -1,4 +1,5 @@
-// What screen readers are told of the controls. The names are made in res/spoken_names.h.
+// What screen readers are told of the controls, and what they are told of changes. The names are
+// made in res/spoken_names.h.
 #include "platform/win32/speaking.h"
 
 // oleacc.h needs the one before it.
@@ -158,9 +159,10 @@ std::map<int, res::Spoken> Win32Dialog::Spoken() const {
   return res::SpokenOf(source.number, seen);
 }
 
-std::optional<Told> Win32Dialog::Tell(HWND control) const {
+std::optional<Told> Win32Dialog::Tell(HWND control) {
   const Win32Control* found = Find(GetDlgCtrlID(control));
   if (found == nullptr || WindowOf(*found) != control) return std::nullopt;
+  toolkit.Listen();
   const std::map<int, res::Spoken> spoken = Spoken();
   const auto its = spoken.find(found->id);
   Told told;
@@ -175,6 +177,44 @@ std::optional<Told> Win32Dialog::Tell(HWND control) const {
   told.state = StateOf(*found);
   told.presses = told.role == ROLE_SYSTEM_PUSHBUTTON;
   return told;
+}
+
+// What was seen before and is said otherwise now; what comes and goes the reader finds himself.
+void Win32Dialog::TellChanges() {
+  if (window == nullptr || !IsWindowVisible(window)) {
+    said.clear();
+    return;
+  }
+  struct Change {
+    HWND control;
+    DWORD event;
+  };
+  std::vector<Change> changes;
+  std::map<int, res::Spoken> now = Spoken();
+  for (const auto& [id, spoken] : now) {
+    const auto before = said.find(id);
+    if (before == said.end()) continue;
+    const HWND control = ControlWindow(id);
+    if (before->second.name != spoken.name) changes.push_back({control, EVENT_OBJECT_NAMECHANGE});
+    if (before->second.value != spoken.value)
+      changes.push_back({control, EVENT_OBJECT_VALUECHANGE});
+  }
+  said = std::move(now);
+  // Who listens may ask, or act, at once.
+  for (const Change& change : changes) {
+    NotifyWinEvent(change.event, change.control, OBJID_CLIENT, CHILDID_SELF);
+  }
+}
+
+// From the first question on changes are told: without a reader they cost nothing.
+void Win32Toolkit::Listen() {
+  if (listened) return;
+  listened = true;
+  TellChanges();
+}
+
+void Win32Toolkit::TellChanges() {
+  for (std::size_t i = 0; i < dialogs.size(); ++i) dialogs[i]->TellChanges();
 }
 
 }  // namespace panelora::win32

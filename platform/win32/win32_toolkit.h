@@ -116,7 +116,9 @@ class Win32Dialog final : public ui::Dialog {
   void LayOutAll();
 
   // What a screen reader hears of a control, by its window; none when it is not the dialog's.
-  std::optional<Told> Tell(HWND control) const;
+  std::optional<Told> Tell(HWND control);
+  // Tells the screen reader what it would hear otherwise than before.
+  void TellChanges();
 
  private:
   static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam,
@@ -175,6 +177,7 @@ class Win32Dialog final : public ui::Dialog {
   HICON bigIcon = nullptr;
   std::map<int, Win32Control> controls;
   std::map<int, int> timers;
+  std::map<int, res::Spoken> said;  // to the screen reader; nothing while the dialog is not seen
 };
 
 class Win32Toolkit final : public ui::Toolkit {
@@ -237,6 +240,7 @@ class Win32Toolkit final : public ui::Toolkit {
       if (--toolkit.depth != 0) return;
       toolkit.Settle();
       if (toolkit.MayMoveFocus(message)) toolkit.KeepFocusUsable();
+      if (toolkit.listened && message != WM_MOUSEMOVE) toolkit.TellChanges();
     }
     Handling(const Handling&) = delete;
     Handling& operator=(const Handling&) = delete;
@@ -253,6 +257,8 @@ class Win32Toolkit final : public ui::Toolkit {
   }
 
   void Settle();
+  void Listen();
+  void TellChanges();
   bool PreTranslate(const MSG& message);
   bool OnKeyDown(const MSG& message, Win32Dialog& dialog);
   void FollowMouse(const MSG& message);
@@ -268,6 +274,7 @@ class Win32Toolkit final : public ui::Toolkit {
   Look look = LookOf(IsHighContrast());
   HWND hot = nullptr;
   bool marksFocus = false;
+  bool listened = false;      // a screen reader has asked for a control
   int depth = 0;              // of handlers that run
   bool unsettled = false;     // a dialog has something to settle
   bool usableChanged = true;  // something was shown, hidden, enabled or disabled

@@ -1,5 +1,7 @@
-// What only the system's interface can tell of the controls: roles, states and actions.
+// What only the system's interface can tell of the controls: roles, states, actions, and what is
+// told of changes.
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/accessible_win32.h"
@@ -15,6 +17,11 @@ constexpr int kMuteNext = 1024;
 class AccessibleTest : public Scenario {
  protected:
   using NumberGetter = HRESULT (STDMETHODCALLTYPE IAccessible::*)(VARIANT, VARIANT*);
+
+  ~AccessibleTest() override {
+    if (hook != nullptr) UnhookWinEvent(hook);
+    watching = nullptr;
+  }
 
   HWND WindowOf(int dialog, int control) {
     return WindowsOf(desk).Find(dialog)->ControlWindow(control);
@@ -33,6 +40,32 @@ class AccessibleTest : public Scenario {
   long RoleOf(int dialog, int control) {
     return NumberFrom(*Object(dialog, control), &IAccessible::get_accRole);
   }
+
+  // From now on: "name" or "value" and the control's id, in order.
+  void Watch() {
+    watching = this;
+    hook = SetWinEventHook(EVENT_OBJECT_NAMECHANGE, EVENT_OBJECT_VALUECHANGE, nullptr, OnEvent,
+                           GetCurrentProcessId(), GetCurrentThreadId(), WINEVENT_OUTOFCONTEXT);
+    ASSERT_NE(hook, nullptr);
+  }
+  std::vector<std::string> Heard() {
+    desk.Settle();
+    return std::exchange(heard, {});
+  }
+
+ private:
+  static void CALLBACK OnEvent(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child,
+                               DWORD, DWORD) noexcept {
+    if (object != OBJID_CLIENT || child != CHILDID_SELF) return;
+    const std::string what = event == EVENT_OBJECT_NAMECHANGE    ? "name "
+                             : event == EVENT_OBJECT_VALUECHANGE ? "value "
+                                                                 : "";
+    if (!what.empty()) watching->heard.push_back(what + std::to_string(GetDlgCtrlID(window)));
+  }
+
+  static inline AccessibleTest* watching = nullptr;
+  HWINEVENTHOOK hook = nullptr;
+  std::vector<std::string> heard;
 };
 
 TEST_F(AccessibleTest, RolesAreThoseOfTheKinds) {
@@ -175,6 +208,45 @@ TEST_F(AccessibleTest, InterfacesOfAnObjectAreOneObject) {
   EXPECT_EQ(object->QueryInterface(__uuidof(IEnumVARIANT), &none), E_NOINTERFACE);
   EXPECT_EQ(none, nullptr);
   for (void* each : {whole, first, second}) static_cast<IUnknown*>(each)->Release();
+}
+
+// Nobody listens before he has asked for a control.
+TEST_F(AccessibleTest, ChangesAreToldOnceSomebodyListens) {
+  StartWith(0x0126);
+  Press(kAudioButton);
+  Watch();
+  desk.Press(res::kAudio, kMuteNext);
+  EXPECT_EQ(Heard(), (std::vector<std::string>{}));
+  EXPECT_NE(Object(res::kAudio, kMuteNext), nullptr);
+  EXPECT_NE(TextFrom(*Object(res::kAudio, kMuteNext), &IAccessible::get_accName), "");
+  Heard();
+  desk.Press(res::kAudio, kMuteNext);
+  EXPECT_EQ(Heard(), (std::vector<std::string>{"name 1007", "name 1024", "value 1024", "name 1025",
+                                               "value 1025"}));
+  Tick();
+  EXPECT_EQ(Heard(), (std::vector<std::string>{}));
+}
+
+// A page that opens is read by the reader himself.
+TEST_F(AccessibleTest, PageThatOpensTellsNoChanges) {
+  StartWith(0x0126);
+  EXPECT_NE(TextFrom(*Object(res::kMain, kVideoButton), &IAccessible::get_accName), "");
+  Watch();
+  Press(kAudioButton);
+  EXPECT_EQ(Heard(), (std::vector<std::string>{}));
+}
+
+TEST_F(AccessibleTest, SliderTellsWhereItWasMovedTo) {
+  StartWith(0x0126);
+  Press(kProcAmpButton);
+  const AccessiblePtr slider = Object(res::kProcAmp, 1032);
+  EXPECT_EQ(TextFrom(*slider, &IAccessible::get_accName), "Brightness");
+  Watch();
+  desk.Drag(res::kProcAmp, 1032, 77);
+  desk.Release(res::kProcAmp, 1032);
+  const std::vector<std::string> told = Heard();
+  EXPECT_EQ(std::count(told.begin(), told.end(), "value 1032"), 1);
+  EXPECT_EQ(TextFrom(*slider, &IAccessible::get_accValue), "77");
 }
 
 }  // namespace
