@@ -54,6 +54,7 @@ enum class Says {
   kWithin,   // a frame: its name, with which those begin of what it frames
   kUnit,     // what the number beside it counts
   kFront,    // the picture of the device
+  kPicture,  // what its picture shows
   kTile,     // one of those that are shown
 };
 struct Fact {
@@ -67,6 +68,8 @@ constexpr Fact kFacts[] = {
     {kAbout, 1200, 1200, Says::kName, "Icon of Panelora"},
     {kMain, 1000, 1000, Says::kFront, "Front of the converter"},
     {kMain, 1013, 1013, Says::kName, "No serial port"},
+    {kMain, 1016, 1017, Says::kPicture},
+    {kMain, 1018, 1018, Says::kName, "Navigation"},
     {kMain, 1048, 1048, Says::kName, "Serial port"},
     {kInformation, 1016, 1016, Says::kName, "What the converter reports"},
     {kVideoMenu, 1047, 1047, Says::kName, "Video pages"},
@@ -81,6 +84,28 @@ constexpr Fact kFacts[] = {
     {kGenlock, 1091, 1091, Says::kUnit, "clocks"},
     {kRoi, 1102, 1102, Says::kWithin, "Region of interest"},
     {kCaution, 1117, 1117, Says::kName, "Warning sign"},
+};
+
+// What is said for a picture.
+constexpr SaidRow kPictures[] = {
+    {"MARK_INFORMATION", "Page: Information"},
+    {"MARK_VIDEO", "Page: Video"},
+    {"MARK_AUDIO", "Page: Audio"},
+    {"MARK_PROC_AMP", "Page: Proc Amp"},
+    {"MARK_SETTING", "Page: Setting"},
+    {"MARK_TV_WALL", "Page: TV Wall"},
+    {"MARK_DISPLAY_MODE", "Page: Display Mode"},
+    {"MARK_VIDEO_SETTINGS", "Page: Video Setting"},
+    {"MARK_PIP", "Page: PIP Setting"},
+    {"MARK_GENLOCK", "Page: Genlock"},
+    {"MARK_IMAGE_ADJUST", "Page: Image Adjust"},
+    {"MARK_ROI", "Page: Region of interest"},
+    {"MARK_TEXT_LABELS", "Page: Text Labels"},
+    {"DOTS_1_OF_2", "Sub-page 1 of 2"},
+    {"DOTS_2_OF_2", "Sub-page 2 of 2"},
+    {"DOTS_1_OF_3", "Sub-page 1 of 3"},
+    {"DOTS_2_OF_3", "Sub-page 2 of 3"},
+    {"DOTS_3_OF_3", "Sub-page 3 of 3"},
 };
 
 struct PanelRow {
@@ -174,6 +199,7 @@ std::string_view WordFor(ControlKind kind) {
       return "Level";
     case ControlKind::kCombo:
       return "List";
+    case ControlKind::kPicture:
     case ControlKind::kIcon:
       return "Picture";
     default:
@@ -204,6 +230,7 @@ class Scene {
   std::string ValueInRow(const SeenControl& control) const;
   std::string Front(const SeenControl& picture, std::string_view name) const;
   std::string Tile(const SeenControl& tile, std::string_view name) const;
+  std::string OfPicture(const SeenControl& picture) const;
   Spoken OfLabel(const SeenControl& label) const;
   Spoken OfGroup(const SeenControl& group) const;
   Spoken OfButton(const SeenControl& button) const;
@@ -352,6 +379,14 @@ std::string Scene::Tile(const SeenControl& tile, std::string_view name) const {
          (isChosen ? ", chosen" : "");
 }
 
+std::string Scene::OfPicture(const SeenControl& picture) const {
+  if (FactOf(picture, Says::kPicture) == nullptr) return "";
+  for (const SaidRow& row : kPictures) {
+    if (row.shown == picture.picture) return std::string(row.said);
+  }
+  return "";
+}
+
 Spoken Scene::OfLabel(const SeenControl& label) const {
   const SeenControl* readout = ReadoutAround(label);
   const SeenControl* caption = CaptionOf(label);
@@ -429,6 +464,9 @@ Spoken Scene::Of(const SeenControl& control) const {
     case ControlKind::kDefaultButton:
     case ControlKind::kPictureButton:
       spoken = OfButton(control);
+      break;
+    case ControlKind::kPicture:
+      spoken.name = OfPicture(control);
       break;
     default:
       spoken = OfInput(control);

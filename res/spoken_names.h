@@ -20,7 +20,7 @@ struct SeenControl {
   ui::Rect rect;     // 96 dpi
   bool shown = true;
   ui::Mark mark = ui::Mark::kNone;
-  std::string picture = {};  // of picture buttons, released
+  std::string picture = {};  // of pictures and picture buttons, released
   std::string value = {};    // what an edit, a slider, a bar or a combo box holds
 };
 

@@ -27,6 +27,7 @@ enum Class { kButtonClass, kStaticClass, kEditClass, kSliderClass, kProgressClas
 Class ClassOf(ControlKind kind) {
   switch (kind) {
     case ControlKind::kLabel:
+    case ControlKind::kPicture:
     case ControlKind::kIcon:
       return kStaticClass;
     case ControlKind::kEdit:
@@ -56,6 +57,7 @@ long RoleOf(ControlKind kind) {
       return ROLE_SYSTEM_PROGRESSBAR;
     case ControlKind::kCombo:
       return ROLE_SYSTEM_COMBOBOX;
+    case ControlKind::kPicture:
     case ControlKind::kIcon:
       return ROLE_SYSTEM_GRAPHIC;
     default:

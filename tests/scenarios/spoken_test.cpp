@@ -28,6 +28,7 @@ class SpokenTest : public ModelWalk {
         ASSERT_NE(its, spoken.end()) << dialog << " " << control.id;
         const std::string& name = its->second.name;
         ASSERT_NE(name, "") << dialog << " " << control.id;
+        ASSERT_FALSE(name.starts_with("Picture")) << desk.Picture(dialog, control.id);
         const auto [other, isNew] = given.emplace(name, std::pair(dialog, control.id));
         ASSERT_TRUE(isNew) << name << ": " << dialog << " " << control.id << " and "
                            << other->second.first << " " << other->second.second;
@@ -125,6 +126,16 @@ TEST_F(SpokenTest, FrontSaysWhichConverterItIs) {
   box.SetPresent(false);
   Tick();
   EXPECT_EQ(NameOf(res::kMain, kPictureButton), "Front of the converter: no converter found");
+}
+
+TEST_F(SpokenTest, RailSaysWhichPageIsShown) {
+  StartWith(0x0126);
+  EXPECT_EQ(NameOf(res::kMain, kPageMark), "Page: Information");
+  Press(kProcAmpButton);
+  EXPECT_EQ(NameOf(res::kMain, kPageMark), "Page: Proc Amp");
+  EXPECT_EQ(NameOf(res::kMain, kSubPageDots), "Sub-page 1 of 2");
+  Press(kPageUpButton);
+  EXPECT_EQ(NameOf(res::kMain, kSubPageDots), "Sub-page 2 of 2");
 }
 
 TEST_F(SpokenTest, SlidersOfPipAreThoseOfTheirInset) {

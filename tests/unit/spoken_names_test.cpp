@@ -155,6 +155,19 @@ TEST(SpokenNames, FrontOfTheConverter) {
   EXPECT_EQ(front("ANOTHER"), "Front of the converter");
 }
 
+TEST(SpokenNames, RailSaysWhichPageIsShown) {
+  const auto onRail = [](int id, const char* picture) {
+    const SeenControl seen = {id,   ControlKind::kPicture, "",     {0, 270, 110, 48},
+                              true, Mark::kNone,           picture};
+    return SpokenOf(res::kMain, std::vector{seen})[id].name;
+  };
+  EXPECT_EQ(onRail(1016, "MARK_PROC_AMP"), "Page: Proc Amp");
+  EXPECT_EQ(onRail(1016, "MARK_ROI"), "Page: Region of interest");
+  EXPECT_EQ(onRail(1017, "DOTS_2_OF_3"), "Sub-page 2 of 3");
+  EXPECT_EQ(onRail(1018, "RAIL"), "Navigation");
+  EXPECT_EQ(onRail(1016, "ANOTHER"), "Picture");
+}
+
 TEST(SpokenNames, TilesAreCounted) {
   std::vector<SeenControl> tiles;
   for (int i = 0; i < 16; ++i) tiles.push_back(Picture(1021 + i, "TV Wall 1", "WND3X3_00_U"));
