@@ -15,6 +15,31 @@ class ScreenReaderTest : public ProgramTest {
     const AccessiblePtr object = AccessibleOf(control);
     return object != nullptr ? TextFrom(*object, &IAccessible::get_accName) : "nothing";
   }
+
+  // The control that is seen and has this name; null for none.
+  static HWND Named(PanelProcess& panel, const std::string& name) {
+    struct Search {
+      const std::string& name;
+      HWND found;
+    } search = {name, nullptr};
+    EnumChildWindows(
+        panel.Main(),
+        [](HWND window, LPARAM wanted) -> BOOL {
+          auto& its = *reinterpret_cast<Search*>(wanted);
+          if (IsWindowVisible(window) && NameOf(window) == its.name) its.found = window;
+          return its.found == nullptr;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+  }
+
+  // Does what the control of this name does.
+  static void Do(PanelProcess& panel, const std::string& name) {
+    const HWND control = Named(panel, name);
+    ASSERT_NE(control, nullptr) << name;
+    EXPECT_EQ(AccessibleOf(control)->accDoDefaultAction(Self()), S_OK) << name;
+    panel.Description();  // the press is posted
+  }
 };
 
 TEST_F(ScreenReaderTest, ReadsTheControlsAndPressesThem) {
@@ -31,6 +56,37 @@ TEST_F(ScreenReaderTest, ReadsTheControlsAndPressesThem) {
   const HWND next = panel.Control(res::kAudio, 1024);
   const std::string mute = panel.Text(res::kAudio, 1025);
   EXPECT_EQ(NameOf(next), "Audio Mute, " + mute + ", next");
+}
+
+// By names alone, as somebody works who hears the program: the output format is changed and
+// applied, the picture reset, the firmware read, and the audio muted.
+TEST_F(ScreenReaderTest, WholeVisitNeedsNamesAlone) {
+  PanelProcess& panel = Start();
+  Do(panel, "Video");
+  Do(panel, "Video Setting");
+  Do(panel, "Output Format, 1920x1080 60.00p, next");
+  EXPECT_NE(Named(panel, "Output Format, 1920x1080 59.94p, next"), nullptr);
+  panel.TakeCalls();
+  Do(panel, "Apply, changes pending");
+  EXPECT_EQ(panel.TakeCalls(), (Calls{"set word 0,4 = 1", "set word 0,2 = 16", "set word 0,7 = 1",
+                                      "set word 0,12 = 2"}));
+  EXPECT_NE(Named(panel, "Apply"), nullptr);
+  Do(panel, "Return");
+  Do(panel, "Return");
+
+  Do(panel, "Proc Amp");
+  EXPECT_NE(Named(panel, "Brightness"), nullptr);
+  Do(panel, "Default");
+  EXPECT_FALSE(panel.TakeCalls().empty());
+  Do(panel, "Return");
+  EXPECT_NE(Named(panel, "Firmware version, 0.1.2.6"), nullptr);
+
+  Do(panel, "Audio");
+  Do(panel, "Audio Mute, OFF, next");
+  panel.TakeCalls();
+  Do(panel, "Apply, changes pending");
+  EXPECT_EQ(panel.TakeCalls(),
+            (Calls{"set word 0,6 = 1", "set word 0,11 = 1", "set word 0,16 = 0"}));
 }
 
 // The program ends, and the reader holds what he has got.
