@@ -1,5 +1,7 @@
 #include "device/devlnk_library.h"
 
+#include "base/text.h"
+
 namespace panelora {
 
 namespace {
@@ -12,9 +14,9 @@ bool BindExport(const DevlnkLibrary::Resolver& resolve, const char* name, int ar
                 Function& function) {
   void* address = resolve(name);
   if (address == nullptr) {
-    const std::string decorated = std::string(name) + "@" + std::to_string(argumentBytes);
-    address = resolve(("_" + decorated).c_str());
-    if (address == nullptr) address = resolve(decorated.c_str());
+    const std::string decorated = Format("_%s@%d", name, argumentBytes);
+    address = resolve(decorated.c_str());
+    if (address == nullptr) address = resolve(decorated.c_str() + 1);
   }
   function = reinterpret_cast<Function>(address);
   return address != nullptr;
