@@ -117,13 +117,11 @@ void GdiCache::Wash(HDC context, const RECT& place, COLORREF colour, BYTE streng
   DeleteDC(source);
 }
 
-HBITMAP GdiCache::BitmapFor(const std::string& name, bool fine) {
-  const auto key = std::make_pair(name, fine);
+HBITMAP GdiCache::BitmapFor(const std::string& name, int scale) {
+  const auto key = std::make_pair(name, scale);
   const auto found = bitmaps.find(key);
   if (found != bitmaps.end()) return found->second;
-  HBITMAP bitmap = nullptr;
-  if (fine) bitmap = LoadFine(name);
-  if (!fine) bitmap = LoadPlain(name);
+  const HBITMAP bitmap = scale > 1 ? LoadFine(name, scale) : LoadPlain(name);
   bitmaps[key] = bitmap;
   return bitmap;
 }
@@ -179,15 +177,15 @@ void GdiCache::StartGdiplus() {
   }
 }
 
-// The drawing of twice the size, or null when it can't be had.
-HBITMAP GdiCache::LoadFine(const std::string& name) {
+// A drawing of twice or three times the size, or null when it can't be had.
+HBITMAP GdiCache::LoadFine(const std::string& name, int scale) {
   if (!gdiplusTried) {
     gdiplusTried = true;
     StartGdiplus();
   }
   if (gdiplusToken == 0) return nullptr;
 
-  const HRSRC resource = FindResourceA(instance, name.c_str(), "PNG");
+  const HRSRC resource = FindResourceA(instance, name.c_str(), scale == 2 ? "PNG2X" : "PNG3X");
   if (resource == nullptr) return nullptr;
   const HGLOBAL loaded = LoadResource(instance, resource);
   const DWORD size = SizeofResource(instance, resource);
@@ -213,8 +211,10 @@ HBITMAP GdiCache::LoadFine(const std::string& name) {
 
 bool GdiCache::Draw(HDC context, const RECT& place, const std::string& name, int dpi,
                     BYTE strength) {
-  HBITMAP bitmap = dpi > 96 ? BitmapFor(name, true) : nullptr;
-  if (bitmap == nullptr) bitmap = BitmapFor(name, false);
+  HBITMAP bitmap = nullptr;
+  for (int scale = dpi > 192 ? 3 : dpi > 96 ? 2 : 1; scale > 0 && bitmap == nullptr; --scale) {
+    bitmap = BitmapFor(name, scale);
+  }
   if (bitmap == nullptr) return false;
   BITMAP info{};
   GetObjectA(bitmap, sizeof info, &info);

@@ -39,8 +39,8 @@ class GdiCache {
   void Wash(HDC context, const RECT& place, COLORREF colour, BYTE strength, int round);
 
   // Draws a picture of the resources by name, stretched to `place`; above 96 dpi the drawing of
-  // twice the size is used. `strength` below 255 lets what is there shine through. False when there
-  // is no such picture.
+  // twice the size is used, and above 192 dpi that of three times. `strength` below 255 lets what
+  // is there shine through. False when there is no such picture.
   bool Draw(HDC context, const RECT& place, const std::string& name, int dpi, BYTE strength = 255);
 
   // How many fonts, brushes and bitmaps the cache has tried to make.
@@ -49,16 +49,17 @@ class GdiCache {
  private:
   // A device context with the font, for measuring texts.
   HDC MeasureWith(HFONT font);
-  HBITMAP BitmapFor(const std::string& name, bool fine);
+  // The drawing of `scale` times the size at 96 dpi, 1 to 3; null when there is none.
+  HBITMAP BitmapFor(const std::string& name, int scale);
   HBITMAP LoadPlain(const std::string& name);
-  HBITMAP LoadFine(const std::string& name);
+  HBITMAP LoadFine(const std::string& name, int scale);
   void StartGdiplus();
 
   HINSTANCE instance;
   std::map<std::tuple<std::string, int, int, int>, HFONT> fonts;
   std::map<COLORREF, HBRUSH> brushes;
   std::map<std::pair<COLORREF, int>, HPEN> pens;
-  std::map<std::pair<std::string, bool>, HBITMAP> bitmaps;
+  std::map<std::pair<std::string, int>, HBITMAP> bitmaps;
   std::map<HFONT, int> lineHeights;
   HDC measuring = nullptr;
   HMODULE gdiplus = nullptr;

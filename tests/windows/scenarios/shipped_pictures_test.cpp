@@ -30,7 +30,8 @@ TEST_F(ShippedPictures, AreAllThatItsBoxesShow) {
   EXPECT_GT(shown.size(), 20U);
   for (const std::string& picture : shown) {
     EXPECT_TRUE(Has(picture, RT_BITMAP)) << picture;
-    EXPECT_TRUE(Has(picture, "PNG")) << picture;
+    EXPECT_TRUE(Has(picture, "PNG2X")) << picture;
+    EXPECT_TRUE(Has(picture, "PNG3X")) << picture;
   }
 }
 
@@ -41,7 +42,8 @@ TEST_F(ShippedPictures, AreNoFrontsAndWallsOfOtherBoxes) {
       if (shown.contains(picture)) continue;
       if (!picture.starts_with("WND") && !picture.starts_with("PANEL")) continue;
       EXPECT_FALSE(Has(picture, RT_BITMAP)) << picture;
-      EXPECT_FALSE(Has(picture, "PNG")) << picture;
+      EXPECT_FALSE(Has(picture, "PNG2X")) << picture;
+      EXPECT_FALSE(Has(picture, "PNG3X")) << picture;
       ++others;
     }
   }
