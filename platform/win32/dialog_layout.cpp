@@ -65,6 +65,11 @@ void Win32Dialog::HideWhenAsked() {
   if (!source.framed && !pageShown && IsSeen()) ShowWindow(window, SW_HIDE);
 }
 
+// A part of the dialog, or all of it, with its controls.
+void Win32Dialog::PaintAnew(const RECT* part) {
+  RedrawWindow(window, part, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
 // What is not seen is painted when it is shown.
 void Win32Dialog::Repaint(const Win32Control& control) {
   if (IsSeen() && IsWindowVisible(WindowOf(control))) {
@@ -117,8 +122,8 @@ bool Win32Dialog::MoveToPlace(Win32Control& control, UINT flags) {
   if (control.kind == ui::ControlKind::kCombo) place.bottom += Scaled(kDropDownHeight);
   if (EqualRect(&control.placed, &place)) return false;
   if (control.IsReadout()) {  // where it was, and where it comes
-    RedrawWindow(window, &control.placed, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-    RedrawWindow(window, &place, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    PaintAnew(&control.placed);
+    PaintAnew(&place);
   }
   control.placed = place;
   RECT now;

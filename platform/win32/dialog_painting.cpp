@@ -269,7 +269,7 @@ bool Win32Dialog::LiesInReadout(const Win32Control& control) const {
 void Win32Dialog::RepaintReadout(const Win32Control& control) {
   if (!IsSeen()) return;
   const RECT readout = ReadoutOf(control);
-  RedrawWindow(window, &readout, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  PaintAnew(&readout);
 }
 
 // False for dialogs whose background is nobody's but the system's.

@@ -119,9 +119,9 @@ INT_PTR Win32Dialog::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return EraseWithReadouts(reinterpret_cast<HDC>(wParam)) ? Answer(1) : FALSE;
     case WM_SYSCOLORCHANGE:
     case WM_SETTINGCHANGE:
+      if (!source.framed) return FALSE;
       toolkit.TakeSystemColours();
-      if (source.framed)
-        RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+      PaintAnew();
       return FALSE;
     case WM_CTLCOLORDLG:
       if (const auto colour = events.BackgroundColour()) {

@@ -142,6 +142,7 @@ class Win32Dialog final : public ui::Dialog {
   RECT ReadoutOf(const Win32Control& control) const;
   bool LiesInReadout(const Win32Control& control) const;
   void RepaintReadout(const Win32Control& control);
+  void PaintAnew(const RECT* part = nullptr);
   void DrawPicture(const Win32Control& control, const DRAWITEMSTRUCT& item);
   bool PaintMinimised();
   void AdoptControls();
