@@ -83,10 +83,17 @@ void Win32Dialog::DrawPicture(const Win32Control& control, const DRAWITEMSTRUCT&
               DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
   }
   if (control.mark != ui::Mark::kNone && !pressed) {
-    // In the colours of a button that is held, which is drawn over it.
-    toolkit.Gdi().Draw(item.hDC, place, control.downPicture, dpi,
-                       control.mark == ui::Mark::kPending ? 200 : 150);
-    const RECT bar = {Scaled(2), Scaled(10), Scaled(6), SeenPart(item).bottom - Scaled(10)};
+    // In the colours of a button that is held, which is drawn over it. There the caption stands a
+    // pixel lower.
+    RECT held = place;
+    OffsetRect(&held, 0, -Scaled(1));
+    RECT inside = SeenPart(item);
+    InflateRect(&inside, -Scaled(3), -Scaled(3));
+    toolkit.Gdi().Within(item.hDC, inside, Scaled(6), [&] {
+      toolkit.Gdi().Draw(item.hDC, held, control.downPicture, dpi,
+                         control.mark == ui::Mark::kPending ? 200 : 150);
+    });
+    const RECT bar = {Scaled(2), Scaled(8), Scaled(6), SeenPart(item).bottom - Scaled(8)};
     FillRect(item.hDC, &bar, toolkit.Gdi().BrushFor(toolkit.Colours().ink));
   }
   if (item.hwndItem == toolkit.Hot() && !pressed) {
@@ -148,12 +155,11 @@ void Win32Dialog::DrawButton(const Win32Control& control, const DRAWITEMSTRUCT& 
   const RECT& place = item.rcItem;
   FillRect(item.hDC, &place, GetSysColorBrush(COLOR_3DFACE));
   GdiCache& gdi = toolkit.Gdi();
-  SelectObject(item.hDC, gdi.PenFor(disabled ? look.disabled : look.rim, 1));
-  SelectObject(item.hDC, gdi.BrushFor(disabled  ? look.disabled
-                                      : pressed ? look.pressed
-                                      : hot     ? look.hot
-                                                : look.face));
-  RoundRect(item.hDC, place.left, place.top, place.right, place.bottom, Scaled(8), Scaled(8));
+  const COLORREF face = disabled  ? look.disabled
+                        : pressed ? look.pressed
+                        : hot     ? look.hot
+                                  : look.face;
+  gdi.DrawRounded(item.hDC, place, face, disabled ? look.disabled : look.rim, Scaled(8));
 
   const int x = (place.left + place.right) / 2;
   const int y = (place.top + place.bottom) / 2 + (pressed ? Scaled(1) : 0);
@@ -206,13 +212,6 @@ LRESULT Win32Dialog::DrawSlider(const NMCUSTOMDRAW& draw) {
   return CDRF_SKIPDEFAULT;  // there are no ticks
 }
 
-void Win32Dialog::DrawRounded(HDC context, const RECT& place, COLORREF fill, COLORREF rim,
-                              int round) {
-  SelectObject(context, toolkit.Gdi().PenFor(rim, 1));
-  SelectObject(context, toolkit.Gdi().BrushFor(fill));
-  RoundRect(context, place.left, place.top, place.right, place.bottom, round, round);
-}
-
 void Win32Dialog::DrawTrack(HDC context, HWND slider, const RECT& thumb) {
   const KeptState kept(context);
   const Look& look = toolkit.Colours();
@@ -221,10 +220,33 @@ void Win32Dialog::DrawTrack(HDC context, HWND slider, const RECT& thumb) {
   const int middle = (thumb.top + thumb.bottom) / 2;
   const int half = std::max(Scaled(3), 2);
   RECT track = {client.left + Scaled(6), middle - half, client.right - Scaled(6), middle + half};
-  DrawRounded(context, track, look.readout, look.readoutRim, 2 * half);
+  toolkit.Gdi().DrawRounded(context, track, look.readout, look.readoutRim, 2 * half);
   track.right = (thumb.left + thumb.right) / 2;
   const bool filled = IsWindowEnabled(slider) != FALSE && track.right - track.left > 2 * half;
-  if (filled) DrawRounded(context, track, look.accent, look.accent, 2 * half);
+  if (filled) toolkit.Gdi().DrawRounded(context, track, look.accent, look.accent, 2 * half);
+}
+
+// A bar looks as the track of a slider does. The system would draw its own in a colour of its own.
+LRESULT CALLBACK Win32Dialog::BarProcedure(HWND bar, UINT message, WPARAM wParam, LPARAM lParam,
+                                           UINT_PTR /*number*/, DWORD_PTR toolkit) noexcept {
+  if (message == WM_ERASEBKGND) return 1;
+  if (message != WM_PAINT) return DefSubclassProc(bar, message, wParam, lParam);
+  auto& its = *reinterpret_cast<Win32Toolkit*>(toolkit);
+  const Look& look = its.Colours();
+  PAINTSTRUCT paint;
+  const HDC context = BeginPaint(bar, &paint);
+  RECT track;
+  GetClientRect(bar, &track);
+  FillRect(context, &track, its.Gdi().BrushFor(look.readout));
+  const int round = (track.bottom - track.top) / 2;
+  its.Gdi().DrawRounded(context, track, look.readout, look.readoutRim, round);
+  const auto range = static_cast<int>(DefSubclassProc(bar, PBM_GETRANGE, FALSE, 0));
+  const auto position = static_cast<int>(DefSubclassProc(bar, PBM_GETPOS, 0, 0));
+  const int width = range > 0 ? MulDiv(track.right - track.left, position, range) : 0;
+  track.right = track.left + width;
+  if (width > round) its.Gdi().DrawRounded(context, track, look.accent, look.accent, round);
+  EndPaint(bar, &paint);
+  return 0;
 }
 
 void Win32Dialog::DrawThumb(const NMCUSTOMDRAW& draw, const RECT& thumb) {
@@ -235,11 +257,11 @@ void Win32Dialog::DrawThumb(const NMCUSTOMDRAW& draw, const RECT& thumb) {
   const bool held = (draw.uItemState & CDIS_SELECTED) != 0;
   const bool marked = GetFocus() == slider && toolkit.MarksFocus();
   const COLORREF face = !enabled ? look.disabled : held ? look.pressed : look.face;
-  DrawRounded(draw.hdc, thumb, face, enabled ? look.rim : look.readoutRim, Scaled(6));
+  toolkit.Gdi().DrawRounded(draw.hdc, thumb, face, enabled ? look.rim : look.readoutRim, Scaled(6));
   if (marked) {
     RECT inside = thumb;
     InflateRect(&inside, -Scaled(1), -Scaled(1));
-    DrawRounded(draw.hdc, inside, look.accent, look.ink, Scaled(5));
+    toolkit.Gdi().DrawRounded(draw.hdc, inside, look.accent, look.ink, Scaled(5));
   }
   const int x = (thumb.left + thumb.right) / 2;
   const int reach = static_cast<int>(thumb.bottom - thumb.top) / 4;
@@ -284,9 +306,8 @@ bool Win32Dialog::EraseWithReadouts(HDC context) {
     if (!control.shown || !control.IsReadout()) continue;
     const RECT place = ReadoutOf(control);
     const bool pending = control.mark == ui::Mark::kPending;
-    SelectObject(context, toolkit.Gdi().PenFor(pending ? look.accent : look.readoutRim, 1));
-    SelectObject(context, toolkit.Gdi().BrushFor(look.readout));
-    RoundRect(context, place.left, place.top, place.right, place.bottom, Scaled(5), Scaled(5));
+    toolkit.Gdi().DrawRounded(context, place, look.readout, pending ? look.accent : look.readoutRim,
+                              Scaled(5));
     if (!pending) continue;
     const RECT edge = {place.left, place.top + Scaled(2), place.left + Scaled(4),
                        place.bottom - Scaled(2)};

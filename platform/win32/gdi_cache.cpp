@@ -98,20 +98,33 @@ HPEN GdiCache::PenFor(COLORREF colour, int width) {
   return made;
 }
 
+void GdiCache::DrawRounded(HDC context, const RECT& place, COLORREF fill, COLORREF rim, int round) {
+  SelectObject(context, PenFor(rim, 1));
+  SelectObject(context, BrushFor(fill));
+  RoundRect(context, place.left, place.top, place.right, place.bottom, round, round);
+}
+
+void GdiCache::Within(HDC context, const RECT& place, int round,
+                      const std::function<void()>& draw) {
+  const int saved = SaveDC(context);
+  const HRGN inside =
+      CreateRoundRectRgn(place.left, place.top, place.right + 1, place.bottom + 1, round, round);
+  ExtSelectClipRgn(context, inside, RGN_AND);
+  draw();
+  RestoreDC(context, saved);
+  DeleteObject(inside);
+}
+
 void GdiCache::Wash(HDC context, const RECT& place, COLORREF colour, BYTE strength, int round) {
   const HDC source = CreateCompatibleDC(context);
   const HBITMAP pixel = CreateCompatibleBitmap(context, 1, 1);
   const HGDIOBJ before = SelectObject(source, pixel);
   SetPixel(source, 0, 0, colour);
-  const int saved = SaveDC(context);
-  const HRGN inside =
-      CreateRoundRectRgn(place.left, place.top, place.right + 1, place.bottom + 1, round, round);
-  ExtSelectClipRgn(context, inside, RGN_AND);
   const BLENDFUNCTION blend = {AC_SRC_OVER, 0, strength, 0};
-  GdiAlphaBlend(context, place.left, place.top, place.right - place.left, place.bottom - place.top,
-                source, 0, 0, 1, 1, blend);
-  RestoreDC(context, saved);
-  DeleteObject(inside);
+  Within(context, place, round, [&] {
+    GdiAlphaBlend(context, place.left, place.top, place.right - place.left,
+                  place.bottom - place.top, source, 0, 0, 1, 1, blend);
+  });
   SelectObject(source, before);
   DeleteObject(pixel);
   DeleteDC(source);

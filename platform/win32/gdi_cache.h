@@ -4,6 +4,7 @@
 
 #include "platform/win32/windows_headers.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <tuple>
@@ -35,8 +36,12 @@ class GdiCache {
   HBRUSH BrushFor(COLORREF colour);
   HPEN PenFor(COLORREF colour, int width);
 
-  // Tints what is there, within corners of a radius of half `round` pixels. `strength` 0 to 255.
-  void Wash(HDC context, const RECT& place, COLORREF colour, BYTE strength, int round);
+  // With corners of a radius of half `round` pixels, and a rim of one pixel inside of `place`.
+  void DrawRounded(HDC context, const RECT& place, COLORREF fill, COLORREF rim, int round);
+  // What `draw` draws shows only within such corners.
+  static void Within(HDC context, const RECT& place, int round, const std::function<void()>& draw);
+  // Tints what is there, within such corners. `strength` 0 to 255.
+  static void Wash(HDC context, const RECT& place, COLORREF colour, BYTE strength, int round);
 
   // Draws a picture of the resources by name, stretched to `place`; above 96 dpi the drawing of
   // twice the size is used, and above 192 dpi that of three times. `strength` below 255 lets what

@@ -228,7 +228,11 @@ INT_PTR Win32Dialog::OnNotify(const NMHDR& header) {
 HWND Win32Dialog::WindowOf(const Win32Control& control) const {
   if (control.window != nullptr) return control.window;
   control.window = GetDlgItem(window, control.id);
-  if (control.window != nullptr) LetSpeak(control.window, control.kind);
+  if (control.window == nullptr) return nullptr;
+  LetSpeak(control.window, control.kind);
+  if (control.kind == ui::ControlKind::kProgress) {
+    SetWindowSubclass(control.window, &BarProcedure, 0, reinterpret_cast<DWORD_PTR>(&toolkit));
+  }
   return control.window;
 }
 

@@ -137,12 +137,13 @@ class Win32Dialog final : public ui::Dialog {
   LRESULT DrawSlider(const NMCUSTOMDRAW& draw);
   void DrawTrack(HDC context, HWND slider, const RECT& thumb);
   void DrawThumb(const NMCUSTOMDRAW& draw, const RECT& thumb);
-  void DrawRounded(HDC context, const RECT& place, COLORREF fill, COLORREF rim, int round);
   bool EraseWithReadouts(HDC context);
   RECT ReadoutOf(const Win32Control& control) const;
   bool LiesInReadout(const Win32Control& control) const;
   void RepaintReadout(const Win32Control& control);
   void PaintAnew(const RECT* part = nullptr);
+  static LRESULT CALLBACK BarProcedure(HWND bar, UINT message, WPARAM wParam, LPARAM lParam,
+                                       UINT_PTR number, DWORD_PTR toolkit) noexcept;
   void DrawPicture(const Win32Control& control, const DRAWITEMSTRUCT& item);
   bool PaintMinimised();
   void AdoptControls();

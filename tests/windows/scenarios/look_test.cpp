@@ -80,6 +80,35 @@ TEST_F(LookTest, ButtonHasFiveStates) {
   }
 }
 
+// The same of a step button, which is drawn; and it may be disabled.
+TEST_F(LookTest, StepButtonHasFiveStates) {
+  StartWith(0x0126);
+  Press(kAudioButton);
+  const HWND next = WindowsOf(desk).Find(kPage)->ControlWindow(kMute.next);
+  const auto look = [&] { return PixelsOfControl(kPage, kMute.next); };
+  std::vector<Pixels> states = {look()};
+  SendMessageA(next, BM_SETSTATE, TRUE, 0);
+  states.push_back(look());
+  SendMessageA(next, BM_SETSTATE, FALSE, 0);
+  MSG over{};
+  over.hwnd = next;
+  over.message = WM_MOUSEMOVE;
+  WindowsOf(desk).Handle(over);
+  states.push_back(look());
+  over.message = WM_MOUSELEAVE;
+  WindowsOf(desk).Handle(over);
+  EnableWindow(next, FALSE);
+  states.push_back(look());
+  EnableWindow(next, TRUE);
+  EXPECT_EQ(look(), states[0]);
+  WindowsOf(desk).Find(kPage)->Focus(kMute.next);
+  desk.PressKey(kPage, kMute.next, ui::Key::kEscape);  // from now on the focus is marked
+  states.push_back(look());
+  for (std::size_t i = 0; i < states.size(); ++i) {
+    for (std::size_t j = i + 1; j < states.size(); ++j) EXPECT_NE(states[i], states[j]) << i << j;
+  }
+}
+
 // The mouse stands where the button was, and has not moved.
 TEST_F(LookTest, ButtonThatWentComesBackAsItIsElsewhere) {
   StartWith(0x0126);
@@ -145,6 +174,22 @@ TEST_F(LookTest, HighContrastTakesTheSystemsButtons) {
   EXPECT_TRUE(Has(PixelsOfControl(kPage, kMute.frame), kInk));
   desk.Press(kPage, kMute.next);
   EXPECT_EQ(PixelsOfControl(res::kMain, kApplyButton), picture);
+}
+
+// A level is told by a bar in the same colours as a slider.
+TEST_F(LookTest, BarIsFilledUpToItsLevel) {
+  StartWith(Identity{46, 0, 0, 0, 0});
+  Press(kAudioButton);
+  constexpr int kBar = 1103;
+  constexpr int kUp = 1046;
+  const auto filled = [&] {
+    const Pixels pixels = PixelsOfControl(kPage, kBar);
+    return std::count(pixels.begin(), pixels.end(), kAccent);
+  };
+  const auto first = filled();
+  EXPECT_GT(first, 0);
+  desk.Press(kPage, kUp);
+  EXPECT_GT(filled(), first);
 }
 
 // A slider's thumb is held wherever it is seen, and its track is filled up to it.
