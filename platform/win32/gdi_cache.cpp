@@ -7,6 +7,9 @@
 #include <shlwapi.h>
 // clang-format on
 
+#include <algorithm>
+#include <set>
+
 namespace panelora::win32 {
 
 namespace {
@@ -31,9 +34,7 @@ GdiCache::~GdiCache() {
   for (const auto& [key, font] : fonts) DeleteObject(font);
   for (const auto& [key, brush] : brushes) DeleteObject(brush);
   for (const auto& [key, pen] : pens) DeleteObject(pen);
-  for (const auto& [key, bitmap] : bitmaps) {
-    if (bitmap != nullptr) DeleteObject(bitmap);
-  }
+  ForgetPictures();
   if (gdiplusUnhook != nullptr) gdiplusUnhook(gdiplusHook);
   if (gdiplusToken != 0) {
     const auto shutdown = Bind<void(WINAPI*)(ULONG_PTR)>(gdiplus, "GdiplusShutdown");
@@ -135,8 +136,64 @@ HBITMAP GdiCache::BitmapFor(const std::string& name, int scale) {
   const auto found = bitmaps.find(key);
   if (found != bitmaps.end()) return found->second;
   const HBITMAP bitmap = scale > 1 ? LoadFine(name, scale) : LoadPlain(name);
+  if (bitmap != nullptr) MatchSurround(bitmap);
   bitmaps[key] = bitmap;
   return bitmap;
+}
+
+void GdiCache::ForgetPictures() {
+  for (const auto& [key, bitmap] : bitmaps) {
+    if (bitmap != nullptr) DeleteObject(bitmap);
+  }
+  bitmaps.clear();
+}
+
+// Pictures that stand on pages are drawn on the usual colour of dialogs. From each edge up to what
+// is drawn, and with its smoothed rim, that becomes the colour that dialogs have.
+void GdiCache::MatchSurround(HBITMAP bitmap) {
+  constexpr int kUsual = 0xF0;
+  const COLORREF face = GetSysColor(COLOR_3DFACE);
+  DIBSECTION section{};
+  if (face == RGB(kUsual, kUsual, kUsual) ||
+      GetObjectA(bitmap, sizeof section, &section) != sizeof section) {
+    return;
+  }
+  const BITMAP& info = section.dsBm;
+  const int bytes = info.bmBitsPixel / 8;
+  const auto pixel = [&](int x, int y) {
+    return static_cast<BYTE*>(info.bmBits) + y * info.bmWidthBytes + x * bytes;
+  };
+  const auto isSurround = [&](int x, int y) {
+    const BYTE* at = pixel(x, y);
+    return std::all_of(at, at + 3, [](BYTE part) { return part == kUsual; });
+  };
+  const int right = info.bmWidth - 1;
+  const int bottom = info.bmHeight - 1;
+  if (!isSurround(0, 0) || !isSurround(right, 0) || !isSurround(0, bottom) ||
+      !isSurround(right, bottom)) {
+    return;
+  }
+  std::set<std::pair<int, int>> matched;
+  const auto walk = [&](int x, int y, int stepX, int stepY) {
+    for (bool outside = true; outside && x >= 0 && y >= 0 && x <= right && y <= bottom;
+         x += stepX, y += stepY) {
+      outside = isSurround(x, y);
+      matched.emplace(x, y);
+    }
+  };
+  for (int x = 0; x <= right; ++x) {
+    walk(x, 0, 0, 1);
+    walk(x, bottom, 0, -1);
+  }
+  for (int y = 0; y <= bottom; ++y) {
+    walk(0, y, 1, 0);
+    walk(right, y, -1, 0);
+  }
+  const BYTE parts[] = {GetBValue(face), GetGValue(face), GetRValue(face)};
+  for (const auto& [x, y] : matched) {
+    BYTE* at = pixel(x, y);
+    for (int i = 0; i < 3; ++i) at[i] = static_cast<BYTE>(std::min(at[i] * parts[i] / kUsual, 255));
+  }
 }
 
 // Some are packed, with a palette: the system unpacks them into a bitmap of true colours, which can

@@ -48,6 +48,9 @@ class GdiCache {
   // is there shine through. False when there is no such picture.
   bool Draw(HDC context, const RECT& place, const std::string& name, int dpi, BYTE strength = 255);
 
+  // Pictures are made anew from now on, for the colours that the system has.
+  void ForgetPictures();
+
   // How many fonts, brushes and bitmaps the cache has tried to make.
   std::size_t Count() const { return fonts.size() + brushes.size() + pens.size() + bitmaps.size(); }
 
@@ -58,6 +61,7 @@ class GdiCache {
   HBITMAP BitmapFor(const std::string& name, int scale);
   HBITMAP LoadPlain(const std::string& name);
   HBITMAP LoadFine(const std::string& name, int scale);
+  static void MatchSurround(HBITMAP bitmap);
   void StartGdiplus();
 
   HINSTANCE instance;

@@ -214,7 +214,10 @@ class Win32Toolkit final : public ui::Toolkit {
   Win32Dialog* DialogOf(HWND window) const;
 
   const Look& Colours() const { return look; }
-  void TakeSystemColours(bool highContrast = IsHighContrast()) { look = LookOf(highContrast); }
+  void TakeSystemColours(bool highContrast = IsHighContrast()) {
+    look = LookOf(highContrast);
+    gdi.ForgetPictures();
+  }
   // The button under the mouse; null = none.
   HWND Hot() const { return hot; }
 

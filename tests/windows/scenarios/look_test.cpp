@@ -13,6 +13,7 @@ namespace {
 using Pixels = std::vector<COLORREF>;
 
 constexpr COLORREF kAccent = RGB(0x12, 0x8C, 0x9C);
+constexpr int kHardwareReset = 1041;
 
 class LookTest : public Scenario {
  protected:
@@ -174,6 +175,36 @@ TEST_F(LookTest, HighContrastTakesTheSystemsButtons) {
   EXPECT_TRUE(Has(PixelsOfControl(kPage, kMute.frame), kInk));
   desk.Press(kPage, kMute.next);
   EXPECT_EQ(PixelsOfControl(res::kMain, kApplyButton), picture);
+}
+
+// Pictures on pages are drawn for the usual colour of dialogs.
+TEST_F(LookTest, PictureOnAPageHasTheDialogsColourAtItsCorners) {
+  StartWith(0x0126);
+  Press(kSettingButton);
+  const auto corners = [&] {
+    const Pixels pixels = PixelsOfControl(res::kSetting, kHardwareReset);
+    const auto width = static_cast<std::size_t>(desk.PlaceOf(res::kSetting, kHardwareReset).width);
+    const std::size_t last = pixels.size() - 1;
+    Pixels found;
+    for (const std::size_t corner : {std::size_t{0}, width - 1, last - width + 1, last}) {
+      found.push_back(pixels[corner]);
+    }
+    return found;
+  };
+  const auto brightest = [&] {  // of the first line, with the smoothed rim of the button
+    const Pixels pixels = PixelsOfControl(res::kSetting, kHardwareReset);
+    const auto width = desk.PlaceOf(res::kSetting, kHardwareReset).width;
+    int most = 0;
+    for (int i = 0; i < 2 * width; ++i) {
+      most = std::max<int>(most, GetGValue(pixels[static_cast<std::size_t>(i)]));
+    }
+    return most;
+  };
+  for (const COLORREF face : {kFace, RGB(0xF0, 0xF0, 0xF0), RGB(0xFF, 0xE0, 0xC0)}) {
+    UseColours({{COLOR_3DFACE, face}}, false);
+    EXPECT_EQ(corners(), Pixels(4, face)) << face;
+    EXPECT_LE(brightest(), GetGValue(face));
+  }
 }
 
 // A level is told by a bar in the same colours as a slider.
