@@ -114,10 +114,10 @@ class Page : public ui::DialogEvents {
     if (choice != nullptr) Window().SetText(control, choice->text);
   }
 
-  // Marks the frames of what the operator chose and the box was not told yet. Apply is lit when
-  // there is such a value, or `more` to tell.
+  // Marks the frames and edits of what the operator chose and the box was not told yet. Apply is
+  // lit when there is such a value, or `more` to tell.
   struct PendingValue {
-    int frame;
+    int frame;  // or the edit itself
     bool pending;
   };
   void MarkPending(std::initializer_list<PendingValue> values, bool more = false) {

@@ -13,6 +13,7 @@ namespace panelora::ui {
 enum class Notification {
   kClicked,           // a button was pressed
   kSelectionChanged,  // another item of a combo box was chosen
+  kTyped,             // the operator changed the text of an edit
 };
 
 // How a control stands out beside what it says.

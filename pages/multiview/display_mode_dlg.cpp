@@ -78,6 +78,7 @@ void CDisplayModeDlg::Init(ui::SerialHandle serial) {
     SetCaption(Window(), row.edit, "");
     Window().SetTextLimit(row.edit, static_cast<int>(kLabelLength));
   }
+  toldLabels = {};
   ResetView();
 }
 
@@ -180,9 +181,11 @@ void CDisplayModeDlg::ReadLabels() {
     labelsState = toldState = bytes[0];
     ShowLabelsState();
   }
-  for (const LabelRow& row : kLabelRows) {
+  for (std::size_t i = 0; i < std::size(kLabelRows); ++i) {
+    const LabelRow& row = kLabelRows[i];
     if (Read(InputLabel(row.sub), bytes)) {
       Window().SetText(row.edit, TextOfLabel(std::span(bytes).first<kLabelLength>()));
+      toldLabels[i] = Window().Text(row.edit);
     }
   }
 }
@@ -194,7 +197,17 @@ void CDisplayModeDlg::ShowPending() {
                {kMain.frame, sends && channels.main != toldChannels.main},
                {kSub.frame, sends && channels.sub != toldChannels.sub},
                {kSub2.frame, sends && channels.sub2 != toldChannels.sub2},
-               {kLabels.frame, WritesLabels() && labelsState != toldState}});
+               {kLabels.frame, WritesLabels() && labelsState != toldState},
+               {kLabelRows[0].edit, IsTyped(0)},
+               {kLabelRows[1].edit, IsTyped(1)},
+               {kLabelRows[2].edit, IsTyped(2)},
+               {kLabelRows[3].edit, IsTyped(3)}});
+}
+
+// Labels are sent with the state that shows them.
+bool CDisplayModeDlg::IsTyped(std::size_t row) {
+  return WritesLabels() && labelsState == 1 &&
+         Window().Text(kLabelRows[row].edit) != toldLabels[row];
 }
 
 void CDisplayModeDlg::ShowMode() {
@@ -240,6 +253,10 @@ void CDisplayModeDlg::OnCommand(int control, ui::Notification what) {
       {kSub.next, &CDisplayModeDlg::OnNextSub},
       {kSub2.next, &CDisplayModeDlg::OnNextSub2},
       {kLabels.next, &CDisplayModeDlg::OnNextLabelsState},
+      {kLabelRows[0].edit, &CDisplayModeDlg::ShowPending, ui::Notification::kTyped},
+      {kLabelRows[1].edit, &CDisplayModeDlg::ShowPending, ui::Notification::kTyped},
+      {kLabelRows[2].edit, &CDisplayModeDlg::ShowPending, ui::Notification::kTyped},
+      {kLabelRows[3].edit, &CDisplayModeDlg::ShowPending, ui::Notification::kTyped},
   };
   DispatchCommand(*this, kCommands, control, what);
 }
@@ -336,8 +353,9 @@ void CDisplayModeDlg::WriteLabels() {
   if (labelsState == 0) EnableLabels(false);
   if (labelsState != 1) return;
   EnableLabels(true);
-  for (const LabelRow& row : kLabelRows) {
-    Write(InputLabel(row.sub), CentredLabel(Window().Text(row.edit)));
+  for (std::size_t i = 0; i < std::size(kLabelRows); ++i) {
+    toldLabels[i] = Window().Text(kLabelRows[i].edit);
+    Write(InputLabel(kLabelRows[i].sub), CentredLabel(toldLabels[i]));
   }
 }
 

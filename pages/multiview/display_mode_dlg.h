@@ -6,6 +6,7 @@
 #pragma once
 
 #include <array>
+#include <string>
 
 #include "catalogue/channel_table.h"
 #include "catalogue/codecs.h"
@@ -75,6 +76,7 @@ class CDisplayModeDlg final : public Page {
   void ShowLabelsState();
   void ShowChannelsOfCode();
   void ShowCodeOfChannels();
+  bool IsTyped(std::size_t row);
   void ShowNames(const ChannelChoice& choice);
   void EnableLabels(bool enabled);
   void WriteModeAndCode();
@@ -93,6 +95,7 @@ class CDisplayModeDlg final : public Page {
   std::uint8_t toldMode = 1;
   Channels toldChannels;
   std::uint8_t toldState = 0;
+  std::array<std::string, 4> toldLabels;                 // as they are in the edits then
   std::array<std::uint8_t, kCodesHeld> codeByMode = {};  // of modes 1 to 10; 0 = none
   int view = 0;  // 0 display mode, 1 input labels, else nothing
 };

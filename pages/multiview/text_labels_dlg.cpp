@@ -40,6 +40,7 @@ void CTextLabelsDlg::Refresh(ui::SerialHandle serial) {
   BlockBuffer bytes{};
   if (Read(multiview::kTextLabel, bytes)) {
     Window().SetText(kLabel, TextOfLabel(std::span(bytes).subspan<1, kLabelLength>()));
+    toldLabel = Window().Text(kLabel);
     labelState = toldState = bytes[0];
     ShowState();
     EnableLabel();
@@ -47,7 +48,10 @@ void CTextLabelsDlg::Refresh(ui::SerialHandle serial) {
   ShowPending();
 }
 
-void CTextLabelsDlg::ShowPending() { MarkPending({{kState.frame, labelState != toldState}}); }
+void CTextLabelsDlg::ShowPending() {
+  MarkPending(
+      {{kState.frame, labelState != toldState}, {kLabel, Window().Text(kLabel) != toldLabel}});
+}
 
 void CTextLabelsDlg::ShowState() {
   ShowChoice(kState.value, multiview::TextLabelStates(), labelState);
@@ -61,6 +65,7 @@ void CTextLabelsDlg::EnableLabel() {
 void CTextLabelsDlg::OnCommand(int control, ui::Notification what) {
   static constexpr CommandRow<CTextLabelsDlg> kCommands[] = {
       {kState.next, &CTextLabelsDlg::OnNextState},
+      {kLabel, &CTextLabelsDlg::ShowPending, ui::Notification::kTyped},
   };
   DispatchCommand(*this, kCommands, control, what);
 }
@@ -75,7 +80,8 @@ void CTextLabelsDlg::OnNextState() {
 
 void CTextLabelsDlg::Apply() {
   std::array<std::uint8_t, 1 + kLabelLength> bytes = {labelState};
-  const LabelField label = CentredLabel(Window().Text(kLabel));
+  toldLabel = Window().Text(kLabel);
+  const LabelField label = CentredLabel(toldLabel);
   std::copy(label.begin(), label.end(), bytes.begin() + 1);
   Write(multiview::kTextLabel, bytes);
   toldState = labelState;

@@ -2,6 +2,8 @@
 // writes both.
 #pragma once
 
+#include <string>
+
 #include "pages/page.h"
 #include "res/dialog_templates.h"
 
@@ -35,6 +37,7 @@ class CTextLabelsDlg final : public Page {
 
   std::uint8_t labelState = 0;  // 0 off, 1 on, 2 the box's default label
   std::uint8_t toldState = 0;   // the one that the box told, or was told
+  std::string toldLabel;        // the text that is in the edit then
 };
 
 }  // namespace panelora

@@ -1,6 +1,7 @@
 #include "platform/memory/memory_toolkit.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "res/dialog_templates.h"
 #include "ui/reading_order.h"
@@ -318,12 +319,13 @@ void MemoryDialog::Type(int control, std::string_view text) {
   MemoryControl* found = FindForChange(control);
   if (!TakesInput(found)) return;
   FocusAndPaint(control);
-  found->text.clear();
+  const std::string before = std::exchange(found->text, {});
   for (const char character : text) {
     const bool isControl = static_cast<unsigned char>(character) < ' ' || character == 0x7F;
     if (isControl) continue;  // an edit has no place for them
     if (found->text.size() < static_cast<std::size_t>(found->textLimit)) found->text += character;
   }
+  if (found->text != before) events.OnCommand(control, ui::Notification::kTyped);
 }
 
 void MemoryDialog::Drag(int control, int position) {

@@ -278,6 +278,13 @@ RECT Win32Dialog::ReadoutOf(const Win32Control& control) const {
   return Scaled({place.x, place.y + kAbove, place.width, place.height - kAbove - kBelow});
 }
 
+// Where an edit whose text is to be applied is marked, left of it.
+RECT Win32Dialog::BarOfEdit(const Win32Control& control) const {
+  constexpr int kWidth = 4;
+  const ui::Rect& place = control.rect;
+  return Scaled({place.x - 2 - kWidth, place.y, kWidth, place.height});
+}
+
 bool Win32Dialog::LiesInReadout(const Win32Control& control) const {
   const RECT place = Scaled(control.rect);
   const POINT middle = {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
@@ -303,9 +310,13 @@ bool Win32Dialog::EraseWithReadouts(HDC context) {
   GetClientRect(window, &client);
   FillRect(context, &client, GetSysColorBrush(COLOR_3DFACE));
   for (const auto& [id, control] : controls) {
+    const bool pending = control.mark == ui::Mark::kPending;
+    if (control.shown && pending && control.kind == ui::ControlKind::kEdit) {
+      const RECT bar = BarOfEdit(control);
+      FillRect(context, &bar, toolkit.Gdi().BrushFor(look.accent));
+    }
     if (!control.shown || !control.IsReadout()) continue;
     const RECT place = ReadoutOf(control);
-    const bool pending = control.mark == ui::Mark::kPending;
     toolkit.Gdi().DrawRounded(context, place, look.readout, pending ? look.accent : look.readoutRim,
                               Scaled(5));
     if (!pending) continue;

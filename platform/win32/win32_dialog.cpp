@@ -206,6 +206,9 @@ void Win32Dialog::OnCommandMessage(int control, UINT code) {
     case ui::ControlKind::kCombo:
       if (code == CBN_SELCHANGE) events.OnCommand(control, ui::Notification::kSelectionChanged);
       break;
+    case ui::ControlKind::kEdit:
+      if (code == EN_CHANGE && !showsText) events.OnCommand(control, ui::Notification::kTyped);
+      break;
     default:
       break;
   }
@@ -327,7 +330,9 @@ std::string Win32Dialog::Text(int control) const {
 void Win32Dialog::ShowText(Win32Control& control) {
   control.textChanged = false;
   if (WindowText(WindowOf(control)) == control.text) return;  // an equal text would only flicker
+  showsText = true;
   SetWindowTextA(WindowOf(control), control.text.c_str());
+  showsText = false;
   if (control.kind == ui::ControlKind::kLabel) Repaint(control);
 }
 
@@ -383,6 +388,9 @@ void Win32Dialog::SetMark(int control, ui::Mark mark) {
   found->second.mark = mark;
   if (found->second.IsReadout()) {
     RepaintReadout(found->second);
+  } else if (found->second.kind == ui::ControlKind::kEdit) {
+    const RECT bar = BarOfEdit(found->second);
+    if (IsSeen()) PaintAnew(&bar);
   } else {
     Repaint(found->second);
   }

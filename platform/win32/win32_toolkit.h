@@ -139,6 +139,7 @@ class Win32Dialog final : public ui::Dialog {
   void DrawThumb(const NMCUSTOMDRAW& draw, const RECT& thumb);
   bool EraseWithReadouts(HDC context);
   RECT ReadoutOf(const Win32Control& control) const;
+  RECT BarOfEdit(const Win32Control& control) const;
   bool LiesInReadout(const Win32Control& control) const;
   void RepaintReadout(const Win32Control& control);
   void PaintAnew(const RECT* part = nullptr);
@@ -172,6 +173,7 @@ class Win32Dialog final : public ui::Dialog {
   bool live = false;       // events are passed on: between creation and destruction
   bool pageShown = false;  // of a page, as it was asked for
   bool unsettled = false;  // its windows do not have all that was asked for yet
+  bool showsText = false;  // a text is given to a window, which tells of it as if it were typed
   int dpi = 96;
   ui::Rect rect;  // 96 dpi: a page's place, a framed window's client size
   int behind = 0;

@@ -154,6 +154,54 @@ TEST_F(MarksTest, LabelsArePendingInTheirView) {
   EXPECT_EQ(Apply(), Mark::kNone);
 }
 
+// Typed texts too; they are sent with the state that shows them.
+TEST_F(MarksTest, TypedLabelIsPendingUntilItIsAppliedOrTakenBack) {
+  StartWith(Identity{15, 0, 0, 0, 0}, 289);
+  box.Block(20) = {1};
+  panel->OpenPage(PageCode::kDisplayMode);
+  Press(kPageUpButton);
+  desk.Press(res::kDisplayMode, 1062);
+  desk.Press(res::kDisplayMode, 1062);
+  Press(kApplyButton);
+  const auto label = [&](int edit) { return desk.MarkOf(res::kDisplayMode, edit); };
+  EXPECT_EQ(Apply(), Mark::kNone);
+  const std::string told = desk.Text(res::kDisplayMode, 1110);
+  desk.Type(res::kDisplayMode, 1110, "CAM 2");
+  EXPECT_EQ(label(1109), Mark::kNone);
+  EXPECT_EQ(label(1110), Mark::kPending);
+  EXPECT_EQ(Apply(), Mark::kPending);
+  desk.Type(res::kDisplayMode, 1110, told);
+  EXPECT_EQ(label(1110), Mark::kNone);
+  EXPECT_EQ(Apply(), Mark::kNone);
+  desk.Type(res::kDisplayMode, 1112, "CAM 4");
+  EXPECT_EQ(label(1112), Mark::kPending);
+  Press(kApplyButton);
+  EXPECT_EQ(label(1112), Mark::kNone);
+  EXPECT_EQ(Apply(), Mark::kNone);
+  desk.Type(res::kDisplayMode, 1112, "CAM 5");
+  desk.Press(res::kDisplayMode, 1062);  // off: no label is sent
+  EXPECT_EQ(label(1112), Mark::kNone);
+  EXPECT_EQ(desk.MarkOf(res::kDisplayMode, 1007), Mark::kPending);
+}
+
+TEST_F(MarksTest, TypedTextLabelIsPendingUntilItIsAppliedOrReadAnew) {
+  StartWith(Identity{46, 0, 0, 0, 0});
+  box.Block(41) = {1, 'O', 'N', ' ', 'A', 'I', 'R'};
+  panel->OpenPage(PageCode::kTextLabels);
+  const auto label = [&] { return desk.MarkOf(res::kTextLabels, 1115); };
+  EXPECT_EQ(label(), Mark::kNone);
+  desk.Type(res::kTextLabels, 1115, "STUDIO");
+  EXPECT_EQ(label(), Mark::kPending);
+  EXPECT_EQ(Apply(), Mark::kPending);
+  Press(kApplyButton);
+  EXPECT_EQ(label(), Mark::kNone);
+  EXPECT_EQ(Apply(), Mark::kNone);
+  desk.Type(res::kTextLabels, 1115, "STUDIO 2");
+  panel->OpenPage(PageCode::kTextLabels);
+  EXPECT_EQ(label(), Mark::kNone);
+  EXPECT_EQ(Apply(), Mark::kNone);
+}
+
 // Delays are on the box at once, but as a preview.
 TEST_F(MarksTest, PreviewedDelayIsThereToBeApplied) {
   StartWith(Identity{30, 0, 0, 0, 0});

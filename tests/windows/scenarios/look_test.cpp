@@ -223,6 +223,28 @@ TEST_F(LookTest, BarIsFilledUpToItsLevel) {
   EXPECT_GT(filled(), first);
 }
 
+// Beside the edit, which the system draws.
+TEST_F(LookTest, TypedTextHasAnAccentBesideIt) {
+  StartWith(Identity{46, 0, 0, 0, 0});
+  box.Block(41) = {1};
+  panel->OpenPage(PageCode::kTextLabels);
+  constexpr int kLabel = 1115;
+  const auto marked = [&] {
+    desk.Settle();
+    ui::Rect beside = desk.PlaceOf(res::kTextLabels, kLabel);
+    beside.x -= 8;
+    beside.width = 8;
+    const HWND window = WindowsOf(desk).Find(res::kTextLabels)->Handle();
+    return Has(PixelsOf(window, beside),
+               RGB(GetBValue(kAccent), GetGValue(kAccent), GetRValue(kAccent)));
+  };
+  EXPECT_FALSE(marked());
+  desk.Type(res::kTextLabels, kLabel, "ON AIR");
+  EXPECT_TRUE(marked());
+  Press(kApplyButton);
+  EXPECT_FALSE(marked());
+}
+
 // A slider's thumb is held wherever it is seen, and its track is filled up to it.
 TEST_F(LookTest, SliderIsFilledUpToItsThumb) {
   StartWith(0x0126);
