@@ -160,7 +160,7 @@ void GdiCache::MatchSurround(HBITMAP bitmap) {
   }
   const BITMAP& info = section.dsBm;
   const int bytes = info.bmBitsPixel / 8;
-  const auto pixel = [&](int x, int y) {
+  const auto pixel = [&](std::ptrdiff_t x, std::ptrdiff_t y) {
     return static_cast<BYTE*>(info.bmBits) + y * info.bmWidthBytes + x * bytes;
   };
   const auto isSurround = [&](int x, int y) {
