@@ -37,31 +37,41 @@ constexpr std::uint8_t kBrandOfMode9As5 = 8;
 }  // namespace
 
 BoxModel::BoxModel(const Identity& theIdentity, std::uint32_t theFirmware, Clock theClock)
-    : identity(theIdentity), firmware(theFirmware), clock(std::move(theClock)) {
-  RestoreEverything();
+    : clock(std::move(theClock)), own(std::make_unique<BoxMemory>()), memory(*own) {
+  memory.present = true;
+  Become(theIdentity, theFirmware);
 }
 
 void BoxModel::Become(const Identity& newIdentity, std::uint32_t newFirmware) {
-  identity = newIdentity;
-  firmware = newFirmware;
-  restarting = false;
+  memory.identity = newIdentity;
+  memory.firmware = newFirmware;
+  memory.restarting = false;
   RestoreEverything();
 }
 
-std::vector<std::uint8_t>& BoxModel::Block(std::uint8_t property, std::uint8_t sub) {
-  return blocks[{property, sub}];
+KeptBlock& BoxModel::Block(std::uint8_t property, std::uint8_t sub) {
+  if (sub == kNoSub) return memory.blocks[property];
+  if (property == multiview::InputLabel(sub).number && sub < BoxMemory::kSubs) {
+    return memory.labels[sub - 1U];
+  }
+  return noBlock = {};
 }
 
-WordBuffer& BoxModel::Word(std::uint32_t item) { return words[item]; }
+WordBuffer& BoxModel::Word(std::uint32_t item) {
+  if (item >= BoxMemory::kNumbers) return noWord;
+  memory.words[item].held = true;
+  return memory.words[item].words;
+}
 
 void BoxModel::RestoreEverything() {
-  blocks.clear();
-  words.clear();
-  const auto identityBlock = EncodeIdentity(identity);
+  memory.blocks = {};
+  memory.labels = {};
+  memory.words = {};
+  const auto identityBlock = EncodeIdentity(memory.identity);
   Block(kIdentityBlock.number).assign(identityBlock.begin(), identityBlock.end());
-  Word(information::FirmwareOf(identity.boxType).number) = EncodeFirmware(firmware);
+  Word(information::FirmwareOf(memory.identity.boxType).number) = EncodeFirmware(memory.firmware);
   RestoreProcAmp();
-  for (const Default& each : DefaultsOf(identity, firmware)) Store(each);
+  for (const Default& each : DefaultsOf(memory.identity, memory.firmware)) Store(each);
   if (IsModel26()) ReportInputFormat();
 }
 
@@ -73,17 +83,17 @@ void BoxModel::Store(const Default& value) {
   }
 }
 
-void BoxModel::RestoreProcAmp() { picture = ProcAmpBytes{}; }
+void BoxModel::RestoreProcAmp() { memory.picture = ProcAmpBytes{}; }
 
 // What a command restores; the rest stays.
 void BoxModel::Restore(std::initializer_list<Address> addresses) {
-  for (const Default& each : DefaultsOf(identity, firmware)) {
+  for (const Default& each : DefaultsOf(memory.identity, memory.firmware)) {
     if (std::find(addresses.begin(), addresses.end(), each.at) != addresses.end()) Store(each);
   }
 }
 
 void BoxModel::ReportInputFormat() {
-  std::vector<std::uint8_t>& told = Block(kInputFormat.number);
+  KeptBlock& told = Block(kInputFormat.number);
   told.assign(kInputFormat.readLength, 0);
   for (const InputRow& row : kInputs) {
     if (row.source != Word(kInputSource.number)[0]) continue;
@@ -93,29 +103,30 @@ void BoxModel::ReportInputFormat() {
 }
 
 bool BoxModel::HasTwoWords(std::uint32_t item) const {
-  if (item == information::FirmwareOf(identity.boxType).number) return true;
+  if (item == information::FirmwareOf(memory.identity.boxType).number) return true;
   const std::span<const information::Told> rows = information::Rows();
   return std::any_of(rows.begin(), rows.end(), [&](const information::Told& told) {
-    return told.tells == information::Tells::kFormatCode && told.types.Has(identity.boxType) &&
-           told.at.number == item;
+    return told.tells == information::Tells::kFormatCode &&
+           told.types.Has(memory.identity.boxType) && told.at.number == item;
   });
 }
 
-bool BoxModel::IsRestarting() const { return restarting && Now() - restartedAt < kRestartTime; }
+bool BoxModel::IsRestarting() const {
+  return memory.restarting && Now() - memory.restartedAt < kRestartTime;
+}
 
 DeviceHandle BoxModel::Open(std::uint32_t mode) {
   if (mode != kOpenMode || !IsPresent()) return kNoBox;
-  restarting = false;
+  memory.restarting = false;
   return kHandle;
 }
 
 int BoxModel::GetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std::uint8_t sub,
                                  std::uint8_t length, BlockBuffer& out) {
-  const auto found = blocks.find({property, sub});
-  if (!Answers(handle) || found == blocks.end() || found->second.empty()) return kFailure;
+  const KeptBlock& found = Block(property, sub);
+  if (!Answers(handle) || found.empty()) return kFailure;
   std::fill_n(out.begin(), length, std::uint8_t{0});
-  const std::size_t held = std::min<std::size_t>(length, found->second.size());
-  std::copy_n(found->second.begin(), held, out.begin());
+  std::copy_n(found.begin(), std::min<std::size_t>(length, found.size()), out.begin());
   return kSuccess;
 }
 
@@ -125,13 +136,13 @@ int BoxModel::SetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std
   if (StoreToldElsewhere(panelora::Block(property), bytes[0])) return kSuccess;
   // One byte on that property opens a function of the box; only type 51 keeps its display mode
   // there.
-  const bool keepsMode = multiview::kByBlock.Has(identity.boxType);
+  const bool keepsMode = multiview::kByBlock.Has(memory.identity.boxType);
   if (property == kBoxMenu.number && length == 1 && !keepsMode) return kSuccess;
-  if (multiview::kModels.Has(identity.boxType) && StoreMultiView(property, length, bytes)) {
+  if (multiview::kModels.Has(memory.identity.boxType) && StoreMultiView(property, length, bytes)) {
     return kSuccess;
   }
-  std::vector<std::uint8_t>& stored = Block(property, sub);
-  const genlock::Model* model = genlock::Find(identity.boxType);
+  KeptBlock& stored = Block(property, sub);
+  const genlock::Model* model = genlock::Find(memory.identity.boxType);
   if (model != nullptr && property == model->delays.number && length == 5) {
     // A preview acts like the final value.
     const Bytes4 told = EncodeToldDelays(DecodeTakenDelays(bytes));
@@ -146,9 +157,9 @@ int BoxModel::SetKiraboxProperty(DeviceHandle handle, std::uint8_t property, std
 
 int BoxModel::GetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint32_t item,
                              WordBuffer& out) {
-  const auto found = words.find(item);
-  if (!Answers(handle) || group != kBoxGroup || found == words.end()) return kFailure;
-  out = found->second;
+  if (!Answers(handle) || group != kBoxGroup || item >= BoxMemory::kNumbers) return kFailure;
+  if (!memory.words[item].held) return kFailure;
+  out = memory.words[item].words;
   return kSuccess;
 }
 
@@ -159,18 +170,18 @@ int BoxModel::SetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint
     RunCommand(value);
     return kSuccess;
   }
-  if (multiview::kByWord.Has(identity.boxType) && item == multiview::kModeWord.number) {
-    const bool asMode5 = identity.brandCode == kBrandOfMode9As5 && value == 9;
-    std::vector<std::uint8_t>& multiView = Block(multiview::kModes.number);
+  if (multiview::kByWord.Has(memory.identity.boxType) && item == multiview::kModeWord.number) {
+    const bool asMode5 = memory.identity.brandCode == kBrandOfMode9As5 && value == 9;
+    KeptBlock& multiView = Block(multiview::kModes.number);
     if (!multiView.empty()) multiView[0] = static_cast<std::uint8_t>(asMode5 ? 5 : value);
     return kSuccess;
   }
-  if (multiview::kByWord.Has(identity.boxType) && item == multiview::kCodeWord.number) {
+  if (multiview::kByWord.Has(memory.identity.boxType) && item == multiview::kCodeWord.number) {
     StoreChannelCode(static_cast<std::uint8_t>(value));
     return kSuccess;
   }
   // What is told to the item of the firmware version is a command: the version stays.
-  if (item == information::FirmwareOf(identity.boxType).number) return kSuccess;
+  if (item == information::FirmwareOf(memory.identity.boxType).number) return kSuccess;
   Word(item) = {value, 0};
   if (IsModel26() && item == kInputSource.number) ReportInputFormat();
   return kSuccess;
@@ -190,7 +201,7 @@ bool BoxModel::StoreMultiView(std::uint8_t property, std::uint8_t length,
     Block(property) = isInset1 ? FirstInset1() : FirstInset2();
     return true;
   }
-  if (!isInset1 || !multiview::kByWord.Has(identity.boxType)) return false;
+  if (!isInset1 || !multiview::kByWord.Has(memory.identity.boxType)) return false;
   const PipWindow inset = DecodePipWindow(bytes, ByteOrder::kBig);
   const Bytes8 told = EncodePipWindow(inset, ByteOrder::kLittle);
   Block(property).assign(told.begin(), told.end());
@@ -199,23 +210,24 @@ bool BoxModel::StoreMultiView(std::uint8_t property, std::uint8_t length,
 
 // Each mode remembers the combination that was last used in it.
 void BoxModel::StoreChannelCode(std::uint8_t code) {
-  const std::vector<std::uint8_t>& multiView = Block(multiview::kModes.number);
+  const KeptBlock& multiView = Block(multiview::kModes.number);
   const std::uint8_t reported = multiView.empty() ? std::uint8_t{0} : multiView[0];
-  const bool isMode9 = identity.brandCode == kBrandOfMode9As5 && reported == 5;
+  const bool isMode9 = memory.identity.brandCode == kBrandOfMode9As5 && reported == 5;
   const std::size_t slot = isMode9 ? 9 : reported;
-  std::vector<std::uint8_t>& codes = Block(multiview::kCodes.number);
+  KeptBlock& codes = Block(multiview::kCodes.number);
   if (slot >= 1 && slot <= codes.size()) codes[slot - 1] = code;
 }
 
 // An option that is told in one place and reported in another; false when it is none.
 bool BoxModel::StoreToldElsewhere(const Address& at, std::uint8_t value) {
   for (const Kept& told : audio::Options().kept) {
-    if (told.access != Access::kWriteOnly || told.at != at || !told.Serves(identity, firmware)) {
+    if (told.access != Access::kWriteOnly || told.at != at ||
+        !told.Serves(memory.identity, memory.firmware)) {
       continue;
     }
     for (const Kept& kept : audio::Options().kept) {
       if (kept.option != told.option || kept.access != Access::kReadOnly) continue;
-      if (kept.Serves(identity, firmware)) Store({kept.at, {value}});
+      if (kept.Serves(memory.identity, memory.firmware)) Store({kept.at, {value}});
     }
     return true;
   }
@@ -224,9 +236,10 @@ bool BoxModel::StoreToldElsewhere(const Address& at, std::uint8_t value) {
 
 // What models with pass-through report of their output after it was set.
 void BoxModel::ReportOutput(std::uint8_t property, std::uint8_t value) {
-  if (!video::kPassThrough.Has(identity.boxType)) return;
+  if (!video::kPassThrough.Has(memory.identity.boxType)) return;
   for (const Kept& kept : video::Options().kept) {
-    const bool isFormat = kept.option == video::kOutputFormat && kept.types.Has(identity.boxType);
+    const bool isFormat =
+        kept.option == video::kOutputFormat && kept.types.Has(memory.identity.boxType);
     if (isFormat && kept.at == panelora::Block(property)) {
       Word(video::kOutputFormatReport.number) = {value, 0};
     }
@@ -245,12 +258,12 @@ void BoxModel::RunCommand(std::uint32_t number) {
       Restore({picture::kRgb});
       break;
     case command::kImageRestore:
-      Restore({image::Find(identity)->position, image::Find(identity)->size});
+      Restore({image::Find(memory.identity)->position, image::Find(memory.identity)->size});
       break;
     case command::kHardwareReset:
       RestoreEverything();
-      restarting = true;
-      restartedAt = Now();
+      memory.restarting = true;
+      memory.restartedAt = Now();
       break;
     default:
       break;
@@ -259,20 +272,20 @@ void BoxModel::RunCommand(std::uint32_t number) {
 
 int BoxModel::GetKiraboxProcAmp(DeviceHandle handle, ProcAmpBytes& out) {
   if (!Answers(handle)) return kFailure;
-  out = picture;
+  out = memory.picture;
   return kSuccess;
 }
 
 std::uint8_t* BoxModel::ProcAmpValue(std::uint32_t control) {
   switch (control) {
     case proc_amp::kBrightness:
-      return &picture.brightness;
+      return &memory.picture.brightness;
     case proc_amp::kContrast:
-      return &picture.contrast;
+      return &memory.picture.contrast;
     case proc_amp::kHue:
-      return &picture.hue;
+      return &memory.picture.hue;
     case proc_amp::kSaturation:
-      return &picture.saturation;
+      return &memory.picture.saturation;
     default:
       return nullptr;
   }

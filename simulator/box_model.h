@@ -6,14 +6,14 @@
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
-#include <map>
-#include <utility>
+#include <memory>
 #include <vector>
 
 #include "catalogue/defaults.h"
 #include "device/box_types.h"
 #include "device/device_link.h"
 #include "device/identity.h"
+#include "simulator/box_memory.h"
 
 namespace panelora::simulator {
 
@@ -30,17 +30,22 @@ class BoxModel final : public DeviceLink {
   explicit BoxModel(const Identity& theIdentity = kDefaultIdentity,
                     std::uint32_t theFirmware = kDefaultFirmware, Clock theClock = {});
 
+  // The box that `theMemory` holds, which outlives this; it stays as it is.
+  BoxModel(BoxMemory& theMemory, Clock theClock) : clock(std::move(theClock)), memory(theMemory) {}
+
   // Unplugs the box and plugs it in again; it keeps its settings.
-  void SetPresent(bool nowPresent) { present = nowPresent; }
-  bool IsPresent() const { return present && !IsRestarting(); }
+  void SetPresent(bool nowPresent) { memory.present = nowPresent; }
+  bool IsPresent() const { return memory.present && !IsRestarting(); }
   // Makes the box another one, with that one's defaults.
   void Become(const Identity& newIdentity, std::uint32_t newFirmware);
+  // As the maker's defaults have it, and at once.
+  void Reset() { Become(memory.identity, memory.firmware); }
 
   // The box's memory: what reads answer. A block that the model does not have is empty and its
-  // reads fail.
-  std::vector<std::uint8_t>& Block(std::uint8_t property, std::uint8_t sub = 0);
-  WordBuffer& Word(std::uint32_t item);
-  ProcAmpBytes& Picture() { return picture; }
+  // reads fail; one that no box can have is empty whatever is put there.
+  KeptBlock& Block(std::uint8_t property, std::uint8_t sub = 0);
+  WordBuffer& Word(std::uint32_t item);  // has the item from now on
+  ProcAmpBytes& Picture() { return memory.picture; }
   // The items of which a library fills two words; of the others one.
   bool HasTwoWords(std::uint32_t item) const;
 
@@ -62,7 +67,7 @@ class BoxModel final : public DeviceLink {
  private:
   bool Answers(DeviceHandle handle) const { return handle == kHandle && IsPresent(); }
   bool IsRestarting() const;
-  bool IsModel26() const { return kShippedType.Has(identity.boxType); }
+  bool IsModel26() const { return kShippedType.Has(memory.identity.boxType); }
   std::uint64_t Now() const { return clock ? clock() : 0; }
   void RestoreEverything();
   void Store(const Default& value);
@@ -76,15 +81,11 @@ class BoxModel final : public DeviceLink {
   void RunCommand(std::uint32_t number);
   std::uint8_t* ProcAmpValue(std::uint32_t control);
 
-  Identity identity;
-  std::uint32_t firmware;
   Clock clock;
-  bool present = true;
-  bool restarting = false;
-  std::uint64_t restartedAt = 0;
-  std::map<std::pair<std::uint8_t, std::uint8_t>, std::vector<std::uint8_t>> blocks;
-  std::map<std::uint32_t, WordBuffer> words;
-  ProcAmpBytes picture;
+  std::unique_ptr<BoxMemory> own;  // where it is this object's alone
+  BoxMemory& memory;
+  KeptBlock noBlock{};
+  WordBuffer noWord{};
 };
 
 }  // namespace panelora::simulator
