@@ -58,6 +58,8 @@ struct FormatNameRow {
   const char* dividedName;  // at 1/1.001 of the rate; blank where there is no such format
 };
 
+constexpr std::uint8_t kNoSignalCode = 91;
+
 constexpr FormatNameRow kFormatNames[] = {
     {0, "720x480 59.94i", "720x480 59.94i"},
     {89, "720x480 59.94i", "720x480 59.94i"},
@@ -82,7 +84,7 @@ constexpr FormatNameRow kFormatNames[] = {
     {93, "1920x1080 24.00s", "1920x1080 23.98s"},
     {92, "1920x1035 60.00i", "1920x1035 59.94i"},
     // Two different spellings, both deliberate.
-    {91, "-  NO  SIGNAL  -", "-  NO SIGNAL  - "},
+    {kNoSignalCode, "-  NO  SIGNAL  -", "-  NO SIGNAL  - "},
 };
 
 // Box type 19 has formats only below this code.
@@ -148,6 +150,17 @@ std::string InputFormatName(std::uint8_t boxType, std::uint8_t code, bool divide
     if (row.code == code) return divided ? row.dividedName : row.name;
   }
   return kNoSignalText;
+}
+
+std::optional<WordBuffer> InputFormatCode(std::uint8_t boxType, const std::string& name) {
+  if (name.empty()) return WordBuffer{kNoSignalCode, 0};
+  for (const FormatNameRow& row : kFormatNames) {
+    if (row.code == kNoSignalCode) continue;
+    if (kWithFewFormats.Has(boxType) && row.code >= kFirstMissingCode) continue;
+    if (row.name == name) return WordBuffer{row.code, 0};
+    if (row.dividedName == name) return WordBuffer{row.code, 1};
+  }
+  return std::nullopt;
 }
 
 Address FirmwareOf(std::uint8_t boxType) {

@@ -4,6 +4,9 @@
 // for are known; which model shows which of them, and from which property, is chosen.
 #pragma once
 
+#include <optional>
+#include <string>
+
 #include "catalogue/codecs.h"
 #include "catalogue/kept.h"
 
@@ -69,6 +72,10 @@ const char* InputCaption(std::uint8_t boxType, Row row);
 // The name of an input format code; `divided` = the rate is 1/1.001 of the nominal one, which is
 // blank where there is no such format. The no-signal text when the code has no name.
 std::string InputFormatName(std::uint8_t boxType, std::uint8_t code, bool divided);
+
+// The two words that tell an input format of that name ("1920x1080 59.94i"; empty = no signal);
+// nothing when it has no code on that type.
+std::optional<WordBuffer> InputFormatCode(std::uint8_t boxType, const std::string& name);
 
 // "0.1.1.2" from 0x0112: four hexadecimal digits, most significant first.
 std::string FirmwareText(std::uint32_t version);
