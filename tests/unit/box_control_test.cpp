@@ -1,0 +1,120 @@
+// What bench and boxctl change of the shared box.
+#include "simulator/box_control.h"
+
+#include <gtest/gtest.h>
+
+#include "catalogue/information.h"
+#include "simulator/benched_box.h"
+#include "tests/support/fake_host.h"
+
+namespace panelora::simulator {
+namespace {
+
+using panelora::testing::FakeHost;
+using panelora::testing::NewSharedBox;
+using Bytes = std::vector<std::uint8_t>;
+
+class BoxControlTest : public ::testing::Test {
+ protected:
+  std::unique_ptr<SharedBox> shared = NewSharedBox();
+  FakeHost host;
+  BoxControl control{*shared, host, By::kBoxctl};
+
+  Bytes At(const Address& at) { return BytesAt(control.LookAt()->box, at); }
+  // What the Information page would show of the first input.
+  std::string InputText(std::uint8_t property, ByteOrder order, std::size_t first = 0) {
+    const Bytes bytes = At(Block(property));
+    const VideoFormat format = DecodeFormat(std::span(bytes).subspan(first), order);
+    const bool isInterlaced = order == ByteOrder::kBig ? format.scan == 1 : format.scan == 0;
+    return TextOf(format, isInterlaced ? "i" : "p");
+  }
+};
+
+TEST_F(BoxControlTest, FreshBoxIsTheShippedOne) {
+  const auto look = control.LookAt();
+  EXPECT_EQ(look->box.identity, BoxModel::kDefaultIdentity);
+  EXPECT_EQ(look->box.firmware, BoxModel::kDefaultFirmware);
+  EXPECT_TRUE(look->isPlugged);
+  EXPECT_FALSE(look->isReplayed);
+  EXPECT_EQ(look->last, 0U);
+  EXPECT_EQ(look->faults.every, 0U);
+  EXPECT_EQ(shared->magic, SharedBox::kMagic);
+  EXPECT_EQ(shared->size, sizeof(SharedBox));
+}
+
+TEST_F(BoxControlTest, BecomesAnotherBoxWithItsDefaults) {
+  control.Plug(false);
+  control.SetFaults([](Faults& faults) { faults.latency = 7; });
+  EXPECT_TRUE(control.Become({46, 2, 1, 0, 1}, 0x0112));
+  EXPECT_EQ(At(Block(254)), (Bytes{46, 2, 1, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
+  const auto look = control.LookAt();
+  EXPECT_FALSE(look->isPlugged);
+  EXPECT_EQ(look->faults.latency, 7U);
+  BoxModel model({46, 2, 1, 0, 1}, 0x0112);
+  EXPECT_EQ(At(Block(41)), Bytes(model.Block(41).begin(), model.Block(41).end()));
+}
+
+TEST_F(BoxControlTest, StoresValuesAndWritesThemDown) {
+  EXPECT_TRUE(control.Store(Block(14, 3), Bytes{1, 2, 3}));
+  EXPECT_TRUE(control.Store(Word(4), Bytes{2, 1, 0, 0, 5}));
+  EXPECT_TRUE(control.Store(ProcAmp(proc_amp::kHue), Bytes{99}));
+  EXPECT_FALSE(control.Store(ProcAmp(proc_amp::kCommit), Bytes{1}));
+  EXPECT_FALSE(control.Store({}, Bytes{1}));
+  EXPECT_EQ(At(Block(14)), (Bytes{1, 2, 3}));
+  EXPECT_EQ(At(Word(4)), (Bytes{2, 1, 0, 0, 5, 0, 0, 0}));
+  EXPECT_EQ(At(ProcAmp(proc_amp::kHue)), Bytes{99});
+  EXPECT_EQ(At(Word(200)), Bytes{});
+  EXPECT_EQ(At(Block(200)), Bytes{});
+  std::vector<std::string> texts;
+  const auto calls = control.CallsFrom(1);
+  for (const Entry& entry : calls->entries) {
+    EXPECT_EQ(entry.by, By::kBoxctl);
+    EXPECT_EQ(entry.result, kSuccess);
+    texts.push_back(TextOf(CallOf(entry)));
+  }
+  EXPECT_EQ(texts, (std::vector<std::string>{"set block 14,0,3: 01 02 03", "set word 0,4 = 258",
+                                             "set proc amp 0,4 = 99"}));
+}
+
+TEST_F(BoxControlTest, LabelsHaveSubNumbers) {
+  control.Become({15, 0, 0, 0, 0}, 0x0126);
+  EXPECT_TRUE(control.Store(Block(19, 60, 2), Bytes{'C', 'A', 'M'}));
+  EXPECT_EQ(At(Block(19, 60, 2)), (Bytes{'C', 'A', 'M'}));
+  EXPECT_NE(At(Block(19, 60, 1)), (Bytes{'C', 'A', 'M'}));
+}
+
+TEST_F(BoxControlTest, InputsReceiveWhatTheModelTellsInItsOwnForm) {
+  EXPECT_TRUE(control.SetInput({1920, 1080, 50, 0, 0}, true));
+  EXPECT_EQ(InputText(1, ByteOrder::kBig), "1920x1080  50.00i");
+  EXPECT_TRUE(control.SetInput({1280, 720, 59, 94, 0}, false));
+  EXPECT_EQ(InputText(1, ByteOrder::kBig), "1280x720  59.94p");
+  EXPECT_TRUE(control.SetInput({}, false));
+  EXPECT_EQ(InputText(1, ByteOrder::kBig), kNoSignalText);
+  control.Become({51, 0, 0, 0, 0}, 0x0126);  // four inputs in one block
+  EXPECT_TRUE(control.SetInput({1920, 1080, 60, 0, 0}, true));
+  for (std::size_t i = 0; i < 4; ++i) {
+    EXPECT_EQ(InputText(3, ByteOrder::kLittle, i * kFormatBytes), "1920x1080  60.00i");
+  }
+  control.Become({13, 0, 0, 0, 0}, 0x0126);  // four inputs, each by a code
+  EXPECT_TRUE(control.SetInput({1920, 1080, 59, 94, 0}, true));
+  for (const std::uint32_t item : {3U, 7U, 14U, 18U}) {
+    EXPECT_EQ(At(Word(item)), (Bytes{7, 0, 0, 0, 1, 0, 0, 0})) << item;
+  }
+  EXPECT_FALSE(control.SetInput({640, 480, 60, 0, 0}, false));
+  EXPECT_EQ(At(Word(3))[0], 7);
+  EXPECT_TRUE(control.SetInput({}, false));
+  EXPECT_EQ(At(Word(3))[0], 91);
+}
+
+TEST_F(BoxControlTest, WholeBoxIsTakenAndPutBack) {
+  control.Become({30, 1, 0, 0, 0}, 0x0120);
+  control.Store(Word(4), Bytes{3});
+  const BoxMemory kept = control.LookAt()->box;
+  control.Become(BoxModel::kDefaultIdentity, 0x0126);
+  EXPECT_TRUE(control.Load(kept));
+  EXPECT_EQ(control.LookAt()->box.identity, (Identity{30, 1, 0, 0, 0}));
+  EXPECT_EQ(At(Word(4))[0], 3);
+}
+
+}  // namespace
+}  // namespace panelora::simulator
