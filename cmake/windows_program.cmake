@@ -85,10 +85,14 @@ set_source_files_properties(res/panelora.rc PROPERTIES OBJECT_DEPENDS
 add_executable(Panelora WIN32 platform/win32/main.cpp $<TARGET_OBJECTS:panelora_shown_resources>)
 target_link_libraries(Panelora PRIVATE panelora_win32)
 
+# The box that the programs of a desk share.
+add_library(panelora_mapped_box STATIC simulator/mapped_box.cpp)
+target_compile_definitions(panelora_mapped_box PUBLIC ${PANELORA_WINDOWS_DEFINITIONS})
+target_link_libraries(panelora_mapped_box PUBLIC panelora_simulator)
+
 # In a folder of its own, so that it never stands beside the program unasked.
 add_library(DEVLNK SHARED simulator/devlnk_dll.cpp simulator/devlnk.def)
-target_link_libraries(DEVLNK PRIVATE panelora_simulator panelora_options)
-target_compile_definitions(DEVLNK PRIVATE ${PANELORA_WINDOWS_DEFINITIONS})
+target_link_libraries(DEVLNK PRIVATE panelora_mapped_box panelora_options)
 if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND NOT MSVC)
   target_link_options(DEVLNK PRIVATE -Wl,--enable-stdcall-fixup)  # exports the plain names
 endif()

@@ -1,82 +1,38 @@
-// The drop-in DEVLNK.dll over the simulated box.
+// The drop-in DEVLNK.dll over the simulated box of the desk.
 #include <windows.h>
 
 #include <algorithm>
-#include <cstring>
-#include <string>
+#include <memory>
 
-#include "device/call.h"
 #include "device/devlnk_library.h"
-#include "simulator/bench_port.h"
-#include "simulator/box_model.h"
+#include "simulator/benched_box.h"
+#include "simulator/mapped_box.h"
 
 namespace panelora::simulator {
 
 namespace {
 
-constexpr int kFailure = 0;
-
-class BenchedBox {
+// Without a box every call fails, as it does without a converter.
+class DeskBox {
  public:
-  BenchedBox() : box(BoxModel::kDefaultIdentity, BoxModel::kDefaultFirmware, GetTickCount64) {
-    const std::string name = kBenchPortName + std::to_string(GetCurrentProcessId());
-    memory = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(BenchPort),
-                                name.c_str());
-    if (memory != nullptr) {
-      port = static_cast<BenchPort*>(MapViewOfFile(memory, FILE_MAP_ALL_ACCESS, 0, 0, 0));
+  DeskBox() {
+    if (mapped.IsOpen()) {
+      box = std::make_unique<BenchedBox>(mapped.Shared(), mapped, By::kPanel);
+    } else {
+      OutputDebugStringA(("Panelora: " + mapped.Error() + "\n").c_str());
     }
-    if (port == nullptr) return;
-    // A bench that was there first has filled the port in already.
-    if (port->magic == kBenchPortMagic) return;
-    const Identity& identity = BoxModel::kDefaultIdentity;
-    port->present = 1;
-    port->identity[0] = identity.boxType;
-    port->identity[1] = identity.brandCode;
-    port->firmware = BoxModel::kDefaultFirmware;
-    port->magic = kBenchPortMagic;
   }
 
-  ~BenchedBox() {
-    if (port != nullptr) UnmapViewOfFile(port);
-    if (memory != nullptr) CloseHandle(memory);
-  }
-
-  BenchedBox(const BenchedBox&) = delete;
-  BenchedBox& operator=(const BenchedBox&) = delete;
-
-  // The box as the bench wants it, after the call was noted.
-  BoxModel& Called(const Call& made) {
-    if (port == nullptr) return box;
-    const std::string call = TextOf(made);
-    const std::size_t used = port->logBytes;
-    if (used + call.size() + 1 < sizeof port->log) {
-      std::memcpy(port->log + used, call.data(), call.size());
-      port->log[used + call.size()] = '\n';
-      port->logBytes = static_cast<std::uint32_t>(used + call.size() + 1);
-    }
-    if (port->delay != 0) Sleep(port->delay);
-    box.SetPresent(port->present != 0);
-    if (port->change != change) {
-      change = port->change;
-      const std::uint8_t* id = port->identity;
-      box.Become({id[0], id[1], id[2], id[3], id[4]}, port->firmware);
-    }
-    return box;
-  }
-
-  bool Fails() const { return port != nullptr && port->failing != 0; }
-  bool FillsLength() const { return port != nullptr && port->lengthFull != 0; }
+  BenchedBox* Get() { return box.get(); }
 
  private:
-  BoxModel box;
-  HANDLE memory = nullptr;
-  BenchPort* port = nullptr;
-  std::uint32_t change = 0;
+  MappedBox mapped;
+  std::unique_ptr<BenchedBox> box;
 };
 
-BenchedBox& Box() {
-  static BenchedBox box;
-  return box;
+BenchedBox* Box() {
+  static DeskBox box;
+  return box.Get();
 }
 
 }  // namespace
@@ -84,32 +40,34 @@ BenchedBox& Box() {
 }  // namespace panelora::simulator
 
 using panelora::BlockBuffer;
-using panelora::Call;
 using panelora::ProcAmpBytes;
 using panelora::WordBuffer;
 using namespace panelora::simulator;  // NOLINT: the exports stand outside every namespace
 
+namespace {
+constexpr int kFailure = 0;
+}
+
 #define DEVLNK_EXPORT extern "C" __declspec(dllexport)
 
 DEVLNK_EXPORT std::uint32_t PANELORA_DEVLNK_CALL DEVLNK_OPEN(std::uint32_t mode) {
-  return Box().Called(Call::Open(mode)).Open(mode);
+  BenchedBox* box = Box();
+  return box != nullptr ? box->Open(mode) : panelora::kNoBox;
 }
 
+// What a failed call does not answer stays as it is.
 DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_KIRABOX_PROPERTY(std::uint32_t handle,
                                                                    std::uint8_t property,
                                                                    std::uint8_t sub,
                                                                    std::uint8_t length,
                                                                    std::uint8_t* out) {
+  BenchedBox* box = Box();
+  if (box == nullptr) return kFailure;
   BlockBuffer answer{};
-  const int result = Box()
-                         .Called(Call::GetBlock(property, sub, length))
-                         .GetKiraboxProperty(handle, property, sub, length, answer);
-  if (Box().FillsLength() && property != 254) answer.fill(0xFF);
-  if (result == panelora::kSuccess && !Box().Fails()) {
-    std::copy_n(answer.begin(), length, out);
-    return result;
-  }
-  return kFailure;
+  std::copy_n(out, length, answer.begin());
+  const int result = box->GetKiraboxProperty(handle, property, sub, length, answer);
+  std::copy_n(answer.begin(), length, out);
+  return result;
 }
 
 DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_SET_KIRABOX_PROPERTY(std::uint32_t handle,
@@ -117,22 +75,23 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_SET_KIRABOX_PROPERTY(std::uint32_t
                                                                    std::uint8_t sub,
                                                                    std::uint8_t length,
                                                                    std::uint8_t* bytes) {
+  BenchedBox* box = Box();
+  if (box == nullptr) return kFailure;
   BlockBuffer sent{};
   std::copy_n(bytes, length, sent.begin());
-  BoxModel& box = Box().Called(Call::SetBlock(property, sub, length, sent));
-  return Box().Fails() ? kFailure : box.SetKiraboxProperty(handle, property, sub, length, sent);
+  return box->SetKiraboxProperty(handle, property, sub, length, sent);
 }
 
 DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_BOX_PROPERTY(std::uint32_t handle,
                                                                std::uint32_t group,
                                                                std::uint32_t item,
                                                                std::uint32_t* out) {
-  WordBuffer answer{};
-  BoxModel& box = Box().Called(Call::GetWord(group, item));
-  const int result = box.GetBoxProperty(handle, group, item, answer);
-  if (result != panelora::kSuccess || Box().Fails()) return kFailure;
+  BenchedBox* box = Box();
+  if (box == nullptr) return kFailure;
+  WordBuffer answer = {out[0], 0};
+  const int result = box->GetBoxProperty(handle, group, item, answer);
   out[0] = answer[0];
-  if (box.HasTwoWords(item)) out[1] = answer[1];
+  if (result != kFailure && box->HasTwoWords(item)) out[1] = answer[1];
   return result;
 }
 
@@ -140,8 +99,8 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_SET_BOX_PROPERTY(std::uint32_t han
                                                                std::uint32_t group,
                                                                std::uint32_t item,
                                                                std::uint32_t value) {
-  BoxModel& box = Box().Called(Call::SetWord(group, item, value));
-  return Box().Fails() ? kFailure : box.SetBoxProperty(handle, group, item, value);
+  BenchedBox* box = Box();
+  return box != nullptr ? box->SetBoxProperty(handle, group, item, value) : kFailure;
 }
 
 DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_KIRABOX_PROC_AMP(std::uint32_t handle,
@@ -149,9 +108,10 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_KIRABOX_PROC_AMP(std::uint32_t
                                                                    std::uint8_t* contrast,
                                                                    std::uint8_t* hue,
                                                                    std::uint8_t* saturation) {
-  ProcAmpBytes picture;
-  const int result = Box().Called(Call::GetPicture()).GetKiraboxProcAmp(handle, picture);
-  if (result != panelora::kSuccess || Box().Fails()) return kFailure;
+  BenchedBox* box = Box();
+  if (box == nullptr) return kFailure;
+  ProcAmpBytes picture = {*brightness, *contrast, *hue, *saturation};
+  const int result = box->GetKiraboxProcAmp(handle, picture);
   *brightness = picture.brightness;
   *contrast = picture.contrast;
   *hue = picture.hue;
@@ -163,12 +123,11 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_VIDEO_PROC_AMP(std::uint32_t h
                                                                  std::uint32_t group,
                                                                  std::uint32_t control,
                                                                  std::uint32_t* out) {
-  WordBuffer answer{};
-  const int result = Box()
-                         .Called(Call::GetProcAmp(group, control))
-                         .GetVideoProcAmp(handle, group, control, answer);
-  if (result != panelora::kSuccess || Box().Fails()) return kFailure;
-  out[0] = answer[0];
+  BenchedBox* box = Box();
+  if (box == nullptr) return kFailure;
+  WordBuffer answer = {*out, 0};
+  const int result = box->GetVideoProcAmp(handle, group, control, answer);
+  *out = answer[0];
   return result;
 }
 
@@ -176,6 +135,6 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_SET_VIDEO_PROC_AMP(std::uint32_t h
                                                                  std::uint32_t group,
                                                                  std::uint32_t control,
                                                                  std::uint32_t value) {
-  BoxModel& box = Box().Called(Call::SetProcAmp(group, control, value));
-  return Box().Fails() ? kFailure : box.SetVideoProcAmp(handle, group, control, value);
+  BenchedBox* box = Box();
+  return box != nullptr ? box->SetVideoProcAmp(handle, group, control, value) : kFailure;
 }

@@ -18,11 +18,12 @@
 #include <string>
 #include <vector>
 
-#include "simulator/bench_port.h"
+#include "simulator/box_control.h"
+#include "simulator/mapped_box.h"
 
 namespace {
 
-using panelora::simulator::BenchPort;
+using namespace panelora::simulator;
 
 constexpr char kTitleStart[] = "Corvane RXC-9 Center";
 constexpr char kPageClass[] = "#32770";
@@ -292,36 +293,27 @@ void Tick(int) {
   Settle(window);
 }
 
-// Changes the simulated box of the running program.
-void ChangeBox(const std::function<void(BenchPort&)>& change) {
-  const std::string name =
-      panelora::simulator::kBenchPortName + std::to_string(ProcessOf(MainWindow()));
-  const HANDLE memory = OpenFileMappingA(FILE_MAP_ALL_ACCESS, FALSE, name.c_str());
-  if (memory == nullptr) throw Failure("the program does not use the simulated box");
-  auto* port =
-      static_cast<BenchPort*>(MapViewOfFile(memory, FILE_MAP_ALL_ACCESS, 0, 0, sizeof(BenchPort)));
-  const bool known = port != nullptr && port->magic == panelora::simulator::kBenchPortMagic;
-  if (known) change(*port);
-  if (port != nullptr) UnmapViewOfFile(port);
-  CloseHandle(memory);
-  if (!known) throw Failure("the simulated box is of another build");
+// The simulated box of the desk.
+void ChangeBox(const std::function<bool(BoxControl&)>& change) {
+  static MappedBox mapped;
+  if (!mapped.IsOpen()) throw Failure(mapped.Error());
+  BoxControl box(mapped.Shared(), mapped, By::kBench);
+  if (!change(box)) throw Failure("the simulated box does not answer");
 }
 
 void Unplug(int) {
-  ChangeBox([](BenchPort& port) { port.present = 0; });
+  ChangeBox([](BoxControl& box) { return box.Plug(false); });
 }
 
 void Plug(int) {
-  ChangeBox([](BenchPort& port) { port.present = 1; });
+  ChangeBox([](BoxControl& box) { return box.Plug(true); });
 }
 
 // Of the maker's own brand, without DIP switches.
 void MakeBox(int boxType) {
   if (boxType > 255) throw Failure("not a box type: " + std::to_string(boxType));
-  ChangeBox([boxType](BenchPort& port) {
-    std::fill(std::begin(port.identity), std::end(port.identity), std::uint8_t{0});
-    port.identity[0] = static_cast<std::uint8_t>(boxType);
-    ++port.change;
+  ChangeBox([boxType](BoxControl& box) {
+    return box.Become({static_cast<std::uint8_t>(boxType), 0, 0, 0, 0}, BoxModel::kDefaultFirmware);
   });
 }
 

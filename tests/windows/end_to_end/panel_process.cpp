@@ -104,8 +104,8 @@ Look DisconnectedLook() { return {{}, {{kPictureButton, {0, 0, 600, 375}}}}; }
 PanelProcess::PanelProcess(const Setup& setup) {
   try {
     MakeFolder(setup);
-    StartSuspended(setup);
     PrepareBox(setup);
+    StartSuspended(setup);
     ResumeThread(process.hThread);
     Await("the main window", [this] {
       FindMain();
@@ -132,9 +132,8 @@ void PanelProcess::CleanUp() {
     if (debugging) DebugActiveProcessStop(process.dwProcessId);
     WaitForSingleObject(process.hProcess, kPatience);
   }
-  if (bench != nullptr) UnmapViewOfFile(bench);
   if (input != nullptr) UnmapViewOfFile(input);
-  for (const HANDLE handle : {benchMemory, inputMemory, process.hThread, process.hProcess, job}) {
+  for (const HANDLE handle : {inputMemory, process.hThread, process.hProcess, job}) {
     if (handle != nullptr) CloseHandle(handle);
   }
   std::error_code ignored;
@@ -164,6 +163,7 @@ void PanelProcess::StartSuspended(const Setup& setup) {
     start.dwFlags = STARTF_USESHOWWINDOW;
     start.wShowWindow = static_cast<WORD>(setup.show);
   }
+  SetEnvironmentVariableA("PANELORA_BOX", boxName.c_str());
   DWORD flags = CREATE_SUSPENDED;
   if (setup.debugged) flags |= DEBUG_ONLY_THIS_PROCESS;
   // Wine has been seen to refuse a start that it grants the next moment.
@@ -189,13 +189,10 @@ void PanelProcess::StartSuspended(const Setup& setup) {
 }
 
 void PanelProcess::PrepareBox(const Setup& setup) {
-  const std::string name = simulator::kBenchPortName + std::to_string(process.dwProcessId);
-  benchMemory = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
-                                   sizeof(simulator::BenchPort), name.c_str());
-  bench =
-      static_cast<simulator::BenchPort*>(MapViewOfFile(benchMemory, FILE_MAP_ALL_ACCESS, 0, 0, 0));
-  if (bench == nullptr) throw std::runtime_error("no bench port");
-  bench->magic = simulator::kBenchPortMagic;
+  boxName = setup.boxName.empty() ? folder.filename().string() : setup.boxName;
+  mapped = std::make_unique<simulator::MappedBox>(boxName);
+  if (!mapped->IsOpen()) throw std::runtime_error(mapped->Error());
+  box = std::make_unique<simulator::BoxControl>(mapped->Shared(), *mapped, simulator::By::kBench);
   Plug(setup.plugged);
   Become(setup.identity, setup.firmware);
 }
@@ -263,6 +260,11 @@ DWORD PanelProcess::WaitForEnd() {
 DWORD PanelProcess::Close() {
   Post(main, WM_CLOSE);
   return WaitForEnd();
+}
+
+void PanelProcess::Kill() {
+  TerminateProcess(process.hProcess, 1);
+  WaitForEnd();
 }
 
 bool PanelProcess::IsRunning() const {
@@ -475,25 +477,35 @@ void PanelProcess::PutLibrary(const std::filesystem::path& library) {
 }
 
 Calls PanelProcess::TakeCalls() {
-  std::istringstream log(std::string(bench->log, bench->logBytes));
-  bench->logBytes = 0;
   Calls calls;
-  for (std::string line; std::getline(log, line);) calls.push_back(line);
+  const auto made = box->CallsFrom(taken + 1);
+  if (!made || made->lost != 0) throw std::runtime_error("calls were lost");
+  for (const simulator::Entry& entry : made->entries) {
+    calls.push_back(TextOf(simulator::CallOf(entry)));
+    taken = entry.number;
+  }
   return calls;
 }
 
-void PanelProcess::Plug(bool plugged) { bench->present = plugged ? 1 : 0; }
+void PanelProcess::Plug(bool plugged) { box->Plug(plugged); }
 
-void PanelProcess::FailCalls(bool failing) { bench->failing = failing ? 1 : 0; }
+void PanelProcess::FailCalls(bool failing) {
+  box->SetFaults([failing](simulator::Faults& faults) {
+    faults.every = failing ? 1 : 0;
+    faults.reads = faults.writes = true;
+  });
+}
 
-void PanelProcess::FillAnswers(bool filling) { bench->lengthFull = filling ? 1 : 0; }
+void PanelProcess::FillAnswers(bool filling) {
+  box->SetFaults([filling](simulator::Faults& faults) { faults.fillsWhatWasAsked = filling; });
+}
 
-void PanelProcess::SlowCalls(std::uint32_t milliseconds) { bench->delay = milliseconds; }
+void PanelProcess::SlowCalls(std::uint32_t milliseconds) {
+  box->SetFaults([milliseconds](simulator::Faults& faults) { faults.latency = milliseconds; });
+}
 
 void PanelProcess::Become(const IdentityBytes& identity, std::uint32_t firmware) {
-  std::memcpy(bench->identity, identity.data(), identity.size());
-  bench->firmware = firmware;
-  ++bench->change;
+  box->Become({identity[0], identity[1], identity[2], identity[3], identity[4]}, firmware);
 }
 
 }  // namespace panelora::testing::end_to_end

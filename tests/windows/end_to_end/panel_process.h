@@ -1,5 +1,5 @@
 // The finished program, driven from outside as the operator and the system drive it: a process of
-// its own in a fresh folder, real window messages, and the bench port of the simulated box.
+// its own in a fresh folder, real window messages, and a simulated box of its own.
 //
 // Dialogs are named by their template numbers, controls by their ids. Whatever does not happen
 // within a minute throws, which fails the test.
@@ -12,13 +12,15 @@
 #include <filesystem>
 #include <functional>
 #include <iosfwd>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "app/navigation.h"
 #include "res/dialog_templates.h"
-#include "simulator/bench_port.h"
+#include "simulator/box_control.h"
+#include "simulator/mapped_box.h"
 #include "tests/support/controls.h"
 #include "tests/support/device_calls.h"
 #include "tests/windows/probe/panel_probe.h"
@@ -71,12 +73,15 @@ class PanelProcess {
     bool holdsClock = true;  // only the ticks that the test sends count
     bool debugged = false;   // collects what goes to the debugger up to the first look
     std::filesystem::path workingFolder = {};  // empty = the program's own
+    std::string boxName = {};                  // of the desk; empty = one of its own
     int show = -1;  // how the system asks for the window (SW_...); -1 = it does not
   };
 
   // Starts the program and waits for its window.
   explicit PanelProcess(const Setup& setup);
-  // Ends the program by force if it still runs.
+  // Ends the program by force.
+  void Kill();
+  // The same if it still runs.
   ~PanelProcess();
   PanelProcess(const PanelProcess&) = delete;
   PanelProcess& operator=(const PanelProcess&) = delete;
@@ -153,8 +158,10 @@ class PanelProcess {
   std::filesystem::path folder;
   PROCESS_INFORMATION process{};
   HANDLE job = nullptr;
-  HANDLE benchMemory = nullptr;
-  simulator::BenchPort* bench = nullptr;
+  std::string boxName;
+  std::unique_ptr<simulator::MappedBox> mapped;
+  std::unique_ptr<simulator::BoxControl> box;
+  std::uint64_t taken = 0;  // the last call that was taken from the journal
   HANDLE inputMemory = nullptr;
   ProbeInput* input = nullptr;
   bool debugging = false;

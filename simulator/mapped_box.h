@@ -1,0 +1,50 @@
+// The shared box of a desk: a named piece of memory and a named mutex. Whoever comes first makes
+// it; it is there as long as somebody has it open.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "simulator/shared_box.h"
+
+namespace panelora::simulator {
+
+// The name of the desk's box: what PANELORA_BOX says, or "desk".
+std::string BoxName();
+
+class MappedBox final : public BoxHost {
+ public:
+  // Opens the box of that name or makes it, of the shipped model and plugged in.
+  explicit MappedBox(const std::string& name = BoxName());
+  ~MappedBox() override;
+  MappedBox(const MappedBox&) = delete;
+  MappedBox& operator=(const MappedBox&) = delete;
+
+  bool IsOpen() const { return shared != nullptr; }
+  // Why it is not open, in one line.
+  const std::string& Error() const { return error; }
+  // Only of an open one.
+  SharedBox& Shared() { return *shared; }
+
+  // A program that died with the lock leaves it to the next one. False also when another one keeps
+  // it for a second, since the panel must not stand for it.
+  bool Lock() override;
+  void Unlock() override;
+  std::uint64_t Milliseconds() const override;
+  std::uint64_t Microseconds() const override;
+  std::uint64_t Time() const override;
+  void Sleep(std::uint32_t milliseconds) override;
+  std::uint32_t Process() const override;
+
+ private:
+  void Open(const std::string& path);
+  void Close();
+
+  HANDLE mutex = nullptr;
+  HANDLE memory = nullptr;
+  SharedBox* shared = nullptr;
+  std::string error;
+};
+
+}  // namespace panelora::simulator

@@ -1,0 +1,90 @@
+// The box that the programs of a desk share.
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "simulator/benched_box.h"
+#include "tests/windows/end_to_end/program_test.h"
+
+namespace panelora::testing::end_to_end {
+namespace {
+
+using simulator::BenchedBox;
+using simulator::BoxControl;
+using simulator::By;
+using simulator::MappedBox;
+using simulator::SharedBox;
+
+std::string OwnName(const char* test) {
+  return std::string("test_") + std::to_string(GetCurrentProcessId()) + "_" + test;
+}
+
+TEST(SharedBoxTest, IsOneForAllWhoKnowItsName) {
+  MappedBox first(OwnName("one"));
+  MappedBox second(OwnName("one"));
+  MappedBox other(OwnName("other"));
+  ASSERT_TRUE(first.IsOpen() && second.IsOpen() && other.IsOpen());
+  EXPECT_TRUE(BoxControl(first.Shared(), first, By::kBench).Become({46, 0, 0, 0, 0}, 0x0112));
+  EXPECT_EQ(BoxControl(second.Shared(), second, By::kBoxctl).LookAt()->box.identity.boxType, 46);
+  EXPECT_EQ(BoxControl(other.Shared(), other, By::kBoxctl).LookAt()->box.identity.boxType, 26);
+}
+
+TEST(SharedBoxTest, IsMadeAnewWhenNobodyHasItAnyMore) {
+  {
+    MappedBox first(OwnName("anew"));
+    BoxControl(first.Shared(), first, By::kBench).Become({46, 0, 0, 0, 0}, 0x0112);
+  }
+  MappedBox second(OwnName("anew"));
+  EXPECT_EQ(BoxControl(second.Shared(), second, By::kBench).LookAt()->box.identity.boxType, 26);
+}
+
+TEST(SharedBoxTest, OfAnotherLayoutIsRefused) {
+  MappedBox first(OwnName("layout"));
+  first.Shared().layout = SharedBox::kLayout + 1;
+  MappedBox second(OwnName("layout"));
+  EXPECT_FALSE(second.IsOpen());
+  EXPECT_EQ(second.Error(),
+            "the simulated box is of another version (layout 2, this program knows 1): close the "
+            "other programs that use it");
+}
+
+// A mutex belongs to the thread that took it.
+TEST(SharedBoxTest, WhoDiesWithTheLockLeavesItToOthers) {
+  MappedBox box(OwnName("abandoned"));
+  std::thread([&] { EXPECT_TRUE(box.Lock()); }).join();
+  EXPECT_TRUE(box.Lock());
+  box.Unlock();
+}
+
+TEST(SharedBoxTest, WhoKeepsTheLockMakesCallsFailAndNoMore) {
+  MappedBox box(OwnName("kept"));
+  MappedBox panel(OwnName("kept"));
+  ASSERT_TRUE(box.Lock());
+  std::thread([&] {
+    EXPECT_EQ(BenchedBox(panel.Shared(), panel, By::kPanel).Open(kOpenMode), kNoBox);
+  }).join();
+  box.Unlock();
+  EXPECT_NE(BenchedBox(panel.Shared(), panel, By::kPanel).Open(kOpenMode), kNoBox);
+}
+
+// The panel is killed at any moment, mostly within a call.
+TEST(SharedBoxTest, OutlivesPanelsThatAreKilled) {
+  MappedBox box(OwnName("killed"));
+  BoxControl control(box.Shared(), box, By::kBench);
+  std::uint64_t last = 0;
+  for (int kill = 0; kill < 5; ++kill) {
+    PanelProcess::Setup setup;
+    setup.boxName = OwnName("killed");
+    PanelProcess panel(setup);
+    panel.Kill();
+    const auto look = control.LookAt();
+    ASSERT_TRUE(look);
+    EXPECT_TRUE(look->isPlugged);
+    EXPECT_GT(look->last, last);
+    const auto calls = control.CallsFrom(last + 1);
+    for (const simulator::Entry& entry : calls->entries) EXPECT_EQ(entry.number, ++last);
+  }
+}
+
+}  // namespace
+}  // namespace panelora::testing::end_to_end
