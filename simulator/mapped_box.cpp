@@ -1,7 +1,6 @@
 #include "simulator/mapped_box.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "base/text.h"
 #include "simulator/box_control.h"
@@ -23,18 +22,23 @@ std::string BoxName() {
 }
 
 MappedBox::MappedBox(const std::string& name) {
-  std::string path = "Local\\PaneloraBox." + name.substr(0, kLongestName);
-  std::replace(path.begin() + 6, path.end(), '\\', '_');  // no object of a name has more of them
-  Open(path);
-  if (shared == nullptr) Close();
+  std::string own = name.substr(0, kLongestName);
+  std::replace(own.begin(), own.end(), '\\', '_');  // which would name another space of names
+  path = "Local\\PaneloraBox." + own;
+  Open();
 }
 
-MappedBox::~MappedBox() { Close(); }
+MappedBox::~MappedBox() {
+  if (shared != nullptr) UnmapViewOfFile(shared);
+  for (const HANDLE handle : {memory, life, mutex}) {
+    if (handle != nullptr) CloseHandle(handle);
+  }
+}
 
-void MappedBox::Open(const std::string& path) {
+void MappedBox::Open() {
   mutex = CreateMutexA(nullptr, FALSE, (path + ".lock").c_str());
-  if (mutex == nullptr || !Lock()) {
-    error = "the simulated box can't be locked: another program keeps it";
+  if (mutex == nullptr || !TakeMutex()) {
+    error = "the simulated box can't be had: another program keeps it";
     return;
   }
   memory = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(SharedBox),
@@ -42,37 +46,66 @@ void MappedBox::Open(const std::string& path) {
   void* view = memory != nullptr ? MapViewOfFile(memory, FILE_MAP_ALL_ACCESS, 0, 0, 0) : nullptr;
   if (view == nullptr) {
     error = Format("the simulated box has no memory: error %lu", GetLastError());
-  } else {
-    auto* found = static_cast<SharedBox*>(view);
-    if (found->magic == 0) MakeBox(*found);
-    if (found->magic == SharedBox::kMagic && found->layout == SharedBox::kLayout &&
-        found->size == sizeof(SharedBox)) {
-      shared = found;
-    } else {
-      error = Format(
-          "the simulated box is of another version (layout %u, this program knows %u): "
-          "close the other programs that use it",
-          found->layout, SharedBox::kLayout);
-      UnmapViewOfFile(view);
-    }
+    ReleaseMutex(mutex);
+    return;
   }
-  Unlock();
+  // Of another layout it may be smaller, but never than its first page.
+  auto* found = static_cast<SharedBox*>(view);
+  if (found->magic == 0) MakeBox(*found);
+  if (found->magic == SharedBox::kMagic && found->layout == SharedBox::kLayout &&
+      found->size == sizeof(SharedBox)) {
+    shared = found;
+    life = CreateEventA(nullptr, TRUE, FALSE, LifeOf(Process()).c_str());
+    const bool isFirst = GetLastError() != ERROR_ALREADY_EXISTS;
+    // One of the same number died here.
+    if (isFirst && shared->owner == Process()) shared->owner = 0;
+  } else {
+    error = Format(
+        "the simulated box is of another version (layout %u, this program knows %u): "
+        "close the other programs that use it",
+        found->layout, SharedBox::kLayout);
+    UnmapViewOfFile(view);
+  }
+  ReleaseMutex(mutex);
 }
 
-void MappedBox::Close() {
-  if (shared != nullptr) UnmapViewOfFile(shared);
-  if (memory != nullptr) CloseHandle(memory);
-  if (mutex != nullptr) CloseHandle(mutex);
-  shared = nullptr;
-  memory = mutex = nullptr;
-}
-
-bool MappedBox::Lock() {
+bool MappedBox::TakeMutex() {
   const DWORD waited = WaitForSingleObject(mutex, kPatience);
   return waited == WAIT_OBJECT_0 || waited == WAIT_ABANDONED;
 }
 
-void MappedBox::Unlock() { ReleaseMutex(mutex); }
+bool MappedBox::TryLock(std::uint32_t from) {
+  auto* owner = reinterpret_cast<volatile LONG*>(&shared->owner);
+  const auto before = static_cast<LONG>(from);
+  return InterlockedCompareExchange(owner, static_cast<LONG>(Process()), before) == before;
+}
+
+std::string MappedBox::LifeOf(std::uint32_t process) const { return path + Format(".%u", process); }
+
+bool MappedBox::IsAlive(std::uint32_t process) const {
+  const HANDLE its = OpenEventA(SYNCHRONIZE, FALSE, LifeOf(process).c_str());
+  if (its == nullptr) return false;
+  CloseHandle(its);
+  return true;
+}
+
+bool MappedBox::Lock() {
+  if (TryLock(0)) return true;
+  if (!TakeMutex()) return false;
+  const std::uint64_t begin = Milliseconds();
+  bool taken = false;
+  while (!taken && Milliseconds() - begin < kPatience) {
+    const std::uint32_t owner = *const_cast<volatile std::uint32_t*>(&shared->owner);
+    taken = TryLock(0) || (owner != 0 && !IsAlive(owner) && TryLock(owner));
+    if (!taken) ::Sleep(0);
+  }
+  ReleaseMutex(mutex);
+  return taken;
+}
+
+void MappedBox::Unlock() {
+  InterlockedExchange(reinterpret_cast<volatile LONG*>(&shared->owner), 0);
+}
 
 std::uint64_t MappedBox::Milliseconds() const { return GetTickCount64(); }
 

@@ -1,5 +1,9 @@
 // The shared box of a desk: a named piece of memory and a named mutex. Whoever comes first makes
 // it; it is there as long as somebody has it open.
+//
+// The mutex guards the making, and lets those who have to wait come one after the other. Whoever is
+// at the box says so in its memory, since to take a mutex for every call would cost more than all
+// else that a call does.
 #pragma once
 
 #include <windows.h>
@@ -27,8 +31,8 @@ class MappedBox final : public BoxHost {
   // Only of an open one.
   SharedBox& Shared() { return *shared; }
 
-  // A program that died with the lock leaves it to the next one. False also when another one keeps
-  // it for a second, since the panel must not stand for it.
+  // A program that died at the box leaves it to the next one. False when another one stays there
+  // for a second, since the panel must not stand for it.
   bool Lock() override;
   void Unlock() override;
   std::uint64_t Milliseconds() const override;
@@ -38,11 +42,16 @@ class MappedBox final : public BoxHost {
   std::uint32_t Process() const override;
 
  private:
-  void Open(const std::string& path);
-  void Close();
+  void Open();
+  bool TakeMutex();
+  bool TryLock(std::uint32_t from);
+  bool IsAlive(std::uint32_t process) const;
+  std::string LifeOf(std::uint32_t process) const;
 
+  std::string path;
   HANDLE mutex = nullptr;
   HANDLE memory = nullptr;
+  HANDLE life = nullptr;  // is there as long as this process is
   SharedBox* shared = nullptr;
   std::string error;
 };

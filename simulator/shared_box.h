@@ -111,6 +111,7 @@ struct SharedBox {
   std::uint32_t layout;
   std::uint32_t size;
 
+  std::uint32_t owner;  // the process that is at the box, 0 = none; the host's alone
   BoxMemory box;
   Faults faults;
   Replay replay;

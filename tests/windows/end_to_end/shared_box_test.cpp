@@ -48,12 +48,47 @@ TEST(SharedBoxTest, OfAnotherLayoutIsRefused) {
             "other programs that use it");
 }
 
-// A mutex belongs to the thread that took it.
+// No process has such a number: Windows gives multiples of four.
 TEST(SharedBoxTest, WhoDiesWithTheLockLeavesItToOthers) {
   MappedBox box(OwnName("abandoned"));
-  std::thread([&] { EXPECT_TRUE(box.Lock()); }).join();
+  box.Shared().owner = 0xFFFFFFF1;
+  EXPECT_TRUE(box.Lock());
+  EXPECT_EQ(box.Shared().owner, GetCurrentProcessId());
+  box.Unlock();
+  EXPECT_EQ(box.Shared().owner, 0U);
+}
+
+// A mutex belongs to the thread that took it.
+TEST(SharedBoxTest, WhoDiesWhileItWaitsLeavesItsTurnToOthers) {
+  MappedBox box(OwnName("waited"));
+  std::thread([&] {
+    const HANDLE mutex = OpenMutexA(SYNCHRONIZE, FALSE,
+                                    ("Local\\PaneloraBox." + OwnName("waited") + ".lock").c_str());
+    EXPECT_EQ(WaitForSingleObject(mutex, 0), WAIT_OBJECT_0);
+  }).join();
+  box.Shared().owner = 0xFFFFFFF1;
   EXPECT_TRUE(box.Lock());
   box.Unlock();
+}
+
+TEST(SharedBoxTest, ManyAtOnceTakeTheirTurns) {
+  constexpr int kThreads = 4;
+  constexpr int kCalls = 500;
+  MappedBox box(OwnName("many"));
+  std::vector<std::thread> threads;
+  for (int i = 0; i < kThreads; ++i) {
+    threads.emplace_back([] {
+      MappedBox own(OwnName("many"));
+      BenchedBox panel(own.Shared(), own, By::kPanel);
+      for (int call = 0; call < kCalls; ++call) EXPECT_NE(panel.Open(kOpenMode), kNoBox);
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+  const auto calls = BoxControl(box.Shared(), box, By::kBench).CallsFrom(1);
+  ASSERT_EQ(calls->entries.size(), std::size_t{kThreads * kCalls});
+  for (std::size_t i = 0; i < calls->entries.size(); ++i) {
+    EXPECT_EQ(calls->entries[i].number, i + 1);
+  }
 }
 
 TEST(SharedBoxTest, WhoKeepsTheLockMakesCallsFailAndNoMore) {
