@@ -1,5 +1,8 @@
 #include "catalogue/information.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "base/text.h"
 #include "catalogue/audio.h"
 #include "catalogue/multiview.h"
@@ -166,6 +169,13 @@ std::optional<WordBuffer> InputFormatCode(std::uint8_t boxType, const std::strin
 Address FirmwareOf(std::uint8_t boxType) {
   if (kShippedType.Has(boxType)) return Word(5);
   return Word(kFirmwareIn4.Has(boxType) ? 4 : 8);
+}
+
+bool HasTwoWords(std::uint8_t boxType, std::uint32_t item) {
+  if (item == FirmwareOf(boxType).number) return true;
+  return std::any_of(std::begin(kRows), std::end(kRows), [&](const Told& told) {
+    return told.tells == Tells::kFormatCode && told.types.Has(boxType) && told.at.number == item;
+  });
 }
 
 std::string FirmwareText(std::uint32_t version) {

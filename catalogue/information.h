@@ -15,6 +15,9 @@ namespace panelora::information {
 // Whose number is read: two words, see DecodeFirmware.
 Address FirmwareOf(std::uint8_t boxType);
 
+// Whether an item is answered with two words: the firmware version and the codes of formats are.
+bool HasTwoWords(std::uint8_t boxType, std::uint32_t item);
+
 // The rows of the page, each a caption and a value; the firmware version stands below them.
 enum Row : std::uint8_t {
   kInput1,

@@ -1,7 +1,6 @@
 #include "simulator/box_model.h"
 
 #include <algorithm>
-#include <span>
 #include <string>
 
 #include "catalogue/audio.h"
@@ -103,12 +102,7 @@ void BoxModel::ReportInputFormat() {
 }
 
 bool BoxModel::HasTwoWords(std::uint32_t item) const {
-  if (item == information::FirmwareOf(memory.identity.boxType).number) return true;
-  const std::span<const information::Told> rows = information::Rows();
-  return std::any_of(rows.begin(), rows.end(), [&](const information::Told& told) {
-    return told.tells == information::Tells::kFormatCode &&
-           told.types.Has(memory.identity.boxType) && told.at.number == item;
-  });
+  return information::HasTwoWords(memory.identity.boxType, item);
 }
 
 bool BoxModel::IsRestarting() const {
