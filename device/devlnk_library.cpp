@@ -24,24 +24,25 @@ bool BindExport(const DevlnkLibrary::Resolver& resolve, const char* name, int ar
 
 }  // namespace
 
-void DevlnkLibrary::Bind(const Resolver& resolve) {
-  missing.clear();
+std::string DevlnkLibrary::Bind(const Resolver& resolve, DevlnkExports& found) {
+  std::string missing;
   const auto bind = [&](const char* name, int argumentBytes, auto& function) {
     if (!BindExport(resolve, name, argumentBytes, function) && missing.empty()) missing = name;
   };
-  bind("DEVLNK_OPEN", 4, exports.open);
-  bind("DEVLNK_GET_KIRABOX_PROPERTY", 20, exports.getKiraboxProperty);
-  bind("DEVLNK_SET_KIRABOX_PROPERTY", 20, exports.setKiraboxProperty);
-  bind("DEVLNK_GET_BOX_PROPERTY", 16, exports.getBoxProperty);
-  bind("DEVLNK_SET_BOX_PROPERTY", 16, exports.setBoxProperty);
-  bind("DEVLNK_GET_KIRABOX_PROC_AMP", 20, exports.getKiraboxProcAmp);
-  bind("DEVLNK_GET_VIDEO_PROC_AMP", 16, exports.getVideoProcAmp);
-  bind("DEVLNK_SET_VIDEO_PROC_AMP", 16, exports.setVideoProcAmp);
+  bind("DEVLNK_OPEN", 4, found.open);
+  bind("DEVLNK_GET_KIRABOX_PROPERTY", 20, found.getKiraboxProperty);
+  bind("DEVLNK_SET_KIRABOX_PROPERTY", 20, found.setKiraboxProperty);
+  bind("DEVLNK_GET_BOX_PROPERTY", 16, found.getBoxProperty);
+  bind("DEVLNK_SET_BOX_PROPERTY", 16, found.setBoxProperty);
+  bind("DEVLNK_GET_KIRABOX_PROC_AMP", 20, found.getKiraboxProcAmp);
+  bind("DEVLNK_GET_VIDEO_PROC_AMP", 16, found.getVideoProcAmp);
+  bind("DEVLNK_SET_VIDEO_PROC_AMP", 16, found.setVideoProcAmp);
+  return missing;
 }
 
 DeviceHandle DevlnkLibrary::Open(std::uint32_t mode) {
   if (!IsUsable() && find) {
-    if (const Resolver resolve = find()) Bind(resolve);
+    if (const Resolver resolve = find()) missing = Bind(resolve, exports);
   }
   return IsUsable() ? exports.open(mode) : kNoBox;
 }

@@ -49,10 +49,14 @@ class DevlnkLibrary final : public DeviceLink {
 
   // Looks each name up once. Plain names come first; where they are missing, the decorated ones
   // that 32-bit tools make ("_DEVLNK_OPEN@4", "DEVLNK_OPEN@4") do as well.
-  explicit DevlnkLibrary(const Resolver& resolve) { Bind(resolve); }
+  explicit DevlnkLibrary(const Resolver& resolve) : missing(Bind(resolve, exports)) {}
 
   // Looks at the next Open.
   explicit DevlnkLibrary(Finder theFinder) : find(std::move(theFinder)) {}
+
+  // Looks each name up once as above. The first export that was not found; empty when none is
+  // missing.
+  static std::string Bind(const Resolver& resolve, DevlnkExports& found);
 
   bool IsUsable() const { return missing.empty() && exports.open != nullptr; }
 
@@ -75,8 +79,6 @@ class DevlnkLibrary final : public DeviceLink {
                       std::uint32_t value) override;
 
  private:
-  void Bind(const Resolver& resolve);
-
   Finder find;
   DevlnkExports exports;
   std::string missing;
