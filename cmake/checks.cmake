@@ -41,14 +41,15 @@ endfunction()
 get_target_property(PANELORA_CATALOGUE_SOURCES panelora_catalogue SOURCES)
 get_target_property(PANELORA_CORE_SOURCES panelora_core SOURCES)
 get_target_property(PANELORA_SIMULATOR_SOURCES panelora_simulator SOURCES)
+get_target_property(PANELORA_TRACE_SOURCES panelora_trace SOURCES)
 if(WIN32)
   get_target_property(PANELORA_WIN32_SOURCES panelora_win32 SOURCES)
   list(TRANSFORM PANELORA_WINDOWS_DEFINITIONS PREPEND -D OUTPUT_VARIABLE PANELORA_WINDOWS_FLAGS)
   panelora_tidy(check_tidy ${PANELORA_WIN32_SOURCES} platform/win32/main.cpp
-    simulator/devlnk_dll.cpp tools/panel_remote.cpp FLAGS ${PANELORA_WINDOWS_FLAGS})
+    simulator/devlnk_dll.cpp tools/panel_remote.cpp trace/devlnk_trace.cpp FLAGS ${PANELORA_WINDOWS_FLAGS})
 else()
   panelora_tidy(check_tidy ${PANELORA_CATALOGUE_SOURCES} ${PANELORA_CORE_SOURCES} ${PANELORA_SIMULATOR_SOURCES}
-    platform/memory/memory_toolkit.cpp
+    ${PANELORA_TRACE_SOURCES} platform/memory/memory_toolkit.cpp
     FLAGS "-DPANELORA_ADMITTED_BOX_TYPES_LIST=${PANELORA_ADMITTED_LIST}")
   add_test(NAME check_tidy
     COMMAND ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target check_tidy -- -k 0)

@@ -21,7 +21,10 @@ class CallRing {
     Record record;
   };
 
-  constexpr CallRing() = default;
+  using Places = std::array<Place, kHeld>;
+
+  // The places outlive it, and are nobody else's.
+  explicit constexpr CallRing(Places& thePlaces) : places(thePlaces) {}
 
   // False when the call was lost.
   bool Put(const Record& record) {
@@ -67,11 +70,11 @@ class CallRing {
     return false;
   }
 
+  Places& places;
   std::atomic_flag locked = ATOMIC_FLAG_INIT;
   std::atomic<std::uint32_t> begin = 0;
   std::atomic<std::uint32_t> end = 0;
   std::atomic<std::uint32_t> lost = 0;
-  std::array<Place, kHeld> places = {};
 };
 
 }  // namespace panelora::trace

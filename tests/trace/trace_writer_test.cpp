@@ -82,7 +82,8 @@ class Writing : public ::testing::Test {
 
   static constexpr std::uint32_t kHeld = CallRing::kHeld;
 
-  std::unique_ptr<CallRing> ring = std::make_unique<CallRing>();
+  std::unique_ptr<CallRing::Places> places = std::make_unique<CallRing::Places>();
+  std::unique_ptr<CallRing> ring = std::make_unique<CallRing>(*places);
   MemoryDisk disk;
   std::unique_ptr<TraceWriter> writer = std::make_unique<TraceWriter>(*ring, disk);
   std::uint32_t put = 0;
