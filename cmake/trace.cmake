@@ -2,7 +2,9 @@
 add_library(panelora_trace STATIC
   trace/trace_file.cpp
   trace/trace_line.cpp
-  trace/trace_writer.cpp)
+  trace/trace_view.cpp
+  trace/trace_writer.cpp
+  trace/words.cpp)
 target_link_libraries(panelora_trace PUBLIC panelora_catalogue)
 
 # The library that traces: it is put in the place of the maker's, which becomes DEVLNK.box.dll.
