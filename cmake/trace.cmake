@@ -1,5 +1,6 @@
 # Traces: how they are written and read, and the DEVLNK.dll that writes one.
 add_library(panelora_trace STATIC
+  trace/trace_as_test.cpp
   trace/trace_file.cpp
   trace/trace_line.cpp
   trace/trace_view.cpp

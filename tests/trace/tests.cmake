@@ -1,7 +1,12 @@
 # Traces: their format, their way into a file, and how they are shown.
 if(NOT WIN32)
-  panelora_test(panel_trace trace/trace_file_test.cpp trace/trace_writer_test.cpp)
-  target_link_libraries(panel_trace PRIVATE panelora_trace)
+  panelora_test(panel_trace trace/trace_file_test.cpp trace/trace_view_test.cpp
+    trace/trace_writer_test.cpp support/desk_memory.cpp)
+  target_link_libraries(panel_trace PRIVATE panelora_memory panelora_trace)
+  # What a trace of the panel is shown as is a source of this project.
+  add_test(NAME trace_as_test_compiles COMMAND ${CMAKE_CXX_COMPILER} -std=c++20 -Wall -Wextra -Werror
+           -fsyntax-only -I${PROJECT_SOURCE_DIR} -isystem ${PANELORA_GOOGLETEST}/googletest/include
+           -x c++ ${CMAKE_CURRENT_LIST_DIR}/panel_as_test.txt)
 endif()
 
 # The tracing library over the simulated box and over those that are wrong in one way.
