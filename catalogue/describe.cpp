@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "catalogue/properties.h"
 
 namespace panelora {
 
@@ -42,6 +41,10 @@ std::string PictureOf(const Carried& carried) {
 bool IsAnswered(const Call& call) { return call.IsWrite() || call.Succeeded(); }
 
 }  // namespace
+
+std::string ValueOf(const Identity& box, const Property& property, const Call& call) {
+  return ValueOf(property, CarriedBy(call, box));
+}
 
 std::string Describe(const Identity& box, std::uint32_t firmware, const Call& call) {
   if (call.operation == Call::Operation::kOpen && call.number == kOpenMode) {
