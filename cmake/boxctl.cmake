@@ -1,0 +1,29 @@
+# boxctl: the settings of a box, and the simulated box, from the command line. Its core is built and
+# tested everywhere, the program on Windows.
+
+# The headers of the system are for native programs: only the two folders that are used are taken from
+# there, so that a cross compiler sees no more.
+set(PANELORA_BOXCTL_HEADERS ${PROJECT_BINARY_DIR}/boxctl_headers)
+function(panelora_take_headers folder header package)
+  find_path(PANELORA_${folder}_HEADERS ${header} PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH
+            DOC "What has ${header}")
+  if(NOT PANELORA_${folder}_HEADERS)
+    message(FATAL_ERROR "${header} is missing: install the package ${package}, or set "
+                        "PANELORA_${folder}_HEADERS to the folder that has it")
+  endif()
+  file(COPY ${PANELORA_${folder}_HEADERS}/${folder} DESTINATION ${PANELORA_BOXCTL_HEADERS})
+endfunction()
+panelora_take_headers(CLI CLI/CLI.hpp libcli11-dev)
+panelora_take_headers(nlohmann nlohmann/json.hpp nlohmann-json3-dev)
+
+add_library(panelora_boxctl STATIC
+  boxctl/attached_box.cpp
+  boxctl/names.cpp
+  boxctl/settings.cpp
+  boxctl/texts.cpp)
+target_include_directories(panelora_boxctl SYSTEM PUBLIC ${PANELORA_BOXCTL_HEADERS})
+target_link_libraries(panelora_boxctl PUBLIC panelora_simulator)
+panelora_read_once(panelora_boxctl ${PANELORA_OFTEN_INCLUDED})
+if(NOT MSVC)
+  target_compile_options(panelora_boxctl PRIVATE -fexceptions)  # where all else does without them
+endif()
