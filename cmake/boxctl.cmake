@@ -18,9 +18,12 @@ panelora_take_headers(nlohmann nlohmann/json.hpp nlohmann-json3-dev)
 
 add_library(panelora_boxctl STATIC
   boxctl/attached_box.cpp
+  boxctl/files.cpp
   boxctl/names.cpp
   boxctl/settings.cpp
-  boxctl/texts.cpp)
+  boxctl/settings_file.cpp
+  boxctl/texts.cpp
+  boxctl/values.cpp)
 target_include_directories(panelora_boxctl SYSTEM PUBLIC ${PANELORA_BOXCTL_HEADERS})
 target_link_libraries(panelora_boxctl PUBLIC panelora_simulator)
 panelora_read_once(panelora_boxctl ${PANELORA_OFTEN_INCLUDED})
