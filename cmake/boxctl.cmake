@@ -18,9 +18,12 @@ panelora_take_headers(nlohmann nlohmann/json.hpp nlohmann-json3-dev)
 
 add_library(panelora_boxctl STATIC
   boxctl/attached_box.cpp
+  boxctl/box_commands.cpp
   boxctl/files.cpp
   boxctl/names.cpp
+  boxctl/session.cpp
   boxctl/settings.cpp
+  boxctl/settings_commands.cpp
   boxctl/settings_file.cpp
   boxctl/texts.cpp
   boxctl/values.cpp)
