@@ -18,7 +18,10 @@ panelora_take_headers(nlohmann nlohmann/json.hpp nlohmann-json3-dev)
 
 add_library(panelora_boxctl STATIC
   boxctl/attached_box.cpp
+  boxctl/bench_commands.cpp
   boxctl/box_commands.cpp
+  boxctl/box_file.cpp
+  boxctl/call_commands.cpp
   boxctl/files.cpp
   boxctl/names.cpp
   boxctl/session.cpp
