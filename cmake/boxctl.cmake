@@ -21,9 +21,11 @@ add_library(panelora_boxctl STATIC
   boxctl/bench_commands.cpp
   boxctl/box_commands.cpp
   boxctl/box_file.cpp
+  boxctl/boxctl.cpp
   boxctl/call_commands.cpp
   boxctl/files.cpp
   boxctl/names.cpp
+  boxctl/script.cpp
   boxctl/session.cpp
   boxctl/settings.cpp
   boxctl/settings_commands.cpp
@@ -35,4 +37,9 @@ target_link_libraries(panelora_boxctl PUBLIC panelora_simulator)
 panelora_read_once(panelora_boxctl ${PANELORA_OFTEN_INCLUDED})
 if(NOT MSVC)
   target_compile_options(panelora_boxctl PRIVATE -fexceptions)  # where all else does without them
+endif()
+
+if(WIN32)
+  add_executable(boxctl boxctl/main.cpp)
+  target_link_libraries(boxctl PRIVATE panelora_boxctl panelora_core panelora_mapped_box shell32)
 endif()
