@@ -1,0 +1,88 @@
+#include "tests/boxctl/boxctl_desk.h"
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include "boxctl/boxctl.h"
+
+namespace panelora::boxctl {
+
+using simulator::BenchedBox;
+using simulator::By;
+using simulator::SharedBox;
+
+TestHost::TestHost()
+    : desk(std::make_unique<SharedBox>()),
+      real(std::make_unique<SharedBox>()),
+      library(std::make_unique<BenchedBox>(*real, *this, By::kPanel)) {
+  simulator::MakeBox(*desk);
+  simulator::MakeBox(*real);
+}
+
+Host::Desk TestHost::OpenDesk(std::string& error) {
+  if (hasDesk) return {desk.get(), this};
+  error = "the simulated box has no memory: error 8";
+  return {};
+}
+
+DeviceLink* TestHost::OpenLibrary(const std::string& path, std::string& error) {
+  if (path == "real.dll") return library.get();
+  error = path + " can't be loaded (error 126): is the name right?";
+  return nullptr;
+}
+
+void TestHost::Sleep(std::uint32_t milliseconds) {
+  now += milliseconds;
+  if (whenSleeping) whenSleeping(sleeps);
+  ++sleeps;
+}
+
+BoxctlTest::BoxctlTest() {
+  const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+  folder = testing::TempDir() + "boxctl_" + test.test_suite_name() + "_" + test.name();
+  for (char& letter : folder) {
+    if (letter == '#') letter = '_';
+  }
+  std::filesystem::remove_all(folder);
+  std::filesystem::create_directories(folder);
+}
+
+BoxctlTest::~BoxctlTest() {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder, ignored);
+}
+
+BoxctlTest::Ran BoxctlTest::Run(const std::vector<std::string>& arguments,
+                                const std::string& input) {
+  std::istringstream in(input);
+  std::ostringstream out;
+  std::ostringstream err;
+  const int code = boxctl::Run(arguments, host, in, out, err);
+  return {code, out.str(), err.str()};
+}
+
+std::string BoxctlTest::Content(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void BoxctlTest::Put(const std::string& path, const std::string& content) {
+  std::ofstream(path, std::ios::binary) << content;
+}
+
+void BoxctlTest::Become(std::uint8_t type, std::uint8_t brand) {
+  Control().Become({type, brand, 0, 0, 0}, 0xFFFF);
+}
+
+std::vector<std::string> BoxctlTest::WritesOf(const SharedBox& box, std::uint64_t& last) {
+  std::vector<std::string> writes;
+  for (; last < box.journal.last; ++last) {
+    const Call call = CallOf(box.journal.entries[(last + 1) % simulator::Journal::kHeld]);
+    if (call.IsWrite()) writes.push_back(TextOf(call));
+  }
+  return writes;
+}
+
+}  // namespace panelora::boxctl

@@ -1,0 +1,114 @@
+// Arguments, help, and scripts.
+#include "boxctl/script.h"
+
+#include "tests/boxctl/boxctl_desk.h"
+
+namespace panelora::boxctl {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+TEST_F(BoxctlTest, WrongArgumentsAreOneLine) {
+  const std::vector<Lines> all = {{},
+                                  {"--nonsense"},
+                                  {"nonsense"},
+                                  {"set"},
+                                  {"set", "Hue"},
+                                  {"set", "Hue", "1", "2"},
+                                  {"cut", "soon"},
+                                  {"cut", "0"},
+                                  {"become"},
+                                  {"watch", "--count", "many"},
+                                  {"plug", "unplug"},
+                                  {"wait-for-write", "Hue", "--timeout", "-1"},
+                                  {"read", "--library"}};
+  for (const Lines& arguments : all) {
+    const Ran ran = Run(arguments);
+    EXPECT_EQ(ran.code, 2) << testing::PrintToString(arguments);
+    EXPECT_EQ(ran.out, "") << testing::PrintToString(arguments);
+    EXPECT_TRUE(ran.err.starts_with("boxctl: ")) << ran.err;
+    EXPECT_EQ(ran.err.find('\n'), ran.err.size() - 1) << ran.err;
+  }
+  EXPECT_EQ(host.desk->journal.last, 0U);
+}
+
+TEST_F(BoxctlTest, HelpHasExamplesForEveryCommand) {
+  const Ran all = Run({"--help"});
+  EXPECT_EQ(all.code, 0);
+  EXPECT_EQ(all.err, "");
+  for (const char* command :
+       {"status",  "read",   "set",  "watch", "save",   "diff",          "restore",
+        "plug",    "unplug", "cut",  "reset", "become", "input",         "fail",
+        "latency", "dump",   "load", "calls", "script", "wait-for-write"}) {
+    EXPECT_NE(all.out.find(std::string("\n  ") + command + " "), std::string::npos) << command;
+    const Ran one = Run({command, "--help"});
+    EXPECT_EQ(one.code, 0);
+    EXPECT_NE(one.out.find(std::string("Examples:\n  boxctl ") + command), std::string::npos)
+        << command << one.out;
+  }
+}
+
+TEST_F(BoxctlTest, AValueMayBeCalledLikeACommand) {
+  Become(13);
+  EXPECT_EQ(Run({"set", "Input 1 Label", "reset"}), (Ran{0, "Input 1 Label: reset\n", ""}));
+  EXPECT_EQ(Run({"set", "Input 1 Label", "/live"}), (Ran{0, "Input 1 Label: /live\n", ""}));
+  EXPECT_EQ(Run({"set", "Input 1 Label", "--", "-1-"}), (Ran{0, "Input 1 Label: -1-\n", ""}));
+}
+
+TEST_F(BoxctlTest, ScriptsFromThePipeGoOn) {
+  EXPECT_EQ(Run({"script", "-"},
+                "# a comment\n"
+                "\n"
+                "set \"Input Source\" vga\r\n"
+                "set Hue 256\n"
+                "  read Hue \"Input Source\"\n"
+                "set \"Hue 1\n"
+                "nonsense\n"
+                "script -\n"
+                "unplug"),
+            (Ran{0,
+                 "Input Source: VGA\n.\n"
+                 "! Hue can't be \"256\": it takes a number from 0 to 255\n"
+                 "Hue: 128\nInput Source: VGA\n.\n"
+                 "! a quote is never closed: put a \" behind the word\n"
+                 "! A subcommand is required (boxctl --help says more)\n"
+                 "! A subcommand is required (boxctl --help says more)\n"
+                 "unplugged\n.\n",
+                 ""}));
+}
+
+TEST_F(BoxctlTest, ScriptsFromAFileEndWithTheFirstFailure) {
+  Put(File("script.txt"), "set Hue 1\nset Hue x\nset Hue 2\n");
+  EXPECT_EQ(Run({"script", File("script.txt")}),
+            (Ran{2, "Hue: 1\n.\n! Hue can't be \"x\": it takes a number from 0 to 255\n", ""}));
+  EXPECT_EQ(Run({"read", "Hue"}).out, "Hue: 1\n");
+  EXPECT_EQ(Run({"script", File("none.txt")}),
+            (Ran{2, "", "boxctl: " + File("none.txt") + " can't be opened: is the name right?\n"}));
+}
+
+TEST_F(BoxctlTest, LinesOfAScriptHaveItsOptions) {
+  EXPECT_EQ(Run({"script", "-", "--library", "real.dll", "--json"}, "read Hue\nplug\n"),
+            (Ran{0,
+                 "[{\"name\":\"Hue\",\"address\":\"picture 4\",\"value\":\"128\",\"bytes\":"
+                 "\"80\"}]\n.\n"
+                 "! only the simulated box can do that: leave out --library\n",
+                 ""}));
+}
+
+TEST_F(BoxctlTest, DifferencesAreAFailureOfAScript) {
+  ASSERT_EQ(Run({"save", File("a.json")}).code, 0);
+  const std::string line = "diff \"" + File("a.json") + "\"\n";
+  EXPECT_EQ(Run({"script", "-"}, line + "set Hue 1\n" + line),
+            (Ran{0, ".\nHue: 1\n.\nHue: 128 -> 1\n! there are differences\n", ""}));
+}
+
+TEST(Script, LinesAreWords) {
+  EXPECT_EQ(WordsOf(""), Lines());
+  EXPECT_EQ(WordsOf("  a\tb  c "), Lines({"a", "b", "c"}));
+  EXPECT_EQ(WordsOf("set \"Input Source\" \"\" C:\\a\\b.json"),
+            Lines({"set", "Input Source", "", "C:\\a\\b.json"}));
+  EXPECT_EQ(WordsOf("a\"b c\"d"), Lines({"ab cd"}));
+}
+
+}  // namespace
+}  // namespace panelora::boxctl

@@ -1,0 +1,8 @@
+# boxctl at a simulated box whose clock is the test's.
+if(NOT WIN32)
+  panelora_test(boxctl_tests
+    boxctl/boxctl_desk.cpp
+    boxctl/reading_test.cpp
+    boxctl/script_test.cpp)
+  target_link_libraries(boxctl_tests PRIVATE panelora_boxctl)
+endif()
