@@ -87,7 +87,7 @@ std::string ReadBack(const AttachedBox& box, const Setting& setting, const Bytes
     throw Failure(Exit::kDiffers, setting.name + " was told, but the box does not tell it back");
   }
   const Bytes kept = KeptOf(setting, answer);
-  const std::string caption = CaptionOf(setting, box.Who(), kept);
+  std::string caption = CaptionOf(setting, box.Who(), kept);
   if (ToldOf(setting, kept) == told) return caption;
   throw Failure(Exit::kDiffers, setting.name + " did not take it: the box reports " + caption);
 }

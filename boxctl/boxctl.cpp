@@ -8,6 +8,7 @@
 #include "boxctl/bench_commands.h"
 #include "boxctl/box_commands.h"
 #include "boxctl/call_commands.h"
+#include "boxctl/names.h"
 #include "boxctl/script.h"
 #include "boxctl/texts.h"
 
@@ -17,7 +18,8 @@ namespace {
 
 constexpr char kAbout[] =
     "boxctl reads, sets, saves and restores the settings of a box, and works the simulated box\n"
-    "that the programs of a desk share. Names and values are those that the panel shows.";
+    "that the programs of a desk share; that box is there as long as one of them is running.\n"
+    "Names and values are those that the panel shows.";
 constexpr char kExits[] =
     "Exit codes: 0 done, 1 different, not found or refused by the box, 2 bad input, 3 timeout,\n"
     "4 no box.";
@@ -66,7 +68,7 @@ class Program {
       app.exit(asked, streams.out, streams.out);
       return {};
     } catch (const CLI::ParseError& error) {
-      return {Exit::kBadInput, Printable(error.what()) + " (boxctl --help says more)"};
+      return {Exit::kBadInput, WhyNot(error)};
     } catch (const Failure& failure) {
       return {failure.Code(), failure.what()};
     } catch (const std::exception& error) {
@@ -76,6 +78,19 @@ class Program {
 
  private:
   using Command = std::function<Exit(Session&)>;
+
+  std::string WhyNot(const CLI::ParseError& error) {
+    if (!app.get_subcommands().empty()) {
+      return Printable(error.what()) + " (boxctl --help says more)";
+    }
+    const std::vector<std::string> rest = app.remaining();
+    if (rest.empty()) return "say what to do: boxctl --help lists the commands";
+    std::vector<std::string> commands;
+    for (const CLI::App* each : app.get_subcommands({})) commands.push_back(each->get_name());
+    const std::string near = NearOf(commands, rest.front());
+    return "\"" + Printable(rest.front()) + "\" is no command: " +
+           (near.empty() ? "boxctl --help lists them" : "do you mean " + near + "?");
+  }
 
   void AddCommon(CLI::App& to) {
     to.add_flag("--json", common.json, "answer with JSON");

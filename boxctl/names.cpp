@@ -33,8 +33,9 @@ std::vector<Named> Chosen(const Identity& identity, std::uint32_t firmware,
 }
 
 std::vector<std::string> NamesOf(std::span<const Named> all) {
-  std::vector<std::string> names;
-  for (const Named& each : all) names.push_back(each.name);
+  std::vector<std::string> names(all.size());
+  std::transform(all.begin(), all.end(), names.begin(),
+                 [](const Named& each) { return each.name; });
   return names;
 }
 
@@ -86,8 +87,9 @@ std::string NearOf(std::span<const std::string> names, const std::string& typed)
   std::stable_sort(near.begin(), near.end(),
                    [](const auto& one, const auto& other) { return one.first < other.first; });
   near.resize(std::min(near.size(), kMostNear));
-  std::vector<std::string> found;
-  for (const auto& each : near) found.push_back(each.second);
+  std::vector<std::string> found(near.size());
+  std::transform(near.begin(), near.end(), found.begin(),
+                 [](const auto& each) { return each.second; });
   return Joined(found);
 }
 

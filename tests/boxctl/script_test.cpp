@@ -32,6 +32,16 @@ TEST_F(BoxctlTest, WrongArgumentsAreOneLine) {
   EXPECT_EQ(host.desk->journal.last, 0U);
 }
 
+TEST_F(BoxctlTest, UnknownCommandsListNearOnes) {
+  EXPECT_EQ(Run({"unplugg"}),
+            (Ran{2, "", "boxctl: \"unplugg\" is no command: do you mean plug, unplug?\n"}));
+  EXPECT_EQ(Run({"--json", "statsu"}),
+            (Ran{2, "", "boxctl: \"statsu\" is no command: do you mean status?\n"}));
+  EXPECT_EQ(Run({}), (Ran{2, "", "boxctl: say what to do: boxctl --help lists the commands\n"}));
+  EXPECT_EQ(Run({"set", "Hue"}),
+            (Ran{2, "", "boxctl: VALUE is required (boxctl --help says more)\n"}));
+}
+
 TEST_F(BoxctlTest, HelpHasExamplesForEveryCommand) {
   const Ran all = Run({"--help"});
   EXPECT_EQ(all.code, 0);
@@ -71,8 +81,8 @@ TEST_F(BoxctlTest, ScriptsFromThePipeGoOn) {
                  "! Hue can't be \"256\": it takes a number from 0 to 255\n"
                  "Hue: 128\nInput Source: VGA\n.\n"
                  "! a quote is never closed: put a \" behind the word\n"
-                 "! A subcommand is required (boxctl --help says more)\n"
-                 "! A subcommand is required (boxctl --help says more)\n"
+                 "! \"nonsense\" is no command: boxctl --help lists them\n"
+                 "! \"script\" is no command: boxctl --help lists them\n"
                  "unplugged\n.\n",
                  ""}));
 }
