@@ -11,6 +11,7 @@
 #include "boxctl/names.h"
 #include "boxctl/script.h"
 #include "boxctl/texts.h"
+#include "boxctl/trace_commands.h"
 
 namespace panelora::boxctl {
 
@@ -25,6 +26,7 @@ constexpr char kExits[] =
     "4 no box.";
 constexpr char kOfSimulated[] = "Simulated box";
 constexpr char kOfAny[] = "Any box";
+constexpr char kOfTraces[] = "Traces";
 
 constexpr std::uint32_t kMostType = kNoBoxType - 1;
 constexpr std::uint32_t kMostByte = 255;
@@ -55,6 +57,7 @@ class Program {
     AddFaults();
     AddFiles();
     AddCalls();
+    AddTraces();
     if (!common.isLine) AddScript();
   }
 
@@ -232,6 +235,23 @@ class Program {
     wait.add_option("--timeout", timeout, "seconds")->check(CLI::Range(0.0, kMostSeconds));
   }
 
+  void AddTraces() {
+    CLI::App& shown = Add("trace", "show a recorded trace in words",
+                          "  boxctl trace DEVLNK.trace.txt --writes\n"
+                          "  boxctl trace DEVLNK.trace.txt --slow 50 --follow\n"
+                          "  boxctl trace DEVLNK.trace.txt --as-test",
+                          kOfTraces, [this](Session& session) { ShowTrace(session, file, trace); });
+    shown.add_option("FILE", file)->required();
+    shown.add_flag("--follow", trace.follow, "and what is written to it, until Ctrl+C");
+    shown.add_flag("--writes", trace.writes, "these alone");
+    shown.add_option("--slow", trace.slow, "only calls that took longer, in ms")->type_name("MS");
+    shown.add_flag("--as-test", trace.asTest, "as a scenario of the project's tests");
+    CLI::App& replay = Add("replay", "let the simulated box answer as a recorded one did",
+                           "  boxctl replay DEVLNK.trace.txt", kOfSimulated,
+                           [this](Session& session) { Replay(session, file); });
+    replay.add_option("FILE", file)->required();
+  }
+
   void AddScript() {
     CLI::App& script =
         AddWithExit("script", "commands from a file, one a line, or from the standard input",
@@ -268,6 +288,7 @@ class Program {
   BecomeOptions become;
   FailOptions fail;
   CallsOptions calls;
+  TraceOptions trace;
 };
 
 }  // namespace

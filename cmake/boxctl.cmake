@@ -31,9 +31,10 @@ add_library(panelora_boxctl STATIC
   boxctl/settings_commands.cpp
   boxctl/settings_file.cpp
   boxctl/texts.cpp
+  boxctl/trace_commands.cpp
   boxctl/values.cpp)
 target_include_directories(panelora_boxctl SYSTEM PUBLIC ${PANELORA_BOXCTL_HEADERS})
-target_link_libraries(panelora_boxctl PUBLIC panelora_simulator)
+target_link_libraries(panelora_boxctl PUBLIC panelora_simulator panelora_trace)
 panelora_read_once(panelora_boxctl ${PANELORA_OFTEN_INCLUDED})
 if(NOT MSVC)
   target_compile_options(panelora_boxctl PRIVATE -fexceptions)  # where all else does without them

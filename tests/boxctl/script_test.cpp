@@ -47,9 +47,9 @@ TEST_F(BoxctlTest, HelpHasExamplesForEveryCommand) {
   EXPECT_EQ(all.code, 0);
   EXPECT_EQ(all.err, "");
   for (const char* command :
-       {"status",  "read",   "set",  "watch", "save",   "diff",          "restore",
-        "plug",    "unplug", "cut",  "reset", "become", "input",         "fail",
-        "latency", "dump",   "load", "calls", "script", "wait-for-write"}) {
+       {"status", "read",  "set",    "watch",          "save",  "diff",  "restore", "plug",
+        "unplug", "cut",   "reset",  "become",         "input", "fail",  "latency", "dump",
+        "load",   "calls", "script", "wait-for-write", "trace", "replay"}) {
     EXPECT_NE(all.out.find(std::string("\n  ") + command + " "), std::string::npos) << command;
     const Ran one = Run({command, "--help"});
     EXPECT_EQ(one.code, 0);

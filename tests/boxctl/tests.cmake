@@ -6,6 +6,7 @@ if(NOT WIN32)
     boxctl/damaged_files_test.cpp
     boxctl/reading_test.cpp
     boxctl/script_test.cpp
-    boxctl/settings_test.cpp)
+    boxctl/settings_test.cpp
+    boxctl/trace_test.cpp)
   target_link_libraries(boxctl_tests PRIVATE panelora_boxctl)
 endif()

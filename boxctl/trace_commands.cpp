@@ -1,0 +1,103 @@
+#include "boxctl/trace_commands.h"
+
+#include <algorithm>
+#include <sstream>
+
+#include "base/text.h"
+#include "boxctl/files.h"
+#include "trace/told_box.h"
+#include "trace/trace_view.h"
+#include "trace/words.h"
+
+namespace panelora::boxctl {
+
+namespace {
+
+using trace::Trace;
+using trace::TracedCall;
+
+constexpr std::uint32_t kPeriod = 500;  // ms from look to look
+
+Trace TraceOf(const std::string& path) {
+  std::ifstream file = OpenFile(path);
+  std::string error;
+  std::optional<Trace> read = trace::ReadTrace(file, error);
+  if (!read) throw Failure(Exit::kBadInput, Printable(path) + ": " + Printable(error));
+  return std::move(*read);
+}
+
+bool IsShown(const TracedCall& each, const TraceOptions& options) {
+  constexpr std::uint64_t kMicroseconds = 1000;  // of a millisecond
+  const bool isKind = !options.writes || each.call.IsWrite();
+  return isKind && (options.slow == 0 || each.duration > options.slow * kMicroseconds);
+}
+
+// A call a line.
+std::string JsonLines(const Trace& shown, const TraceOptions& options) {
+  std::string lines;
+  trace::ToldBox box;
+  for (const TracedCall& each : shown.calls) {
+    box.Hear(each.call);
+    if (!IsShown(each, options)) continue;
+    const Json json = {{"number", each.number},     {"time", each.time},
+                       {"duration", each.duration}, {"write", each.call.IsWrite()},
+                       {"call", TextOf(each.call)}, {"words", trace::InWords(box, each.call)},
+                       {"result", each.call.result}};
+    lines += LineOf(json) + "\n";
+  }
+  return lines;
+}
+
+std::string LinesOf(const Trace& shown, const TraceOptions& options, bool isJson) {
+  if (isJson) return JsonLines(shown, options);
+  std::ostringstream lines;
+  trace::ShowTrace(shown, {options.writes, options.slow}, lines);
+  return lines.str();
+}
+
+}  // namespace
+
+void ShowTrace(Session& session, const std::string& path, const TraceOptions& options) {
+  if (options.asTest) {
+    trace::ShowAsTest(TraceOf(path), session.Out());
+    return;
+  }
+  std::string before;
+  std::uint64_t size = 0;
+  do {
+    const std::uint64_t now = SizeOf(path);
+    if (before.empty() || now != size) {
+      const std::string lines = LinesOf(TraceOf(path), options, session.IsJson());
+      // A trace that was begun anew is shown from its beginning.
+      const bool goesOn = lines.starts_with(before);
+      session.Out() << lines.substr(goesOn ? before.size() : 0) << std::flush;
+      before = lines;
+      size = now;
+    }
+    if (options.follow) session.System().Sleep(kPeriod);
+  } while (options.follow && !session.System().IsStopped());
+}
+
+void Replay(Session& session, const std::string& path) {
+  simulator::BoxControl control = session.Control();
+  const Trace read = TraceOf(path);
+  trace::ToldBox box;
+  std::vector<Call> calls(read.calls.size());
+  std::transform(read.calls.begin(), read.calls.end(), calls.begin(), [&](const TracedCall& each) {
+    box.Hear(each.call);
+    return each.call;
+  });
+  if (box.TheIdentity().boxType != kNoBoxType) {
+    Require(control.Become(box.TheIdentity(), box.Firmware()));
+  }
+  if (!control.Play(calls)) {
+    throw Failure(Exit::kDiffers, Printable(path) +
+                                      " asks more than the simulated box can keep: replay a "
+                                      "shorter trace");
+  }
+  const std::string count = std::to_string(calls.size());
+  session.Say("the box answers as in these " + count + " calls, until it becomes another one\n",
+              {{"calls", calls.size()}, {"model", box.TheIdentity().boxType}});
+}
+
+}  // namespace panelora::boxctl

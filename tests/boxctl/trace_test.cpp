@@ -1,0 +1,96 @@
+// Traces: shown in words, followed, and replayed.
+#include "tests/boxctl/boxctl_desk.h"
+#include "trace/trace_line.h"
+
+namespace panelora::boxctl {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class Traces : public BoxctlTest {
+ protected:
+  // The calls of the desk's box so far, as a trace.
+  std::string TraceOfDesk() const {
+    const simulator::Journal& journal = host.desk->journal;
+    std::string text(trace::Line::First(1).Text());
+    for (std::uint64_t number = 1; number <= journal.last; ++number) {
+      const simulator::Entry& entry = journal.entries[number % simulator::Journal::kHeld];
+      const auto duration = static_cast<std::uint32_t>(number * 1000);
+      const trace::TracedCall traced = {TestHost::kBegin, duration, CallOf(entry), number};
+      text += trace::Line::OfCall(number, trace::RecordOf(traced)).Text();
+    }
+    return text;
+  }
+};
+
+TEST_F(Traces, AreShownInWords) {
+  ASSERT_EQ(Run({"set", "Hue", "4"}).code, 0);
+  Put(File("trace.txt"), TraceOfDesk());
+  const Ran all = Run({"trace", File("trace.txt")});
+  EXPECT_EQ(all.code, 0) << all.err;
+  EXPECT_NE(all.out.find("Identity: type 26 brand 0"), std::string::npos) << all.out;
+  const Ran writes = Run({"trace", File("trace.txt"), "--writes"});
+  EXPECT_EQ(writes.out.find("Identity"), std::string::npos);
+  EXPECT_NE(writes.out.find("Hue: 4"), std::string::npos);
+  EXPECT_EQ(Run({"trace", File("trace.txt"), "--writes", "--slow", "5"}).out, "");
+  EXPECT_EQ(Run({"trace", File("trace.txt"), "--writes", "--slow", "4"}).out, writes.out);
+  EXPECT_EQ(Run({"trace", File("trace.txt"), "--writes", "--json"}).out,
+            "{\"number\":5,\"time\":1000000000000000,\"duration\":5000,\"write\":true,\"call\":"
+            "\"set proc amp 0,4 = 4\",\"words\":\"Hue: 4\",\"result\":1}\n");
+  const Ran test = Run({"trace", File("trace.txt"), "--as-test"});
+  EXPECT_EQ(test.code, 0);
+  EXPECT_NE(test.out.find("TEST_F("), std::string::npos) << test.out;
+}
+
+TEST_F(Traces, AreFollowed) {
+  ASSERT_EQ(Run({"set", "Hue", "4"}).code, 0);
+  Put(File("trace.txt"), TraceOfDesk());
+  const std::string before = Run({"trace", File("trace.txt")}).out;
+  host.whenSleeping = [&](int sleep) {
+    if (sleep == 0) Run({"set", "Contrast", "9"});
+    if (sleep == 1) Put(File("trace.txt"), TraceOfDesk());
+    host.stopped = sleep == 3;
+  };
+  const Ran followed = Run({"trace", File("trace.txt"), "--follow"});
+  EXPECT_TRUE(followed.out.starts_with(before));
+  EXPECT_EQ(followed.out, Run({"trace", File("trace.txt")}).out);
+  EXPECT_NE(followed.out.find("Contrast: 9"), std::string::npos);
+}
+
+TEST_F(Traces, AreReplayed) {
+  Become(13, 8);
+  ASSERT_EQ(Run({"set", "Hue", "4"}).code, 0);
+  Put(File("trace.txt"), TraceOfDesk());
+  Become(26);
+  EXPECT_EQ(Run({"replay", File("trace.txt")}),
+            (Ran{0, "the box answers as in these 5 calls, until it becomes another one\n", ""}));
+  EXPECT_EQ(Run({"read", "Identity", "Hue"}).out, "Identity: type 13 brand 8\nHue: 4\n");
+  EXPECT_TRUE(Control().LookAt()->isReplayed);
+  EXPECT_EQ(Control().LookAt()->box.identity.boxType, 13);
+  EXPECT_EQ(Run({"become", "26"}).code, 0);
+  EXPECT_FALSE(Control().LookAt()->isReplayed);
+}
+
+TEST_F(Traces, ThatAreDamagedAreRefused) {
+  ASSERT_EQ(Run({"set", "Hue", "4"}).code, 0);
+  std::string damaged = TraceOfDesk();
+  damaged.replace(damaged.find("-> 1"), 4, "-> 7");
+  Put(File("trace.txt"), damaged);
+  for (const Lines& command : {Lines{"trace"}, Lines{"replay"}, Lines{"trace", "--as-test"}}) {
+    Lines arguments = command;
+    arguments.push_back(File("trace.txt"));
+    const Ran ran = Run(arguments);
+    EXPECT_EQ(ran.code, 2);
+    EXPECT_EQ(ran.out, "");
+    EXPECT_TRUE(ran.err.starts_with("boxctl: " + File("trace.txt") + ": ")) << ran.err;
+    EXPECT_EQ(ran.err.find('\n'), ran.err.size() - 1);
+  }
+  EXPECT_FALSE(Control().LookAt()->isReplayed);
+  EXPECT_EQ(Run({"trace", File("none.txt")}),
+            (Ran{2, "", "boxctl: " + File("none.txt") + " can't be opened: is the name right?\n"}));
+  EXPECT_EQ(Run({"replay", File("trace.txt"), "--library", "real.dll"}),
+            (Ran{2, "", "boxctl: only the simulated box can do that: leave out --library\n"}));
+}
+
+}  // namespace
+}  // namespace panelora::boxctl
