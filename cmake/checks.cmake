@@ -38,6 +38,7 @@ function(panelora_tidy target)
   add_custom_target(${target} DEPENDS ${stamps})
 endfunction()
 
+get_target_property(PANELORA_BOXCTL_SOURCES panelora_boxctl SOURCES)
 get_target_property(PANELORA_CATALOGUE_SOURCES panelora_catalogue SOURCES)
 get_target_property(PANELORA_CORE_SOURCES panelora_core SOURCES)
 get_target_property(PANELORA_SIMULATOR_SOURCES panelora_simulator SOURCES)
@@ -46,11 +47,12 @@ if(WIN32)
   get_target_property(PANELORA_WIN32_SOURCES panelora_win32 SOURCES)
   list(TRANSFORM PANELORA_WINDOWS_DEFINITIONS PREPEND -D OUTPUT_VARIABLE PANELORA_WINDOWS_FLAGS)
   panelora_tidy(check_tidy ${PANELORA_WIN32_SOURCES} platform/win32/main.cpp
-    simulator/devlnk_dll.cpp tools/panel_remote.cpp trace/devlnk_trace.cpp FLAGS ${PANELORA_WINDOWS_FLAGS})
+    boxctl/main.cpp simulator/devlnk_dll.cpp tools/panel_remote.cpp trace/devlnk_trace.cpp
+    FLAGS ${PANELORA_WINDOWS_FLAGS})
 else()
   panelora_tidy(check_tidy ${PANELORA_CATALOGUE_SOURCES} ${PANELORA_CORE_SOURCES} ${PANELORA_SIMULATOR_SOURCES}
-    ${PANELORA_TRACE_SOURCES} platform/memory/memory_toolkit.cpp
-    FLAGS "-DPANELORA_ADMITTED_BOX_TYPES_LIST=${PANELORA_ADMITTED_LIST}")
+    ${PANELORA_TRACE_SOURCES} ${PANELORA_BOXCTL_SOURCES} platform/memory/memory_toolkit.cpp
+    FLAGS -isystem ${PANELORA_BOXCTL_HEADERS} "-DPANELORA_ADMITTED_BOX_TYPES_LIST=${PANELORA_ADMITTED_LIST}")
   add_test(NAME check_tidy
     COMMAND ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target check_tidy -- -k 0)
   set_tests_properties(check_tidy PROPERTIES RUN_SERIAL TRUE)
