@@ -14,7 +14,7 @@ namespace panelora::trace {
 // the middle of anything.
 class CallRing {
  public:
-  static constexpr std::uint32_t kHeld = 4096;  // a power of two
+  static constexpr std::uint32_t kHeld = 8192;  // a power of two
 
   struct Place {
     std::uint32_t lostBefore;  // calls since the place before, which found no room

@@ -63,14 +63,15 @@ void Line::AddNumber(std::uint64_t value, std::size_t digits) {
 }
 
 void Line::AddByte(std::uint8_t byte) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  Add(kDigits.substr(byte >> 4, 1));
-  Add(kDigits.substr(byte & 0xF, 1));
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  if (size + 2 > kLongest) return;
+  text[size++] = kDigits[byte >> 4];
+  text[size++] = kDigits[byte & 0xF];
 }
 
 void Line::AddBytes(const Record& record) {
-  for (std::size_t i = 0; i < record.byteCount; ++i) {
-    Add(" ");
+  for (std::size_t i = 0; i < record.byteCount && size < kLongest; ++i) {
+    text[size++] = ' ';
     AddByte(record.bytes[i]);
   }
 }

@@ -29,7 +29,7 @@ class TraceDisk {
 // It needs no memory and no locks of the system, so that it can write while a process ends.
 class TraceWriter {
  public:
-  static constexpr std::uint64_t kMostBytes = 16 * 1024 * 1024;  // of a file
+  static constexpr std::uint64_t kMostBytes = std::uint64_t{16} * 1024 * 1024;  // of a file
 
   // Both outlive it.
   constexpr TraceWriter(CallRing& theRing, TraceDisk& theDisk) : ring(theRing), disk(theDisk) {}
@@ -41,7 +41,7 @@ class TraceWriter {
   void WriteWaiting() noexcept;
 
  private:
-  static constexpr std::size_t kBatchBytes = 32 * 1024;
+  static constexpr std::size_t kBatchBytes = std::size_t{32} * 1024;
 
   struct Progress {
     std::uint32_t place = 0;   // of the ring, that is written next
