@@ -266,6 +266,9 @@ class Tracer {
   void StartOnce() {
     clock.Start();
     files.FindPlaces();
+    // The maker's library was just read from the disk. A process that is short ends while the file
+    // would be opened otherwise.
+    writer.Begin();
     timer = CreateThreadpoolTimer(OnTimer, this, nullptr);
     SetTimer(kPeriod);
     isStarted.store(true);

@@ -11,6 +11,10 @@ void TraceWriter::Reach(const Progress& next) {
   ring.Release(next.place);
 }
 
+void TraceWriter::Begin() noexcept {
+  if (HasFile()) WriteBatch();
+}
+
 void TraceWriter::WriteWaiting() noexcept {
   while (IsAnythingLeft() && HasFile() && WriteBatch()) {
   }

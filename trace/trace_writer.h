@@ -34,6 +34,10 @@ class TraceWriter {
   // Both outlive it.
   constexpr TraceWriter(CallRing& theRing, TraceDisk& theDisk) : ring(theRing), disk(theDisk) {}
 
+  // Begins the file at once, when nobody minds a disk that is slow: otherwise the first call that
+  // is written does.
+  void Begin() noexcept;
+
   // Writes all that waits. What the disk does not take waits for the next time.
   //
   // One at a time. When a thread was ended within it, another one goes on where that had got to:

@@ -104,6 +104,16 @@ TEST_F(Writing, BeginsAFileWithTheFirstCall) {
   EXPECT_EQ(NumbersIn(Read(0)), Numbers(1, 5));
 }
 
+TEST_F(Writing, BeginsAFileBeforeTheFirstCallWhereItIsTold) {
+  writer->Begin();
+  EXPECT_EQ(disk.begun, 1);
+  EXPECT_EQ(Read(0).calls.size(), 0U);
+  Put(2);
+  writer->WriteWaiting();
+  EXPECT_EQ(disk.begun, 1);
+  EXPECT_EQ(NumbersIn(Read(0)), Numbers(1, 2));
+}
+
 TEST_F(Writing, WritesAFullRingInOneGo) {
   Put(kHeld);
   EXPECT_EQ(ring->Waiting(), kHeld);
