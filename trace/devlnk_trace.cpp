@@ -196,7 +196,7 @@ class Clock {
     QueryPerformanceFrequency(&perSecond);
     const auto precise = reinterpret_cast<void*>(
         GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "GetSystemTimePreciseAsFileTime"));
-    if (precise != nullptr) timeOfDay = reinterpret_cast<TimeOfDay>(precise);
+    timeOfDay = precise != nullptr ? reinterpret_cast<TimeOfDay>(precise) : GetSystemTimeAsFileTime;
   }
 
   // Microseconds since 1970 (UTC).
@@ -226,7 +226,7 @@ class Clock {
   using TimeOfDay = void(WINAPI*)(FILETIME*);
 
   LARGE_INTEGER perSecond = {};
-  TimeOfDay timeOfDay = &GetSystemTimeAsFileTime;
+  TimeOfDay timeOfDay = nullptr;
 };
 
 // Calls go into a ring; a thread of the system's pool writes them into a file a moment later.
