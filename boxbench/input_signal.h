@@ -1,0 +1,31 @@
+// The signal that the box receives: from what is typed to what its model tells.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "boxbench/words.h"
+#include "catalogue/codecs.h"
+#include "simulator/box_control.h"
+
+namespace panelora::boxbench {
+
+struct Signal {
+  VideoFormat format;  // width 0 = no signal
+  bool isInterlaced = false;
+};
+
+// The usual ones, as they are typed: "1920x1080 59.94p", "no signal".
+std::span<const char* const> UsualSignals();
+Typed<Signal> ParseSignal(std::string_view text);
+std::string TextOf(const Signal& signal);
+
+// Gives it to all inputs of the box; what became of it, in one line.
+struct SignalResult {
+  bool isSet;
+  std::string text;
+};
+SignalResult SetSignal(simulator::BoxControl& control, const Signal& signal);
+
+}  // namespace panelora::boxbench

@@ -1,0 +1,8 @@
+# What the lists and fields of BoxBench mean.
+if(NOT WIN32)
+  panelora_test(boxbench_units
+    boxbench/input_signal_test.cpp
+    boxbench/models_test.cpp
+    boxbench/words_test.cpp)
+  target_link_libraries(boxbench_units PRIVATE panelora_boxbench)
+endif()
