@@ -1,6 +1,8 @@
 # BoxBench.exe shows and works the simulated box beside a panel: what its lists and fields mean.
 add_library(panelora_boxbench STATIC
+  boxbench/call_log.cpp
   boxbench/edit_value.cpp
+  boxbench/fault_form.cpp
   boxbench/input_signal.cpp
   boxbench/models.cpp
   boxbench/plug_switches.cpp
