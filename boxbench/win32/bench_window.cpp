@@ -1,0 +1,353 @@
+#include "boxbench/win32/bench_window.h"
+
+#include <array>
+
+#include "base/text.h"
+#include "platform/win32/dpi.h"
+
+namespace panelora::boxbench {
+
+namespace {
+
+constexpr char kTitle[] = "Panelora BoxBench";
+constexpr int kIconResource = 128;
+constexpr UINT_PTR kPollTimer = 1;
+constexpr UINT kPollPeriod = 50;  // ms
+
+// Of the whole window, at 96 dpi.
+constexpr int kFirstWidth = 1000;
+constexpr int kFirstHeight = 700;
+constexpr int kLeastWidth = 800;
+constexpr int kLeastHeight = 560;
+
+// Microseconds from UTC to the operator's clock, as it is now.
+std::int64_t UtcToLocal() {
+  FILETIME utc;
+  FILETIME local;
+  GetSystemTimeAsFileTime(&utc);
+  FileTimeToLocalFileTime(&utc, &local);
+  const auto tenths = [](const FILETIME& time) {
+    return (static_cast<std::int64_t>(time.dwHighDateTime) << 32) | time.dwLowDateTime;
+  };
+  return (tenths(local) - tenths(utc)) / 10;
+}
+
+HACCEL MakeKeys() {
+  std::array<ACCEL, 4> keys = {{
+      {FVIRTKEY, VK_F5, control::kRefresh},
+      {FVIRTKEY | FCONTROL, 'F', control::kFind},
+      {FVIRTKEY | FCONTROL, 'S', control::kSave},
+      {FVIRTKEY | FCONTROL, 'P', control::kPause},
+  }};
+  return CreateAcceleratorTableA(keys.data(), static_cast<int>(keys.size()));
+}
+
+}  // namespace
+
+BenchWindow::BenchWindow(HINSTANCE theInstance, std::string theLogFile)
+    : instance(theInstance),
+      logFile(std::move(theLogFile)),
+      deskName(simulator::BoxName()),
+      gdi(theInstance),
+      keys(MakeKeys()),
+      toLocal(UtcToLocal()) {}
+
+BenchWindow::~BenchWindow() {
+  for (const HFONT each : {font, boldFont, titleFont}) {
+    if (each != nullptr) DeleteObject(each);
+  }
+  if (keys != nullptr) DestroyAcceleratorTable(keys);
+}
+
+bool BenchWindow::Make(int show) {
+  INITCOMMONCONTROLSEX controls{sizeof controls,
+                                ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_STANDARD_CLASSES};
+  InitCommonControlsEx(&controls);
+  WNDCLASSEXA kind{};
+  kind.cbSize = sizeof kind;
+  kind.lpfnWndProc = Procedure;
+  kind.hInstance = instance;
+  kind.hIcon = LoadIconA(instance, MAKEINTRESOURCEA(kIconResource));
+  kind.hCursor = LoadCursor(nullptr, IDC_ARROW);
+  kind.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
+  kind.lpszClassName = kWindowClass;
+  if (RegisterClassExA(&kind) == 0) return false;
+  const std::string title = deskName == "desk" ? kTitle : kTitle + (" - " + deskName);
+  UseSystemLook();
+  window = CreateWindowExA(WS_EX_CONTROLPARENT, kWindowClass, title.c_str(),
+                           WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT,
+                           kFirstWidth, kFirstHeight, nullptr, nullptr, instance, this);
+  if (window == nullptr) return false;
+  MakeControls();
+  UseDpi(win32::DpiOf(window));
+  RECT work{};
+  SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
+  SetWindowPos(window, nullptr, 0, 0, std::min<int>(Scaled(kFirstWidth), work.right - work.left),
+               std::min<int>(Scaled(kFirstHeight), work.bottom - work.top),
+               SWP_NOMOVE | SWP_NOZORDER);
+  OpenDesk();
+  ShowWindow(window, show);
+  Focus(box != nullptr ? control::kType : control::kTryAgain);
+  SetTimer(window, kPollTimer, kPollPeriod, nullptr);
+  return true;
+}
+
+int BenchWindow::Run() {
+  MSG message;
+  while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+    if (TakeKeyboard(message)) continue;
+    TranslateMessage(&message);
+    DispatchMessageA(&message);
+  }
+  return 0;
+}
+
+bool BenchWindow::TakeKeyboard(const MSG& message) {
+  MSG copy = message;
+  if (window == nullptr) return false;
+  return TranslateAcceleratorA(window, keys, &copy) != 0 || IsDialogMessageA(window, &copy) != 0;
+}
+
+LRESULT CALLBACK BenchWindow::Procedure(HWND handle, UINT message, WPARAM wParam,
+                                        LPARAM lParam) noexcept {
+  if (message == WM_NCCREATE) {
+    const auto* made = reinterpret_cast<const CREATESTRUCTA*>(lParam);
+    auto* self = static_cast<BenchWindow*>(made->lpCreateParams);
+    self->window = handle;
+    SetWindowLongPtrA(handle, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+  }
+  auto* self = reinterpret_cast<BenchWindow*>(GetWindowLongPtrA(handle, GWLP_USERDATA));
+  if (self == nullptr) return DefWindowProcA(handle, message, wParam, lParam);
+  return self->Handle(message, wParam, lParam);
+}
+
+LRESULT BenchWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_TIMER:
+      Poll();
+      return 0;
+    case WM_COMMAND:
+      Command(LOWORD(wParam), HIWORD(wParam));
+      return 0;
+    case WM_HSCROLL:
+      if (reinterpret_cast<HWND>(lParam) == Control(control::kLatency)) FaultsChanged();
+      return 0;
+    case WM_NOTIFY:
+      return Notify(*reinterpret_cast<const NMHDR*>(lParam), lParam);
+    case WM_DRAWITEM:
+      DrawButton(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+      return TRUE;
+    case WM_CTLCOLORSTATIC:
+      return ColourOf(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
+    case WM_PAINT:
+      Paint();
+      return 0;
+    case WM_SIZE:
+      if (wParam != SIZE_MINIMIZED) Layout();
+      return 0;
+    case WM_GETMINMAXINFO: {
+      auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
+      limits->ptMinTrackSize = {Scaled(kLeastWidth), Scaled(kLeastHeight)};
+      return 0;
+    }
+    case win32::kDpiChanged: {
+      const RECT& place = *reinterpret_cast<const RECT*>(lParam);
+      UseDpi(HIWORD(wParam));
+      SetWindowPos(window, nullptr, place.left, place.top, place.right - place.left,
+                   place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+      Layout();
+      return 0;
+    }
+    case WM_SETTINGCHANGE:
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+      UseSystemLook();
+      return 0;
+    case WM_TIMECHANGE:
+      toLocal = UtcToLocal();
+      return 0;
+    case WM_DESTROY:
+      KillTimer(window, kPollTimer);
+      window = nullptr;
+      PostQuitMessage(0);
+      return 0;
+    default:
+      return DefWindowProcA(window, message, wParam, lParam);
+  }
+}
+
+void BenchWindow::OpenDesk() {
+  desk = std::make_unique<simulator::MappedBox>(deskName);
+  box.reset();
+  if (desk->IsOpen()) {
+    box = std::make_unique<simulator::BoxControl>(desk->Shared(), *desk, simulator::By::kBench);
+    Say("The box of this desk is open.");
+  } else {
+    SetText(control::kDeskError, "There is no box to show: " + desk->Error() + ".");
+    Say("The box can't be opened.");
+  }
+  ShowSections();
+  Layout();
+  Poll();
+}
+
+// The calls come first: what they changed is then in the box that is looked at, and never the other
+// way round, in which nobody would have changed it.
+void BenchWindow::Poll() {
+  if (box == nullptr) return;
+  const auto calls = box->CallsFrom(log.Next());
+  const auto seen = box->LookAt();
+  if (!calls || !seen) return;
+  log.Add(*calls, seen->box.identity, seen->box.firmware);
+  log.SeeLast(seen->last);
+  const simulator::By otherwise = didChange ? simulator::By::kBench : simulator::By::kBox;
+  didChange = false;
+  const std::size_t rows = properties.Count();
+  const bool isOther = !shownBox || shownBox->identity != seen->box.identity;
+  if (properties.Update(seen->box, calls->entries, otherwise, desk->Time(),
+                        desk->Milliseconds() + 1)) {
+    InvalidateRect(Control(control::kProperties), nullptr, FALSE);
+  }
+  ShowBox(*seen);
+  if (isOther || properties.Count() != rows) {
+    FillOnly();
+    ShowValue();
+  }
+  ShowFaults(seen->faults);
+  ShowProperties();
+  ShowLog();
+}
+
+void BenchWindow::Say(const std::string& text) {
+  SendMessageA(Control(control::kStatus), SB_SETTEXTA, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void BenchWindow::Refuse(const std::string& text) {
+  std::string sentence = text + ".";
+  if (sentence[0] >= 'a' && sentence[0] <= 'z') {
+    sentence[0] = static_cast<char>(sentence[0] - 'a' + 'A');
+  }
+  Say(sentence);
+  MessageBeep(MB_ICONWARNING);
+}
+
+void BenchWindow::Command(int id, int code) {
+  if (isFilling) return;
+  const bool isEdited = code == EN_CHANGE;
+  // While a list is open its choice may still be taken back.
+  const bool isChosen = code == CBN_CLOSEUP ||
+                        (code == CBN_SELCHANGE && SendMessageA(Control(static_cast<Id>(id)),
+                                                               CB_GETDROPPEDSTATE, 0, 0) == FALSE);
+  switch (id) {
+    case IDOK:
+      return Confirm();
+    case IDCANCEL:
+      return Cancel();
+    case control::kTryAgain:
+      return OpenDesk();
+    case control::kShowBox:
+    case control::kShowFaults:
+      showsFaults = id == control::kShowFaults;
+      return ShowSections();
+    case control::kPower:
+    case control::kCable:
+      return SwitchPlug();
+    case control::kCut:
+      return Cut();
+    case control::kType:
+      if (isChosen) FormChanged();
+      return;
+    case control::kBrand:
+    case control::kFirmware:
+      if (isEdited) FormChanged();
+      return;
+    case control::kBecome:
+      return Become();
+    case control::kReset:
+      return Reset();
+    case control::kSetSignal:
+      return SetInput();
+    case control::kHow:
+    case control::kOnly:
+    case control::kAnswer:
+      if (isChosen) FaultsChanged();
+      return;
+    case control::kNth:
+    case control::kResult:
+      if (isEdited) FaultsChanged();
+      return;
+    case control::kReads:
+    case control::kWrites:
+    case control::kOpens:
+    case control::kVanish:
+    case control::kFill:
+      return FaultsChanged();
+    case control::kNoFaults:
+      return NoFaults();
+    case control::kPropertyFilter:
+      if (!isEdited) return;
+      properties.SetFilter(Text(control::kPropertyFilter));
+      InvalidateRect(Control(control::kProperties), nullptr, TRUE);
+      return ShowProperties();
+    case control::kAsWords:
+    case control::kAsBytes:
+      return ShowValue();
+    case control::kSetValue:
+      return SetValue();
+    case control::kLogKind:
+      if (isChosen) FilterLog();
+      return;
+    case control::kLogFilter:
+      if (isEdited) FilterLog();
+      return;
+    case control::kPause:
+      return Pause();
+    case control::kClear:
+      return Clear();
+    case control::kCopy:
+      return Copy();
+    case control::kSave:
+      return Save();
+    case control::kRefresh:
+      Poll();
+      return Say("Read anew.");
+    case control::kFind:
+      return Find();
+    default:
+      return;
+  }
+}
+
+void BenchWindow::Confirm() {
+  if (box == nullptr) return OpenDesk();
+  if (HasFocus(control::kProperties)) return EditValue();
+  if (HasFocus(control::kValue)) return SetValue();
+  if (HasFocus(control::kSignal)) return SetInput();
+  for (const Id id : {control::kType, control::kBrand, control::kSubModel, control::kFirmware,
+                      control::kInputDip, control::kOutputDip}) {
+    if (HasFocus(id)) return Become();
+  }
+  // Enter on a button presses it.
+  const HWND focus = GetFocus();
+  const auto style = static_cast<UINT>(GetWindowLongPtrA(focus, GWL_STYLE));
+  if (focus != nullptr && (SendMessageA(focus, WM_GETDLGCODE, 0, 0) & DLGC_BUTTON) != 0 &&
+      (style & BS_TYPEMASK) == BS_OWNERDRAW) {
+    SendMessageA(focus, BM_CLICK, 0, 0);
+  }
+}
+
+void BenchWindow::Cancel() {
+  if (HasFocus(control::kValue)) {
+    ShowValue();
+    return Focus(control::kProperties);
+  }
+  const bool isAtLog = HasFocus(control::kLogFilter) || HasFocus(control::kLog);
+  SetText(isAtLog ? control::kLogFilter : control::kPropertyFilter, "");
+}
+
+void BenchWindow::Find() {
+  const bool isAtLog = HasFocus(control::kLog) || HasFocus(control::kLogFilter);
+  Focus(isAtLog ? control::kLogFilter : control::kPropertyFilter);
+}
+
+}  // namespace panelora::boxbench
