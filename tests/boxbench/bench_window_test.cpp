@@ -1,0 +1,420 @@
+// What an operator does with the window of BoxBench, what the box makes of it, and what he sees.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "boxbench/call_log.h"
+#include "boxbench/property_list.h"
+#include "tests/boxbench/bench_process.h"
+
+namespace panelora::boxbench::testing {
+namespace {
+
+using namespace control;  // NOLINT: every line names some
+
+TEST_F(BenchTest, ShowsTheBoxOfItsDesk) {
+  StartBench();
+  AwaitText(kTitle, "Type 26: connected");
+  EXPECT_EQ(bench->Text(kSubtitle), "Brand 0, firmware 0.1.2.6");
+  EXPECT_FALSE(bench->IsShown(kDeskError));
+  EXPECT_FALSE(bench->IsShown(kFaultBand));
+  const int row = bench->FindRow(kProperties, PropertyList::kNumber, "word 5");
+  ASSERT_GE(row, 0);
+  EXPECT_EQ(bench->Cell(kProperties, row, PropertyList::kName), "Firmware");
+  EXPECT_EQ(bench->Cell(kProperties, row, PropertyList::kWords), "0.1.2.6");
+  EXPECT_EQ(bench->Text(kPropertyCounts),
+            std::to_string(bench->RowCount(kProperties)) + " properties");
+  EXPECT_EQ(bench->Text(kLogCounts), "1 call");  // the open of the test
+  EXPECT_EQ(bench->Cell(kLog, 0, CallLog::kWords), "Open: a box");
+}
+
+TEST_F(BenchTest, MakesItAnotherModel) {
+  StartBench();
+  bench->Choose(kType, "13 ");
+  bench->Type(kBrand, "2");
+  bench->Type(kSubModel, "1");
+  bench->Tick(kInputDip, true);
+  bench->Type(kFirmware, "0A0B");
+  EXPECT_EQ(bench->Text(kFirmwareHint), "shown as 0.A.0.B");
+  EXPECT_NE(bench->Text(kPages).find("Display Mode, PIP"), std::string::npos);
+  bench->Press(kBecome);
+  EXPECT_EQ(LookAt().box.identity, (Identity{13, 2, 1, 1, 0}));
+  EXPECT_EQ(LookAt().box.firmware, 0x0A0BU);
+  EXPECT_EQ(bench->Text(kTitle), "Type 13: connected");
+  EXPECT_GE(bench->FindRow(kProperties, PropertyList::kNumber, "block 19.2"), 0);
+}
+
+TEST_F(BenchTest, RefusesABoxThatCanNotBeAndKeepsWhatWasTyped) {
+  StartBench();
+  bench->Type(kBrand, "256");
+  bench->Press(kBecome);
+  EXPECT_EQ(Status(), "The brand is a number from 0 to 255; 0 is the maker's.");
+  EXPECT_EQ(bench->Text(kBrand), "256");
+  EXPECT_EQ(LookAt().box.identity, simulator::BoxModel::kDefaultIdentity);
+}
+
+TEST_F(BenchTest, GivesDefaultsBack) {
+  StartBench();
+  Write(proc_amp::kHue, 9);
+  bench->Press(kReset);
+  EXPECT_EQ(LookAt().box.picture.hue, 128);
+}
+
+TEST_F(BenchTest, SetsTheInputSignal) {
+  StartBench();
+  bench->Type(kSignal, "720x576 50i");
+  bench->Press(kSetSignal);
+  EXPECT_EQ(Status(), "The box receives 720x576 50.00i.");
+  const auto bytes = simulator::BytesAt(LookAt().box, Block(1));
+  const VideoFormat format = DecodeFormat(bytes, ByteOrder::kBig);
+  EXPECT_EQ(format, (VideoFormat{720, 576, 50, 0, 1}));
+  bench->Type(kSignal, "much");
+  bench->Press(kSetSignal);
+  EXPECT_EQ(Status(), "Type a signal like 1920x1080 59.94p, or no signal.");
+  EXPECT_EQ(bench->Text(kSignal), "much");
+  EXPECT_EQ(simulator::BytesAt(LookAt().box, Block(1)), bytes);
+}
+
+TEST_F(BenchTest, UnplugsAndPlugsIn) {
+  StartBench();
+  EXPECT_EQ(Read(), 1);
+  bench->Tick(kPower, false);
+  EXPECT_EQ(bench->Text(kTitle), "Type 26: the power is off");
+  EXPECT_EQ(Read(), 0);
+  bench->Tick(kCable, false);
+  bench->Tick(kPower, true);
+  EXPECT_EQ(bench->Text(kTitle), "Type 26: the cable is out");
+  EXPECT_EQ(Read(), 0);
+  bench->Tick(kCable, true);
+  EXPECT_EQ(bench->Text(kTitle), "Type 26: connected");
+  EXPECT_EQ(Read(), 1);
+}
+
+TEST_F(BenchTest, CutsTheCableUntilItIsPluggedIn) {
+  StartBench();
+  bench->Press(kCut);
+  EXPECT_EQ(bench->Text(kTitle).find("Type 26: the cable is cut for "), 0U);
+  EXPECT_EQ(Read(), 0);
+  bench->Tick(kCable, true);
+  EXPECT_EQ(bench->Text(kTitle), "Type 26: connected");
+  EXPECT_EQ(Read(), 1);
+}
+
+TEST_F(BenchTest, FollowsWhatOthersDo) {
+  StartBench();
+  box->Plug(false);
+  AwaitText(kTitle, "Type 26: the cable is out");
+  EXPECT_FALSE(bench->IsChecked(kCable));
+  box->Become({14, 0, 0, 0, 0}, 0x0126);
+  box->Plug(true);
+  AwaitText(kTitle, "Type 14: connected");
+  box->SetFaults([](simulator::Faults& faults) { faults.latency = 70; });
+  AwaitText(kLatencyValue, "70 ms");
+  EXPECT_TRUE(bench->IsShown(kFaultBand));
+}
+
+TEST_F(BenchTest, EditsAValueOfAndBytes) {
+  StartBench();
+  const Address source = Word(4);
+  bench->SelectRow(kProperties, bench->FindRow(kProperties, PropertyList::kNumber, "word 4"));
+  ASSERT_EQ(bench->Text(kValue), "HDMI");
+  bench->Choose(kValue, "VGA");
+  const std::string other = bench->Text(kValue);
+  ASSERT_EQ(other, "VGA");
+  bench->Press(kSetValue);
+  const int row = bench->FindRow(kProperties, PropertyList::kNumber, "word 4");
+  EXPECT_EQ(bench->Cell(kProperties, row, PropertyList::kWords), other);
+  EXPECT_EQ(bench->Cell(kProperties, row, PropertyList::kBy), "bench");
+
+  const auto before = simulator::BytesAt(LookAt().box, source);
+  bench->Type(kValue, "nothing of it");
+  bench->Press(kSetValue);
+  EXPECT_NE(Status().find("is no value of Input Source"), std::string::npos) << Status();
+  EXPECT_EQ(bench->Text(kValue), "nothing of it");
+  EXPECT_EQ(simulator::BytesAt(LookAt().box, source), before);
+
+  bench->Tick(kAsBytes, true);
+  bench->Type(kValue, "02 01");
+  bench->Press(kSetValue);
+  EXPECT_EQ(simulator::BytesAt(LookAt().box, source)[0], 2);
+  EXPECT_EQ(simulator::BytesAt(LookAt().box, source)[1], 1);
+  bench->Type(kValue, "0G");
+  bench->Press(kSetValue);
+  EXPECT_EQ(bench->Text(kValue), "0G");
+  EXPECT_EQ(Status().find("\"0G\" is no byte"), 0U) << Status();
+}
+
+TEST_F(BenchTest, ShowsWhatThePanelWrites) {
+  StartBench();
+  Write(proc_amp::kHue, 77);
+  const int row = bench->FindRow(kProperties, PropertyList::kName, "Hue");
+  ASSERT_GE(row, 0);
+  Await("value", [&] { return bench->Cell(kProperties, row, PropertyList::kWords) == "77"; });
+  Await("writer", [&] { return bench->Cell(kProperties, row, PropertyList::kBy) == "panel"; });
+}
+
+TEST_F(BenchTest, FiltersProperties) {
+  StartBench();
+  const std::string all = bench->Text(kPropertyCounts);
+  bench->Type(kPropertyFilter, "bright");
+  EXPECT_EQ(bench->RowCount(kProperties), 1);
+  EXPECT_EQ(bench->Text(kPropertyCounts), "1 of " + all);
+  EXPECT_EQ(bench->Cell(kProperties, 0, PropertyList::kName), "Brightness");
+  bench->Press(static_cast<Id>(IDCANCEL));  // Esc
+  EXPECT_EQ(bench->Text(kPropertyFilter), "");
+  EXPECT_EQ(bench->Text(kPropertyCounts), all);
+}
+
+// The numbers in the first column of a saved log.
+std::vector<long> NumbersIn(const std::string& log) {
+  std::vector<long> numbers;
+  std::istringstream lines(log);
+  std::string line;
+  std::getline(lines, line);  // the titles
+  while (std::getline(lines, line)) {
+    std::string digits;
+    for (const char letter : line.substr(0, line.find('\t'))) {
+      if (letter != ',') digits += letter;
+    }
+    numbers.push_back(std::stol(digits));
+  }
+  return numbers;
+}
+
+TEST_F(BenchTest, LosesNoneOfTwentyThousandCalls) {
+  StartBench();
+  constexpr int kCalls = 20000;
+  for (int i = 1; i < kCalls; ++i) ASSERT_EQ(Read(), 1);  // the open was the first
+  AwaitText(kLogCounts, "20,000 calls");
+  EXPECT_EQ(bench->RowCount(kLog), kCalls);
+  bench->Press(kSave);
+  const std::vector<long> numbers = NumbersIn(SavedLog());
+  ASSERT_EQ(numbers.size(), static_cast<std::size_t>(kCalls));
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    ASSERT_EQ(numbers[i], static_cast<long>(i) + 1);
+  }
+}
+
+TEST_F(BenchTest, FiltersPausesClearsAndSavesTheLog) {
+  StartBench();
+  Read();
+  Read();
+  Write(proc_amp::kHue, 5);
+  AwaitText(kLogCounts, "4 calls");
+  bench->Choose(kLogKind, "Reads");
+  EXPECT_EQ(bench->Text(kLogCounts), "4 calls, 2 shown");
+  bench->Choose(kLogKind, "Writes");
+  EXPECT_EQ(bench->Cell(kLog, 0, CallLog::kWords), "Hue: 5");
+  EXPECT_EQ(bench->Cell(kLog, 0, CallLog::kBy), "panel");
+  bench->Choose(kLogKind, "All");
+  bench->Type(kLogFilter, "firmware");
+  EXPECT_EQ(bench->RowCount(kLog), 2);
+  bench->Press(kSave);
+  EXPECT_EQ(NumbersIn(SavedLog()), (std::vector<long>{2, 3}));
+  bench->Type(kLogFilter, "");
+
+  bench->Press(kPause);
+  Read();
+  AwaitText(kLogCounts, "5 calls, paused: 1 new, 4 shown");
+  EXPECT_EQ(bench->RowCount(kLog), 4);
+  bench->Press(kPause);
+  EXPECT_EQ(bench->Text(kLogCounts), "5 calls");
+  EXPECT_EQ(bench->RowCount(kLog), 5);
+
+  bench->Press(kClear);
+  EXPECT_EQ(bench->Text(kLogCounts), "0 calls");
+  EXPECT_EQ(bench->RowCount(kLog), 0);
+  Read();
+  AwaitText(kLogCounts, "1 call");
+  EXPECT_EQ(bench->Cell(kLog, 0, CallLog::kNumber), "6");
+}
+
+TEST_F(BenchTest, CopiesTheCallsThatAreSelected) {
+  StartBench();
+  Read();
+  AwaitText(kLogCounts, "2 calls");
+  bench->SelectRow(kLog, 1);
+  bench->Press(kCopy);
+  EXPECT_EQ(Status(), "1 call is on the clipboard.");
+  ASSERT_TRUE(OpenClipboard(nullptr));
+  const HANDLE data = GetClipboardData(CF_TEXT);
+  const std::string text = data != nullptr ? static_cast<const char*>(GlobalLock(data)) : "";
+  if (data != nullptr) GlobalUnlock(data);
+  CloseClipboard();
+  EXPECT_EQ(NumbersIn(text), (std::vector<long>{2}));
+}
+
+TEST_F(BenchTest, MakesCallsFail) {
+  StartBench();
+  bench->Choose(kHow, "Every call");
+  EXPECT_EQ(bench->Text(kFaultBand), "   Faults: Every read or write fails.");
+  EXPECT_TRUE(bench->IsShown(kFaultBand));
+  EXPECT_EQ(Read(), 0);
+  EXPECT_EQ(Write(proc_amp::kHue, 1), 0);
+  EXPECT_NE(panel->Open(kOpenMode), kNoBox);
+  bench->Tick(kOpens, true);
+  EXPECT_EQ(panel->Open(kOpenMode), kNoBox);
+  bench->Tick(kReads, false);
+  EXPECT_EQ(Read(), 1);
+  EXPECT_EQ(Write(proc_amp::kHue, 1), 0);
+  bench->Press(kNoFaults);
+  EXPECT_EQ(bench->Text(kFaultBand), "");
+  EXPECT_FALSE(bench->IsShown(kFaultBand));
+  EXPECT_EQ(Write(proc_amp::kHue, 1), 1);
+  bench->Choose(kLogKind, "Failed");
+  AwaitText(kLogCounts, "8 calls, 4 shown");
+}
+
+TEST_F(BenchTest, MakesEveryNthCallFail) {
+  StartBench();
+  bench->Choose(kHow, "Every nth");
+  bench->Type(kNth, "2");
+  EXPECT_EQ(bench->Text(kFaultBand), "   Faults: Every 2nd read or write fails.");
+  EXPECT_EQ(Read() * 1000 + Read() * 100 + Read() * 10 + Read(), 1010);
+  bench->Type(kNth, "0");
+  EXPECT_EQ(Status(), "Every how many calls: type a number from 1 to 1000000.");
+  EXPECT_EQ(LookAt().faults.every, 2U);
+}
+
+TEST_F(BenchTest, MakesOnePropertyFail) {
+  StartBench();
+  bench->Choose(kHow, "Every call");
+  bench->Choose(kOnly, "word 5 ");
+  EXPECT_EQ(Read(), 0);
+  EXPECT_EQ(Write(proc_amp::kHue, 1), 1);
+  bench->Choose(kOnly, "picture 4 ");
+  EXPECT_EQ(Read(), 1);
+  EXPECT_EQ(Write(proc_amp::kHue, 1), 0);
+}
+
+TEST_F(BenchTest, AnswersWithAnotherResultAndAtRandom) {
+  StartBench();
+  bench->Choose(kHow, "Every call");
+  bench->Choose(kAnswer, "Another");
+  bench->Type(kResult, "-7");
+  EXPECT_EQ(Read(), -7);
+  bench->Choose(kAnswer, "Random");
+  WordBuffer first{};
+  WordBuffer second{};
+  EXPECT_EQ(panel->GetBoxProperty(handle, kBoxGroup, 5, first), 1);
+  EXPECT_EQ(panel->GetBoxProperty(handle, kBoxGroup, 5, second), 1);
+  EXPECT_NE(first, second);
+}
+
+TEST_F(BenchTest, SlowsEveryCallDown) {
+  StartBench();
+  bench->Slide(kLatency, 120);
+  EXPECT_EQ(bench->Text(kLatencyValue), "120 ms");
+  EXPECT_EQ(LookAt().faults.latency, 120U);
+  Read();
+  AwaitText(kLogCounts, "2 calls");
+  const std::string duration = bench->Cell(kLog, 1, CallLog::kDuration);
+  EXPECT_GE(std::stod(duration), 100.0) << duration;
+}
+
+TEST_F(BenchTest, LetsTheBoxVanishOnTheNextWrite) {
+  StartBench();
+  bench->Tick(kVanish, true);
+  EXPECT_EQ(bench->Text(kFaultBand), "   Faults: The box vanishes on the next write.");
+  EXPECT_EQ(Read(), 1);
+  EXPECT_EQ(Write(proc_amp::kHue, 1), 0);
+  EXPECT_EQ(Read(), 0);
+  AwaitText(kTitle, "Type 26: the cable is out");
+  AwaitText(kFaultBand, "");
+  EXPECT_FALSE(bench->IsChecked(kVanish));
+}
+
+TEST_F(BenchTest, FillsBlocks) {
+  StartBench();
+  bench->Tick(kFill, true);
+  BlockBuffer bytes{};
+  EXPECT_EQ(panel->GetKiraboxProperty(handle, 1, kNoSub, 20, bytes), 1);
+  EXPECT_EQ(bytes[0], 0xFF);
+}
+
+TEST_F(BenchTest, ItsEndLeavesTheDeskUsable) {
+  StartBench();
+  Write(proc_amp::kHue, 9);
+  bench->Kill();
+  EXPECT_EQ(Read(), 1);
+  EXPECT_EQ(LookAt().box.picture.hue, 9);
+  StartBench();
+  AwaitText(kTitle, "Type 26: connected");
+  EXPECT_EQ(bench->Text(kLogCounts), "3 calls");
+  bench->Close();
+  EXPECT_EQ(Read(), 1);
+}
+
+TEST_F(BenchTest, SaysWhenTheBoxCanNotBeOpened) {
+  const std::string other = desk + "-other";
+  SetEnvironmentVariableA("PANELORA_BOX", other.c_str());
+  const HANDLE memory =
+      CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
+                         sizeof(simulator::SharedBox), ("Local\\PaneloraBox." + other).c_str());
+  auto* old =
+      static_cast<simulator::SharedBox*>(MapViewOfFile(memory, FILE_MAP_ALL_ACCESS, 0, 0, 0));
+  ASSERT_NE(old, nullptr);
+  old->magic = simulator::SharedBox::kMagic;
+  old->layout = simulator::SharedBox::kLayout + 1;
+  StartBench();
+  EXPECT_TRUE(bench->IsShown(kDeskError));
+  EXPECT_TRUE(bench->IsShown(kTryAgain));
+  EXPECT_FALSE(bench->IsShown(kProperties));
+  EXPECT_EQ(bench->Text(kDeskError).find("There is no box to show: "), 0U);
+  bench->Press(kTryAgain);
+  EXPECT_TRUE(bench->IsShown(kDeskError));
+  UnmapViewOfFile(old);
+  CloseHandle(memory);
+  bench->Press(kTryAgain);
+  EXPECT_FALSE(bench->IsShown(kDeskError));
+  EXPECT_TRUE(bench->IsShown(kProperties));
+  EXPECT_EQ(bench->Text(kTitle), "Type 26: connected");
+}
+
+// A combo box that is closed is as high as a field.
+bool Overlap(const ui::Rect& one, const ui::Rect& other) {
+  return one.x < other.x + other.width && other.x < one.x + one.width &&
+         one.y < other.y + other.height && other.y < one.y + one.height;
+}
+
+TEST_F(BenchTest, NothingIsCutOrCoveredAtAnySize) {
+  StartBench();
+  for (const auto& [width, height] : {std::pair{100, 100}, {1000, 700}, {1500, 900}}) {
+    bench->Resize(width, height);
+    for (const Id section : {kShowBox, kShowFaults}) {
+      bench->Press(section);
+      bench->Choose(kHow, section == kShowBox ? "No call" : "Every call");
+      const ui::Rect client = bench->Client();
+      const auto places = bench->ShownPlaces();
+      for (std::size_t i = 0; i < places.size(); ++i) {
+        const auto& [id, place] = places[i];
+        EXPECT_GT(place.width, 20) << id;
+        EXPECT_GE(place.x, 0) << id;
+        // The band reaches the edge at every scale, if need be a little over it.
+        const bool isBand = id == kFaultBand;
+        EXPECT_LE(place.x + place.width, client.width + (isBand ? 4 : 0)) << id << " at " << width;
+        EXPECT_LE(place.y + place.height, client.height) << id << " at " << width;
+        for (std::size_t j = 0; j < i; ++j) {
+          EXPECT_FALSE(Overlap(place, places[j].second)) << id << " on " << places[j].first;
+        }
+      }
+    }
+  }
+}
+
+TEST_F(BenchTest, EveryFieldHasANameBeforeIt) {
+  StartBench();
+  for (const Id id : {kType, kBrand, kSubModel, kFirmware, kSignal, kHow, kNth, kOnly, kAnswer,
+                      kResult, kLatency, kPropertyFilter, kValue, kLogKind, kLogFilter}) {
+    char kind[32] = "";
+    const HWND before = GetWindow(bench->Control(id), GW_HWNDPREV);
+    GetClassNameA(before, kind, sizeof kind);
+    EXPECT_STREQ(kind, "Static") << id;
+    EXPECT_NE(bench->Text(static_cast<Id>(GetDlgCtrlID(before))), "") << id;
+  }
+  EXPECT_EQ(bench->Text(kProperties), "Properties");
+  EXPECT_EQ(bench->Text(kLog), "Call log");
+}
+
+}  // namespace
+}  // namespace panelora::boxbench::testing
