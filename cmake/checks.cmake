@@ -42,16 +42,21 @@ get_target_property(PANELORA_BOXCTL_SOURCES panelora_boxctl SOURCES)
 get_target_property(PANELORA_CATALOGUE_SOURCES panelora_catalogue SOURCES)
 get_target_property(PANELORA_CORE_SOURCES panelora_core SOURCES)
 get_target_property(PANELORA_SIMULATOR_SOURCES panelora_simulator SOURCES)
+get_target_property(PANELORA_BOXBENCH_SOURCES panelora_boxbench SOURCES)
 get_target_property(PANELORA_TRACE_SOURCES panelora_trace SOURCES)
 if(WIN32)
   get_target_property(PANELORA_WIN32_SOURCES panelora_win32 SOURCES)
+  get_target_property(PANELORA_BENCH_WINDOW_SOURCES BoxBench SOURCES)
+  list(FILTER PANELORA_BENCH_WINDOW_SOURCES INCLUDE REGEX "^boxbench/")
   list(TRANSFORM PANELORA_WINDOWS_DEFINITIONS PREPEND -D OUTPUT_VARIABLE PANELORA_WINDOWS_FLAGS)
   panelora_tidy(check_tidy ${PANELORA_WIN32_SOURCES} platform/win32/main.cpp
-    boxctl/main.cpp simulator/devlnk_dll.cpp tools/panel_remote.cpp trace/devlnk_trace.cpp
+    ${PANELORA_BENCH_WINDOW_SOURCES} boxctl/main.cpp simulator/devlnk_dll.cpp
+    simulator/mapped_box.cpp tools/panel_remote.cpp trace/devlnk_trace.cpp
     FLAGS ${PANELORA_WINDOWS_FLAGS})
 else()
   panelora_tidy(check_tidy ${PANELORA_CATALOGUE_SOURCES} ${PANELORA_CORE_SOURCES} ${PANELORA_SIMULATOR_SOURCES}
-    ${PANELORA_TRACE_SOURCES} ${PANELORA_BOXCTL_SOURCES} platform/memory/memory_toolkit.cpp
+    ${PANELORA_TRACE_SOURCES} ${PANELORA_BOXCTL_SOURCES} ${PANELORA_BOXBENCH_SOURCES}
+    platform/memory/memory_toolkit.cpp
     FLAGS -isystem ${PANELORA_BOXCTL_HEADERS} "-DPANELORA_ADMITTED_BOX_TYPES_LIST=${PANELORA_ADMITTED_LIST}")
   add_test(NAME check_tidy
     COMMAND ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target check_tidy -- -k 0)
