@@ -19,6 +19,8 @@ class KeptBlock {
  public:
   static constexpr std::size_t kMost = 255;  // a length is one byte
 
+  // Named like those of a vector.
+  // NOLINTBEGIN(readability-identifier-naming)
   KeptBlock& operator=(std::initializer_list<std::uint8_t> bytes) {
     assign(bytes.begin(), bytes.end());
     return *this;
@@ -54,6 +56,7 @@ class KeptBlock {
   std::uint8_t* end() { return held.data() + length; }
   const std::uint8_t* begin() const { return held.data(); }
   const std::uint8_t* end() const { return held.data() + length; }
+  // NOLINTEND(readability-identifier-naming)
 
   bool operator==(const KeptBlock& other) const {
     return std::equal(begin(), end(), other.begin(), other.end());
