@@ -4,9 +4,11 @@ if(NOT WIN32)
     boxctl/bench_test.cpp
     boxctl/boxctl_desk.cpp
     boxctl/damaged_files_test.cpp
+    boxctl/panel_settings_test.cpp
     boxctl/reading_test.cpp
     boxctl/script_test.cpp
     boxctl/settings_test.cpp
-    boxctl/trace_test.cpp)
-  target_link_libraries(boxctl_tests PRIVATE panelora_boxctl)
+    boxctl/trace_test.cpp
+    support/desk_memory.cpp)
+  target_link_libraries(boxctl_tests PRIVATE panelora_boxctl panelora_memory)
 endif()
