@@ -10,7 +10,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-constexpr int kRounds = 2000;
+constexpr int kRounds = 400;
 
 class DamagedFiles : public BoxctlTest {
  protected:
