@@ -1,6 +1,5 @@
 // Works a running Panelora.exe from outside with plain window messages: presses its buttons, reads
-// its texts, pulls the plug of the simulated box. For the tour, and for whoever tries
-// something.
+// its texts. For the tour, and for whoever tries something.
 //
 // With `follow` it takes its commands from the standard input, a line of them at a time, and
 // answers each line with what they print and then a line of its own: "." or "! " and what went
@@ -18,12 +17,7 @@
 #include <string>
 #include <vector>
 
-#include "simulator/box_control.h"
-#include "simulator/mapped_box.h"
-
 namespace {
-
-using namespace panelora::simulator;
 
 constexpr char kTitleStart[] = "Corvane RXC-9 Center";
 constexpr char kPageClass[] = "#32770";
@@ -53,10 +47,8 @@ constexpr char kHelp[] =
     "  expect NUMBER   fail unless the page of that template is shown, and no other\n"
     "  rect            print the main window's x y width height on the screen\n"
     "  tick            one tick of the connection monitor\n"
-    "  unplug, plug    take the simulated box away, bring it back\n"
-    "  box TYPE        make it a box of another type\n"
-    "  lose            unplug it, and tick until the program shows that\n"
-    "  find TYPE       plug a box of that type in, and tick until the program shows a page\n"
+    "  lost            tick until the program shows that there is no box\n"
+    "  found           tick until the program shows a page\n"
     "  about           open the About dialog and wait for it\n"
     "  dialog          wait for a dialog over the main window\n"
     "  dialog-close    close it\n"
@@ -293,30 +285,6 @@ void Tick(int) {
   Settle(window);
 }
 
-// The simulated box of the desk.
-void ChangeBox(const std::function<bool(BoxControl&)>& change) {
-  static MappedBox mapped;
-  if (!mapped.IsOpen()) throw Failure(mapped.Error());
-  BoxControl box(mapped.Shared(), mapped, By::kBench);
-  if (!change(box)) throw Failure("the simulated box does not answer");
-}
-
-void Unplug(int) {
-  ChangeBox([](BoxControl& box) { return box.Plug(false); });
-}
-
-void Plug(int) {
-  ChangeBox([](BoxControl& box) { return box.Plug(true); });
-}
-
-// Of the maker's own brand, without DIP switches.
-void MakeBox(int boxType) {
-  if (boxType > 255) throw Failure("not a box type: " + std::to_string(boxType));
-  ChangeBox([boxType](BoxControl& box) {
-    return box.Become({static_cast<std::uint8_t>(boxType), 0, 0, 0, 0}, BoxModel::kDefaultFirmware);
-  });
-}
-
 // Until the condition holds; what an operator pressed may have silenced some ticks.
 void TickUntil(const char* what, const std::function<bool()>& condition) {
   for (int tick = 0; tick < kMostTicks; ++tick) {
@@ -326,14 +294,11 @@ void TickUntil(const char* what, const std::function<bool()>& condition) {
   throw Failure(what);
 }
 
-void Lose(int) {
-  Unplug(0);
+void AwaitLoss(int) {
   TickUntil("the program goes on showing a page", [] { return ShownPages(MainWindow()).empty(); });
 }
 
-void Find(int boxType) {
-  MakeBox(boxType);
-  Plug(0);
+void AwaitBox(int) {
   TickUntil("the program shows no page", [] { return !ShownPages(MainWindow()).empty(); });
 }
 
@@ -392,11 +357,8 @@ constexpr Command kCommands[] = {
     {"expect", true, Expect},
     {"rect", false, PrintRect},
     {"tick", false, Tick},
-    {"unplug", false, Unplug},
-    {"plug", false, Plug},
-    {"box", true, MakeBox},
-    {"lose", false, Lose},
-    {"find", true, Find},
+    {"lost", false, AwaitLoss},
+    {"found", false, AwaitBox},
     {"about", false, OpenAbout},
     {"dialog", false, AwaitDialog},
     {"dialog-close", false, CloseDialog},
