@@ -14,6 +14,7 @@
 
 namespace panelora::simulator {
 
+// NOLINTBEGIN(readability-identifier-naming): called as those of any container.
 // The bytes of a block property; without any the box does not have it, and its reads fail.
 class KeptBlock {
  public:
@@ -69,6 +70,7 @@ class KeptBlock {
   std::uint8_t length;
   std::array<std::uint8_t, kMost + 1> held;
 };
+// NOLINTEND(readability-identifier-naming)
 
 struct KeptWord {
   bool held;  // the box has such an item
