@@ -1,6 +1,8 @@
 #include "boxbench/win32/bench_window.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 #include "base/text.h"
 #include "platform/win32/dpi.h"
@@ -12,7 +14,10 @@ namespace {
 constexpr char kTitle[] = "Panelora BoxBench";
 constexpr int kIconResource = 128;
 constexpr UINT_PTR kPollTimer = 1;
-constexpr UINT kPollPeriod = 50;  // ms
+// ms: a journal of so many calls runs over in no less, however quick the calls are.
+constexpr UINT kPollPeriod = 15;
+// What is shown changes with each third look.
+constexpr unsigned kLooksPerShow = 3;
 
 // Of the whole window, at 96 dpi.
 constexpr int kFirstWidth = 1000;
@@ -124,7 +129,8 @@ LRESULT CALLBACK BenchWindow::Procedure(HWND handle, UINT message, WPARAM wParam
 LRESULT BenchWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_TIMER:
-      Poll();
+      TakeCalls();
+      if (++looks % kLooksPerShow == 0) Poll();
       return 0;
     case WM_COMMAND:
       Command(LOWORD(wParam), HIWORD(wParam));
@@ -177,8 +183,10 @@ LRESULT BenchWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void BenchWindow::OpenDesk() {
-  desk = std::make_unique<simulator::MappedBox>(deskName);
+  // A desk that can't be used goes first: as long as it is held, no other one can be made.
   box.reset();
+  desk.reset();
+  desk = std::make_unique<simulator::MappedBox>(deskName);
   if (desk->IsOpen()) {
     box = std::make_unique<simulator::BoxControl>(desk->Shared(), *desk, simulator::By::kBench);
     Say("The box of this desk is open.");
@@ -191,23 +199,36 @@ void BenchWindow::OpenDesk() {
   Poll();
 }
 
+// Calls are taken more often than they are shown: the journal holds only so many. They are named as
+// those of the box that was there when it was looked at last.
+void BenchWindow::TakeCalls() {
+  if (box == nullptr || !shownBox) return;
+  auto calls = box->CallsFrom(log.Next());
+  if (!calls) return;
+  log.Add(*calls, shownBox->identity, shownBox->firmware);
+  std::copy_if(calls->entries.begin(), calls->entries.end(), std::back_inserter(writes),
+               [](const simulator::Entry& entry) { return CallOf(entry).IsWrite(); });
+}
+
 // The calls come first: what they changed is then in the box that is looked at, and never the other
 // way round, in which nobody would have changed it.
 void BenchWindow::Poll() {
   if (box == nullptr) return;
-  const auto calls = box->CallsFrom(log.Next());
+  if (!shownBox) {
+    if (const auto first = box->LookAt()) ShowBox(*first);
+  }
+  TakeCalls();
   const auto seen = box->LookAt();
-  if (!calls || !seen) return;
-  log.Add(*calls, seen->box.identity, seen->box.firmware);
+  if (!seen || !shownBox) return;
   log.SeeLast(seen->last);
   const simulator::By otherwise = didChange ? simulator::By::kBench : simulator::By::kBox;
   didChange = false;
   const std::size_t rows = properties.Count();
-  const bool isOther = !shownBox || shownBox->identity != seen->box.identity;
-  if (properties.Update(seen->box, calls->entries, otherwise, desk->Time(),
-                        desk->Milliseconds() + 1)) {
+  const bool isOther = rows == 0 || shownBox->identity != seen->box.identity;
+  if (properties.Update(seen->box, writes, otherwise, desk->Time(), desk->Milliseconds() + 1)) {
     InvalidateRect(Control(control::kProperties), nullptr, FALSE);
   }
+  writes.clear();
   ShowBox(*seen);
   if (isOther || properties.Count() != rows) {
     FillOnly();

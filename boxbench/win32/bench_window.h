@@ -45,6 +45,7 @@ class BenchWindow {
   bool TakeKeyboard(const MSG& message);
 
   // The window itself: bench_window.cpp.
+  void TakeCalls();
   void Poll();
   void OpenDesk();
   void Command(int id, int code);
@@ -154,6 +155,8 @@ class BenchWindow {
   std::optional<Address> edited;
   std::size_t flashing = 0;
   CallLog log;
+  std::vector<simulator::Entry> writes;  // since the properties were looked at
+  unsigned looks = 0;
   std::uint64_t listedDropped = 0;
 };
 
