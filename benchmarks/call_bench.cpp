@@ -1,11 +1,11 @@
-// Measures what a call costs: of the box in process, of the box that programs share, and of the same
-// with the trace library before it. Prints a line for each: name, then the microseconds that a call
-// takes more than the one before, of every round.
+// Measures what a call costs: of the box in process, of the box that programs share, and of the
+// same with the trace library before it. Prints a line for each: name, then the microseconds that a
+// call takes more than the one before, of every round.
 //
 //   call_bench DEVLNK_DLL TRACE_DLL
 //
-// TRACE_DLL has the shared box's library as DEVLNK.box.dll beside it. Without it only the first line
-// is printed.
+// TRACE_DLL has the shared box's library as DEVLNK.box.dll beside it. Without it only the first
+// line is printed.
 #include <windows.h>
 
 #include <cstdio>
@@ -54,9 +54,8 @@ double TimeOfACall(DeviceLink& box, DeviceHandle handle) {
 DevlnkLibrary Load(const char* path) {
   const HMODULE module = LoadLibraryA(path);
   if (module == nullptr) Fail(std::string("can't load ") + path);
-  return DevlnkLibrary([module](const char* name) {
-    return reinterpret_cast<void*>(GetProcAddress(module, name));
-  });
+  return DevlnkLibrary(
+      [module](const char* name) { return reinterpret_cast<void*>(GetProcAddress(module, name)); });
 }
 
 void Print(const char* name, const std::vector<double>& values) {
