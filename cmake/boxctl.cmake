@@ -35,7 +35,10 @@ add_library(panelora_boxctl STATIC
   boxctl/values.cpp)
 target_include_directories(panelora_boxctl SYSTEM PUBLIC ${PANELORA_BOXCTL_HEADERS})
 target_link_libraries(panelora_boxctl PUBLIC panelora_simulator panelora_trace)
-panelora_read_once(panelora_boxctl ${PANELORA_OFTEN_INCLUDED})
+panelora_read_once(panelora_boxctl ${PANELORA_OFTEN_INCLUDED} <CLI/CLI.hpp> <nlohmann/json.hpp>)
+if(PANELORA_SANITIZE AND NOT MSVC)
+  target_compile_options(panelora_boxctl PRIVATE -O0)  # it waits for no one, and is compiled often
+endif()
 if(NOT MSVC)
   target_compile_options(panelora_boxctl PRIVATE -fexceptions)  # where all else does without them
 endif()
