@@ -14,9 +14,8 @@ using simulator::BoxMemory;
 using simulator::KeptBlock;
 using simulator::KeptWord;
 
-constexpr char kKind[] = "panelora-box";
-constexpr std::uint32_t kVersion = 1;
-constexpr std::uint32_t kMostType = kNoBoxType - 1;
+constexpr char kKindOfBoxes[] = "panelora-box";
+constexpr std::uint32_t kVersionOfBoxes = 1;
 
 std::string HexOf(const KeptBlock& block) {
   return boxctl::HexOf(std::span(block.begin(), block.size()));
@@ -76,8 +75,8 @@ Json JsonOfBox(const BoxMemory& box) {
                         {"contrast", box.picture.contrast},
                         {"hue", box.picture.hue},
                         {"saturation", box.picture.saturation}};
-  return {{"format", kKind},
-          {"version", kVersion},
+  return {{"format", kKindOfBoxes},
+          {"version", kVersionOfBoxes},
           {"model", box.identity.boxType},
           {"brand", box.identity.brandCode},
           {"subModel", box.identity.subModel},
@@ -92,10 +91,11 @@ Json JsonOfBox(const BoxMemory& box) {
 }
 
 std::unique_ptr<BoxMemory> ReadBox(const std::string& path) {
-  const Members file = Members::OfFile(path, kKind, kVersion);
+  const Members file = Members::OfFile(path, kKindOfBoxes, kVersionOfBoxes);
   auto box = std::make_unique<BoxMemory>();
-  box->identity = {static_cast<std::uint8_t>(file.Number("model", kMostType)), file.Byte("brand"),
-                   file.Byte("subModel"), file.Byte("inputDip"), file.Byte("outputDip")};
+  box->identity = {static_cast<std::uint8_t>(file.Number("model", kNoBoxType - 1U)),
+                   file.Byte("brand"), file.Byte("subModel"), file.Byte("inputDip"),
+                   file.Byte("outputDip")};
   box->firmware = file.Firmware("firmware");
   box->present = file.Flag("plugged");
   const Members picture(path, file.Object("picture"));

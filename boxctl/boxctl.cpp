@@ -28,7 +28,6 @@ constexpr char kOfSimulated[] = "Simulated box";
 constexpr char kOfAny[] = "Any box";
 constexpr char kOfTraces[] = "Traces";
 
-constexpr std::uint32_t kMostType = kNoBoxType - 1;
 constexpr std::uint32_t kMostByte = 255;
 constexpr std::uint32_t kMostLatency = 500;  // ms
 constexpr std::uint32_t kMostPeriod = 60000;
@@ -179,7 +178,7 @@ class Program {
                           kOfSimulated, [this](Session& session) { Become(session, become); });
     other.add_option("TYPE", become.type, "the model's number, 0 to 254")
         ->required()
-        ->check(CLI::Range(0U, kMostType));
+        ->check(CLI::Range(0U, kNoBoxType - 1U));
     other.add_option("--brand", become.brand)->check(CLI::Range(0U, kMostByte));
     other.add_option("--sub-model", become.subModel)->check(CLI::Range(0U, kMostByte));
     other.add_option("--firmware", become.firmware, "0x0112 is shown as 0.1.1.2");

@@ -47,7 +47,7 @@ std::string Words(const BoxControl::Look& look, const Entry& entry) {
   return Printable(Describe(look.box.identity, look.box.firmware, CallOf(entry)));
 }
 
-std::string LineOf(const BoxControl::Look& look, const Entry& entry) {
+std::string LineOfCall(const BoxControl::Look& look, const Entry& entry) {
   const std::string number = std::to_string(entry.number);
   const std::string failed = entry.result == kSuccess ? "" : Format("  failed (%d)", entry.result);
   return Format("%6s  %s  %-6s  %6u us  ", number.c_str(), TimeOfDay(entry.time).c_str(),
@@ -95,7 +95,7 @@ void Calls(Session& session, const CallsOptions& options) {
     for (const Entry& entry : calls.entries) {
       next = entry.number + 1;
       if (options.writes && !CallOf(entry).IsWrite()) continue;
-      session.Say(LineOf(look, entry), JsonOf(look, entry));
+      session.Say(LineOfCall(look, entry), JsonOf(look, entry));
     }
     if (next == 0) next = 1;
     if (!options.follow || session.System().IsStopped()) return;

@@ -21,7 +21,8 @@ const Setting& SettingOf(const Difference& difference) {
 }
 
 // Where both are called the same, their bytes tell them apart.
-std::string LineOf(const Snapshot& left, const Snapshot& right, const Difference& difference) {
+std::string LineOfDifference(const Snapshot& left, const Snapshot& right,
+                             const Difference& difference) {
   std::string before = CaptionIn(left, difference.left);
   std::string after = CaptionIn(right, difference.right);
   if (before == after) {
@@ -111,7 +112,7 @@ Exit Diff(Session& session, const std::string& left, const std::string& right) {
   std::string lines;
   Json json = Json::array();
   for (const Difference& each : DifferencesOf(one, other)) {
-    lines += LineOf(one, other, each);
+    lines += LineOfDifference(one, other, each);
     json.push_back(JsonOf(one, other, each));
   }
   session.Say(lines, json);
@@ -127,7 +128,7 @@ void Restore(Session& session, const std::string& path, bool isMeant) {
   std::string lines;
   Json json = {{"changes", Json::array()}, {"leftOut", unknown}, {"written", isMeant}};
   for (const Difference& each : changes) {
-    lines += LineOf(now, file, each);
+    lines += LineOfDifference(now, file, each);
     json["changes"].push_back(JsonOf(now, file, each));
   }
   for (const std::string& name : unknown) lines += "left out " + name + ": the box has none\n";

@@ -11,7 +11,6 @@ namespace {
 
 constexpr char kKind[] = "panelora-settings";
 constexpr std::uint32_t kVersion = 1;
-constexpr std::uint32_t kMostType = kNoBoxType - 1;
 
 Json ToJson(const KeptSetting& each, const Identity& identity) {
   return {{"name", each.setting.name},
@@ -79,7 +78,7 @@ Json ToJson(const Snapshot& snapshot) {
 Snapshot ReadSnapshot(const std::string& path) {
   const Members file = Members::OfFile(path, kKind, kVersion);
   Snapshot snapshot;
-  snapshot.identity = {static_cast<std::uint8_t>(file.Number("model", kMostType)),
+  snapshot.identity = {static_cast<std::uint8_t>(file.Number("model", kNoBoxType - 1U)),
                        file.Byte("brand"), file.Byte("subModel"), file.Byte("inputDip"),
                        file.Byte("outputDip")};
   snapshot.firmware = file.Firmware("firmware");

@@ -48,7 +48,7 @@ std::string JsonLines(const Trace& shown, const TraceOptions& options) {
   return lines;
 }
 
-std::string LinesOf(const Trace& shown, const TraceOptions& options, bool isJson) {
+std::string TextOfCalls(const Trace& shown, const TraceOptions& options, bool isJson) {
   if (isJson) return JsonLines(shown, options);
   std::ostringstream lines;
   trace::ShowTrace(shown, {options.writes, options.slow}, lines);
@@ -67,7 +67,7 @@ void ShowTrace(Session& session, const std::string& path, const TraceOptions& op
   do {
     const std::uint64_t now = SizeOf(path);
     if (before.empty() || now != size) {
-      const std::string lines = LinesOf(TraceOf(path), options, session.IsJson());
+      const std::string lines = TextOfCalls(TraceOf(path), options, session.IsJson());
       // A trace that was begun anew is shown from its beginning.
       const bool goesOn = lines.starts_with(before);
       session.Out() << lines.substr(goesOn ? before.size() : 0) << std::flush;

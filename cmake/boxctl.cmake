@@ -35,7 +35,10 @@ add_library(panelora_boxctl STATIC
   boxctl/values.cpp)
 target_include_directories(panelora_boxctl SYSTEM PUBLIC ${PANELORA_BOXCTL_HEADERS})
 target_link_libraries(panelora_boxctl PUBLIC panelora_simulator panelora_trace)
-panelora_read_once(panelora_boxctl ${PANELORA_OFTEN_INCLUDED} <CLI/CLI.hpp> <nlohmann/json.hpp>)
+# What its two libraries cost to read and to make of templates, it costs a few times and not for each
+# source.
+set_target_properties(panelora_boxctl PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 5)
+panelora_read_once(panelora_boxctl ${PANELORA_OFTEN_INCLUDED})
 if(PANELORA_SANITIZE AND NOT MSVC)
   target_compile_options(panelora_boxctl PRIVATE -O0)  # it waits for no one, and is compiled often
 endif()
