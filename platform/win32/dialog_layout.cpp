@@ -48,12 +48,13 @@ bool Win32Dialog::IsSeen() const { return window != nullptr && HasStyle(window, 
 void Win32Dialog::Settle() {
   if (!unsettled || window == nullptr) return;
   unsettled = false;
-  const bool appears = pageShown && !IsSeen();
+  const bool seen = IsSeen();
+  const bool appears = pageShown && !seen;
   const auto settle = [&](bool shown) {
     for (auto& [id, control] : controls) {
       if (control.shown != shown) continue;
       if (control.textChanged) ShowText(control);
-      if (appears || (control.changed && IsSeen())) ShowNow(control);
+      if (appears || (control.changed && seen)) ShowNow(control);
     }
   };
   settle(false);
