@@ -7,12 +7,21 @@ namespace panelora::win32 {
 
 namespace {
 
+// To select a font is dear, also one that is selected.
+void SelectFontOnce(HDC context, HGDIOBJ font) {
+  if (GetCurrentObject(context, OBJ_FONT) != font) SelectObject(context, font);
+}
+
+HGDIOBJ FontOf(HWND control) {
+  return reinterpret_cast<HGDIOBJ>(SendMessageA(control, WM_GETFONT, 0, 0));
+}
+
 // Leaves a device context as it was. To save all of it is dearer than most of what is drawn.
 class KeptState {
  public:
   explicit KeptState(HDC theContext) : context(theContext) {}
   ~KeptState() {
-    SelectObject(context, font);
+    SelectFontOnce(context, font);
     SelectObject(context, pen);
     SelectObject(context, brush);
     SetTextColor(context, text);
@@ -59,7 +68,7 @@ void Win32Dialog::DrawLabel(const Win32Control& control, const DRAWITEMSTRUCT& i
   FillRect(
       item.hDC, &place,
       isValue ? toolkit.Gdi().BrushFor(toolkit.Colours().readout) : GetSysColorBrush(COLOR_3DFACE));
-  SelectObject(item.hDC, reinterpret_cast<HGDIOBJ>(SendMessageA(item.hwndItem, WM_GETFONT, 0, 0)));
+  SelectFontOnce(item.hDC, FontOf(item.hwndItem));
   SetBkMode(item.hDC, TRANSPARENT);
   const bool disabled = (item.itemState & ODS_DISABLED) != 0;
   SetTextColor(item.hDC, GetSysColor(disabled  ? COLOR_GRAYTEXT
@@ -180,8 +189,7 @@ void Win32Dialog::DrawButton(const Win32Control& control, const DRAWITEMSTRUCT& 
   } else {
     RECT text = {place.left, place.top + y - (place.top + place.bottom) / 2, place.right,
                  place.bottom};
-    SelectObject(item.hDC,
-                 reinterpret_cast<HGDIOBJ>(SendMessageA(item.hwndItem, WM_GETFONT, 0, 0)));
+    SelectFontOnce(item.hDC, FontOf(item.hwndItem));
     SetBkMode(item.hDC, TRANSPARENT);
     SetTextColor(item.hDC, ink);
     DrawTextA(item.hDC, control.text.c_str(), -1, &text,

@@ -83,7 +83,7 @@ int GdiCache::LineHeight(HFONT font) {
 
 HDC GdiCache::MeasureWith(HFONT font) {
   if (measuring == nullptr) measuring = CreateCompatibleDC(nullptr);
-  SelectObject(measuring, font);
+  if (GetCurrentObject(measuring, OBJ_FONT) != font) SelectObject(measuring, font);
   return measuring;
 }
 
