@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "boxctl/boxctl.h"
+#include "trace/trace_line.h"
 
 namespace panelora::boxctl {
 
@@ -74,6 +75,18 @@ void BoxctlTest::Put(const std::string& path, const std::string& content) {
 
 void BoxctlTest::Become(std::uint8_t type, std::uint8_t brand) {
   Control().Become({type, brand, 0, 0, 0}, 0xFFFF);
+}
+
+std::string BoxctlTest::TraceOfDesk() const {
+  const simulator::Journal& journal = host.desk->journal;
+  std::string text(trace::Line::First(1).Text());
+  for (std::uint64_t number = 1; number <= journal.last; ++number) {
+    const simulator::Entry& entry = journal.entries[number % simulator::Journal::kHeld];
+    const auto duration = static_cast<std::uint32_t>(number * 1000);
+    const trace::TracedCall traced = {TestHost::kBegin, duration, CallOf(entry), number};
+    text += trace::Line::OfCall(number, trace::RecordOf(traced)).Text();
+  }
+  return text;
 }
 
 std::vector<std::string> BoxctlTest::WritesOf(const SharedBox& box, std::uint64_t& last) {

@@ -73,6 +73,8 @@ class BoxctlTest : public testing::Test {
   static void Put(const std::string& path, const std::string& content);
 
   simulator::BoxControl Control() { return {*host.desk, host, simulator::By::kBench}; }
+  // The calls of the desk's box so far, as a trace.
+  std::string TraceOfDesk() const;
   // Makes it a box of the type with the newest firmware.
   void Become(std::uint8_t type, std::uint8_t brand = 0);
   // The writes to the box since this was last asked, as lines.

@@ -1,27 +1,12 @@
 // Traces: shown in words, followed, and replayed.
 #include "tests/boxctl/boxctl_desk.h"
-#include "trace/trace_line.h"
 
 namespace panelora::boxctl {
 namespace {
 
 using Lines = std::vector<std::string>;
 
-class Traces : public BoxctlTest {
- protected:
-  // The calls of the desk's box so far, as a trace.
-  std::string TraceOfDesk() const {
-    const simulator::Journal& journal = host.desk->journal;
-    std::string text(trace::Line::First(1).Text());
-    for (std::uint64_t number = 1; number <= journal.last; ++number) {
-      const simulator::Entry& entry = journal.entries[number % simulator::Journal::kHeld];
-      const auto duration = static_cast<std::uint32_t>(number * 1000);
-      const trace::TracedCall traced = {TestHost::kBegin, duration, CallOf(entry), number};
-      text += trace::Line::OfCall(number, trace::RecordOf(traced)).Text();
-    }
-    return text;
-  }
-};
+using Traces = BoxctlTest;
 
 TEST_F(Traces, AreShownInWords) {
   ASSERT_EQ(Run({"set", "Hue", "4"}).code, 0);
