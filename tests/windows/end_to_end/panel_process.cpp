@@ -9,6 +9,7 @@
 #include <stdexcept>
 
 #include "tests/support/pixels_win32.h"
+#include "trace/trace_file.h"
 
 namespace panelora::testing::end_to_end {
 
@@ -152,7 +153,13 @@ void PanelProcess::MakeFolder(const Setup& setup) {
   std::error_code error;
   std::filesystem::create_hard_link(setup.program, program, error);
   if (error) std::filesystem::copy_file(setup.program, program);
-  if (!setup.library.empty()) std::filesystem::copy_file(setup.library, LibraryFile());
+  traced = !TheParts().tracer.empty() && setup.library == TheParts().box;
+  if (traced) {
+    std::filesystem::copy_file(TheParts().tracer, LibraryFile());
+    std::filesystem::copy_file(setup.library, folder / "DEVLNK.box.dll");
+  } else if (!setup.library.empty()) {
+    std::filesystem::copy_file(setup.library, LibraryFile());
+  }
 }
 
 void PanelProcess::StartSuspended(const Setup& setup) {
@@ -483,6 +490,26 @@ Calls PanelProcess::TakeCalls() {
   for (const simulator::Entry& entry : made->entries) {
     calls.push_back(TextOf(simulator::CallOf(entry)));
     taken = entry.number;
+  }
+  return calls;
+}
+
+Calls PanelProcess::TracedCalls() const {
+  std::ifstream file(folder / "DEVLNK.trace.txt", std::ios::binary);
+  std::string error;
+  const auto trace = trace::ReadTrace(file, error);
+  if (!trace || trace->lost != 0) throw std::runtime_error("no whole trace: " + error);
+  Calls calls;
+  for (const trace::TracedCall& each : trace->calls) calls.push_back(TextOf(each.call));
+  return calls;
+}
+
+Calls PanelProcess::JournaledCalls() const {
+  const auto made = box->CallsFrom(1);
+  if (!made || made->lost != 0) throw std::runtime_error("calls were lost");
+  Calls calls;
+  for (const simulator::Entry& entry : made->entries) {
+    if (entry.process == process.dwProcessId) calls.push_back(TextOf(simulator::CallOf(entry)));
   }
   return calls;
 }

@@ -34,6 +34,9 @@ struct Parts {
   std::filesystem::path box;         // the simulated DEVLNK.dll
   std::filesystem::path everyModel;  // Panelora.exe with every box type admitted
   std::filesystem::path tests;       // the folder of the test program and its libraries
+  std::filesystem::path boxctl;      // boxctl.exe
+  std::filesystem::path tracer;      // the DEVLNK.dll that traces, which is to stand between
+                                     // program and box; empty = none does
 };
 Parts& TheParts();
 
@@ -132,6 +135,11 @@ class PanelProcess {
   // The program's lines on the debugger's output stream.
   const std::vector<std::string>& DebuggerLines() const { return debuggerLines; }
 
+  // After its end: the calls that it made by the trace, where one is written, and by the box.
+  bool IsTraced() const { return traced; }
+  Calls TracedCalls() const;
+  Calls JournaledCalls() const;
+
   // Where the program looks for its library.
   std::filesystem::path LibraryFile() const { return folder / "DEVLNK.dll"; }
   // Copies a library there, in the place of what stands there.
@@ -156,6 +164,7 @@ class PanelProcess {
   std::vector<HWND> TopWindows() const;
 
   std::filesystem::path folder;
+  bool traced = false;
   PROCESS_INFORMATION process{};
   HANDLE job = nullptr;
   std::string boxName;

@@ -1,5 +1,6 @@
 // The fixture of the tests of the finished program: starts the program, and at the end closes it
-// and checks that it ended well.
+// and checks that it ended well, and where a trace is written, that it has the calls that reached
+// the box.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -27,6 +28,9 @@ class ProgramTest : public ::testing::Test {
       const bool asked = running->IsRunning();
       EXPECT_EQ(asked ? running->Close() : running->WaitForEnd(), 0U)
           << (asked ? "" : "it ended before the test did");
+      if (running->IsTraced()) {
+        EXPECT_EQ(running->TracedCalls(), running->JournaledCalls());
+      }
     }
     running.reset();
   }
