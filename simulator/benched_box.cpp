@@ -15,6 +15,8 @@ constexpr std::size_t kPictureBytes = 4;
 bool IsWrite(Call::Operation operation) { return Call{.operation = operation}.IsWrite(); }
 
 bool IsAt(const Address& at, const Entry& entry) {
+  // One call reads all picture values: it is a call of each of them.
+  if (entry.operation == Call::Operation::kGetPicture) return at.kind == Address::Kind::kProcAmp;
   if (at.number != entry.item) return false;
   switch (entry.operation) {
     case Call::Operation::kGetBlock:

@@ -159,6 +159,21 @@ TEST_F(BenchedBoxTest, OnePropertyFails) {
   EXPECT_EQ(ReadBlock(254, 5).first, 0);
 }
 
+// Most models read their picture values all at once.
+TEST_F(BenchedBoxTest, OnePictureValueFailsWhereAllAreReadAtOnce) {
+  Fault([](Faults& faults) {
+    faults.every = 1;
+    faults.reads = true;
+    faults.oneAddress = true;
+    faults.address = ProcAmp(proc_amp::kHue);
+  });
+  ProcAmpBytes picture;
+  EXPECT_EQ(box.GetKiraboxProcAmp(handle, picture), 0);
+  EXPECT_EQ(ReadWord(4).first, kSuccess);
+  Fault([](Faults& faults) { faults.address = Word(proc_amp::kHue); });
+  EXPECT_EQ(box.GetKiraboxProcAmp(handle, picture), kSuccess);
+}
+
 TEST_F(BenchedBoxTest, AnotherResultComesWithTheAnswer) {
   Fault([](Faults& faults) {
     faults.every = 1;
