@@ -84,6 +84,7 @@ Json JsonOfBox(const BoxMemory& box) {
           {"outputDip", box.identity.outputDipFlag},
           {"firmware", Format("0x%04X", box.firmware)},
           {"plugged", box.present},
+          {"inputGiven", box.inputIsGiven},
           {"picture", picture},
           {"words", words},
           {"blocks", blocks},
@@ -98,6 +99,7 @@ std::unique_ptr<BoxMemory> ReadBox(const std::string& path) {
                    file.Byte("outputDip")};
   box->firmware = file.Firmware("firmware");
   box->present = file.Flag("plugged");
+  box->inputIsGiven = file.Flag("inputGiven", false);  // files of earlier programs have none
   const Members picture(path, file.Object("picture"));
   box->picture = {picture.Byte("brightness"), picture.Byte("contrast"), picture.Byte("hue"),
                   picture.Byte("saturation")};

@@ -126,6 +126,10 @@ bool Members::Flag(const char* name) const {
   return value.get<bool>();
 }
 
+bool Members::Flag(const char* name, bool whenMissing) const {
+  return object.contains(name) ? Flag(name) : whenMissing;
+}
+
 std::string Members::Text(const char* name) const {
   const Json& value = Find(name);
   if (!value.is_string()) throw Damage(Format("\"%s\" must be a text", name));

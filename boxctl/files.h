@@ -35,6 +35,7 @@ class Members {
   std::uint32_t Number(const char* name, std::uint32_t most) const;
   std::uint8_t Byte(const char* name) const;
   bool Flag(const char* name) const;
+  bool Flag(const char* name, bool whenMissing) const;
   std::string Text(const char* name) const;
   Bytes Hex(const char* name) const;  // at most 255 bytes
   std::uint32_t Firmware(const char* name) const;

@@ -39,6 +39,18 @@ void StoreWords(WordBuffer& words, std::span<const std::uint8_t> bytes) {
   }
 }
 
+// Whether the box tells there what an input receives.
+bool IsInput(const BoxMemory& box, const Address& at) {
+  using information::Tells;
+  const auto rows = information::Rows();
+  return std::any_of(rows.begin(), rows.end(), [&](const information::Told& row) {
+    const Address told = information::AddressOf(row, box.identity, box.firmware);
+    const bool isFormat = row.tells == Tells::kBigFormat || row.tells == Tells::kLittleFormat ||
+                          row.tells == Tells::kFormatCode;
+    return isFormat && told.kind == at.kind && told.number == at.number;
+  });
+}
+
 }  // namespace
 
 void Add(Journal& journal, Entry& entry) {
@@ -147,6 +159,7 @@ bool BoxControl::SetInput(const VideoFormat& format, bool isInterlaced) {
       }
       told = true;
     }
+    if (told) box.KeepInput();
     return told;
   });
 }
@@ -180,6 +193,7 @@ bool BoxControl::Store(const Address& at, std::span<const std::uint8_t> bytes) {
       case Address::Kind::kNone:
         return false;
     }
+    if (IsInput(shared.box, at)) box.KeepInput();
     Entry entry = EntryOf(write);
     entry.result = kSuccess;
     entry.time = host.Time();

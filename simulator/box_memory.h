@@ -85,6 +85,7 @@ struct BoxMemory {
   std::uint32_t firmware;
   bool present;
   bool restarting;
+  bool inputIsGiven;          // what it receives came from outside, and hangs on no source
   std::uint64_t restartedAt;  // ms of the clock that the box is given
   std::array<KeptBlock, kNumbers> blocks;
   std::array<KeptBlock, kSubs - 1> labels;  // of the sub-numbers above 0

@@ -45,6 +45,7 @@ void BoxModel::Become(const Identity& newIdentity, std::uint32_t newFirmware) {
   memory.identity = newIdentity;
   memory.firmware = newFirmware;
   memory.restarting = false;
+  memory.inputIsGiven = false;
   RestoreEverything();
 }
 
@@ -63,6 +64,7 @@ WordBuffer& BoxModel::Word(std::uint32_t item) {
 }
 
 void BoxModel::RestoreEverything() {
+  const KeptBlock received = Block(kInputFormat.number);
   memory.blocks = {};
   memory.labels = {};
   memory.words = {};
@@ -72,6 +74,7 @@ void BoxModel::RestoreEverything() {
   RestoreProcAmp();
   for (const Default& each : DefaultsOf(memory.identity, memory.firmware)) Store(each);
   if (IsModel26()) ReportInputFormat();
+  if (IsModel26() && memory.inputIsGiven) Block(kInputFormat.number) = received;
 }
 
 void BoxModel::Store(const Default& value) {
@@ -92,6 +95,7 @@ void BoxModel::Restore(std::initializer_list<Address> addresses) {
 }
 
 void BoxModel::ReportInputFormat() {
+  if (memory.inputIsGiven) return;
   KeptBlock& told = Block(kInputFormat.number);
   told.assign(kInputFormat.readLength, 0);
   for (const InputRow& row : kInputs) {

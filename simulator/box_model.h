@@ -38,6 +38,9 @@ class BoxModel final : public DeviceLink {
   bool IsPresent() const { return memory.present && !IsRestarting(); }
   // Makes the box another one, with that one's defaults.
   void Become(const Identity& newIdentity, std::uint32_t newFirmware);
+  // What the inputs are told to receive stays whatever source is chosen, until it becomes another
+  // box or is reset.
+  void KeepInput() { memory.inputIsGiven = true; }
   // As the maker's defaults have it, and at once.
   void Reset() { Become(memory.identity, memory.firmware); }
 

@@ -194,6 +194,22 @@ TEST_F(BoxctlTest, AllThatABoxKeepsGoesIntoAFileAndBack) {
   EXPECT_EQ(now.labels, before->labels);
 }
 
+TEST_F(BoxctlTest, AGivenSignalIsPartOfTheBox) {
+  Run({"input", "720x576i50"});
+  ASSERT_EQ(Run({"dump", File("box.json")}).code, 0);
+  Run({"reset"});
+  ASSERT_EQ(Run({"load", File("box.json")}).code, 0);
+  Run({"set", "Input Source", "VGA"});
+  EXPECT_EQ(Run({"read", "Input Format"}).out, "Input Format: 720x576  50.00i\n");
+  std::string earlier = Content(File("box.json"));
+  const std::string flag = " \"inputGiven\": true,\n";
+  ASSERT_NE(earlier.find(flag), std::string::npos);
+  Put(File("earlier.json"), earlier.erase(earlier.find(flag), flag.size()));
+  ASSERT_EQ(Run({"load", File("earlier.json")}).code, 0);
+  Run({"set", "Input Source", "HDMI"});
+  EXPECT_EQ(Run({"read", "Input Format"}).out, "Input Format: 1920x1080  59.94p\n");
+}
+
 TEST_F(BoxctlTest, ALibraryIsNoSimulatedBox) {
   ASSERT_EQ(Run({"dump", File("box.json")}).code, 0);
   const std::vector<Lines> all = {{"plug"},

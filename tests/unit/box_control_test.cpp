@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "catalogue/information.h"
+#include "catalogue/picture.h"
 #include "simulator/benched_box.h"
 #include "tests/support/fake_host.h"
 
@@ -104,6 +105,32 @@ TEST_F(BoxControlTest, InputsReceiveWhatTheModelTellsInItsOwnForm) {
   EXPECT_EQ(At(Word(3))[0], 7);
   EXPECT_TRUE(control.SetInput({}, false));
   EXPECT_EQ(At(Word(3))[0], 91);
+}
+
+// A signal comes from outside: what the operator chooses, or a restart, does not change it.
+TEST_F(BoxControlTest, AGivenSignalStaysWhateverSourceIsChosen) {
+  BenchedBox panel{*shared, host, By::kPanel};
+  const DeviceHandle handle = panel.Open(kOpenMode);
+  const auto choose = [&](std::uint32_t source) {
+    EXPECT_EQ(panel.SetBoxProperty(handle, kBoxGroup, 4, source), kSuccess);
+  };
+  EXPECT_TRUE(control.SetInput({720, 576, 50, 0, 0}, true));
+  choose(2);
+  EXPECT_EQ(InputText(1, ByteOrder::kBig), "720x576  50.00i");
+  EXPECT_TRUE(control.SetInput({}, false));
+  choose(4);
+  EXPECT_EQ(InputText(1, ByteOrder::kBig), kNoSignalText);
+  EXPECT_EQ(panel.SetBoxProperty(handle, kBoxGroup, command::kAt.number, command::kHardwareReset),
+            kSuccess);
+  EXPECT_EQ(InputText(1, ByteOrder::kBig), kNoSignalText);
+  host.now += BoxModel::kRestartTime;
+  EXPECT_TRUE(control.Reset());
+  EXPECT_EQ(InputText(1, ByteOrder::kBig), "1920x1080  59.94p");
+  choose(2);
+  EXPECT_EQ(InputText(1, ByteOrder::kBig), "1024x768  60.00p");
+  EXPECT_TRUE(control.Store(Block(1), EncodeFormat({800, 600, 60, 0, 0}, ByteOrder::kBig)));
+  choose(1);
+  EXPECT_EQ(InputText(1, ByteOrder::kBig), "800x600  60.00p");
 }
 
 TEST_F(BoxControlTest, WholeBoxIsTakenAndPutBack) {
