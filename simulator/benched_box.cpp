@@ -56,6 +56,7 @@ Entry BenchedBox::Make(const Call& call, DeviceHandle handle) {
   {
     const BoxLock lock(host);
     if (!lock) return entry;
+    box.Mend();
     Answer(entry, handle);
     latency = shared.faults.latency;
     if (latency == 0) addEntry();

@@ -77,6 +77,7 @@ bool BoxControl::Do(const std::function<bool(BoxModel&)>& what) {
   const BoxLock lock(host);
   if (!lock) return false;
   BoxModel box(shared.box, [this] { return host.Milliseconds(); });
+  box.Mend();
   return what(box);
 }
 
@@ -205,9 +206,9 @@ bool BoxControl::Store(const Address& at, std::span<const std::uint8_t> bytes) {
 }
 
 bool BoxControl::Load(const BoxMemory& box) {
-  return Do([&](BoxModel&) {
+  return Do([&](BoxModel& model) {
     shared.replay.questionCount = 0;
-    shared.box = box;
+    model.Load(box);
     return true;
   });
 }

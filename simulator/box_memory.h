@@ -81,6 +81,7 @@ struct BoxMemory {
   static constexpr std::size_t kNumbers = 256;  // of properties, and of items
   static constexpr std::size_t kSubs = 4;       // of the one property that has sub-numbers
 
+  bool beingMade;  // between the beginning and the end of becoming what it is
   Identity identity;
   std::uint32_t firmware;
   bool present;

@@ -1,6 +1,7 @@
 #include "simulator/box_model.h"
 
 #include <algorithm>
+#include <atomic>
 #include <string>
 
 #include "catalogue/audio.h"
@@ -41,12 +42,28 @@ BoxModel::BoxModel(const Identity& theIdentity, std::uint32_t theFirmware, Clock
   Become(theIdentity, theFirmware);
 }
 
+// The fences keep the compiler from moving what is made out from between the two.
+void BoxModel::SetBeingMade(bool isBeingMade) {
+  std::atomic_signal_fence(std::memory_order_seq_cst);
+  memory.beingMade = isBeingMade;
+  std::atomic_signal_fence(std::memory_order_seq_cst);
+}
+
 void BoxModel::Become(const Identity& newIdentity, std::uint32_t newFirmware) {
+  SetBeingMade(true);
   memory.identity = newIdentity;
   memory.firmware = newFirmware;
   memory.restarting = false;
   memory.inputIsGiven = false;
   RestoreEverything();
+}
+
+void BoxModel::Load(const BoxMemory& kept) {
+  BoxMemory whole = kept;
+  whole.beingMade = true;
+  SetBeingMade(true);
+  memory = whole;
+  SetBeingMade(false);
 }
 
 KeptBlock& BoxModel::Block(std::uint8_t property, std::uint8_t sub) {
@@ -64,6 +81,7 @@ WordBuffer& BoxModel::Word(std::uint32_t item) {
 }
 
 void BoxModel::RestoreEverything() {
+  SetBeingMade(true);
   const KeptBlock received = Block(kInputFormat.number);
   memory.blocks = {};
   memory.labels = {};
@@ -75,6 +93,7 @@ void BoxModel::RestoreEverything() {
   for (const Default& each : DefaultsOf(memory.identity, memory.firmware)) Store(each);
   if (IsModel26()) ReportInputFormat();
   if (IsModel26() && memory.inputIsGiven) Block(kInputFormat.number) = received;
+  SetBeingMade(false);
 }
 
 void BoxModel::Store(const Default& value) {

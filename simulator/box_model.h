@@ -38,6 +38,12 @@ class BoxModel final : public DeviceLink {
   bool IsPresent() const { return memory.present && !IsRestarting(); }
   // Makes the box another one, with that one's defaults.
   void Become(const Identity& newIdentity, std::uint32_t newFirmware);
+  // Makes it the box that was kept.
+  void Load(const BoxMemory& kept);
+  // Where a program died while it made the box, gives it its defaults: half a box is none.
+  void Mend() {
+    if (memory.beingMade) Reset();
+  }
   // What the inputs are told to receive stays whatever source is chosen, until it becomes another
   // box or is reset.
   void KeepInput() { memory.inputIsGiven = true; }
@@ -70,6 +76,7 @@ class BoxModel final : public DeviceLink {
  private:
   bool Answers(DeviceHandle handle) const { return handle == kHandle && IsPresent(); }
   bool IsRestarting() const;
+  void SetBeingMade(bool isBeingMade);
   bool IsModel26() const { return kShippedType.Has(memory.identity.boxType); }
   std::uint64_t Now() const { return clock ? clock() : 0; }
   void RestoreEverything();

@@ -104,7 +104,7 @@ struct Replay {
 
 struct SharedBox {
   static constexpr std::uint32_t kMagic = 0x584F4250;  // "PBOX"
-  static constexpr std::uint32_t kLayout = 1;          // raised with every change of what is here
+  static constexpr std::uint32_t kLayout = 2;          // raised with every change of what is here
 
   // Of every layout. The magic is written last.
   std::uint32_t magic;

@@ -3,6 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#ifndef _WIN32
+#include <signal.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
 #include "catalogue/information.h"
 #include "catalogue/picture.h"
 #include "simulator/benched_box.h"
@@ -132,6 +139,59 @@ TEST_F(BoxControlTest, AGivenSignalStaysWhateverSourceIsChosen) {
   choose(1);
   EXPECT_EQ(InputText(1, ByteOrder::kBig), "800x600  60.00p");
 }
+
+TEST_F(BoxControlTest, ABoxThatNobodyFinishedGetsItsDefaults) {
+  control.Become({13, 0, 0, 0, 0}, 0x0126);
+  const Bytes label = At(Block(19, 60, 2));
+  for (const bool byCall : {false, true}) {
+    shared->box.beingMade = true;
+    shared->box.labels = {};
+    if (byCall) BenchedBox(*shared, host, By::kPanel).Open(kOpenMode);
+    EXPECT_EQ(At(Block(19, 60, 2)), label);
+    EXPECT_FALSE(shared->box.beingMade);
+  }
+}
+
+#ifndef _WIN32
+bool AreSame(const BoxMemory& left, const BoxMemory& right) {
+  return left.blocks == right.blocks && left.labels == right.labels &&
+         std::equal(left.words.begin(), left.words.end(), right.words.begin(),
+                    [](const KeptWord& one, const KeptWord& other) {
+                      return one.held == other.held && one.words == other.words;
+                    });
+}
+
+// A process that makes the box one of two types over and over, in memory that both share, is killed
+// at any moment.
+TEST_F(BoxControlTest, WhoIsKilledWhileItMakesABoxLeavesAWholeOne) {
+  constexpr int kKills = 60;
+  constexpr Identity kKinds[] = {{13, 0, 0, 0, 0}, {26, 0, 0, 0, 0}};
+  void* memory =
+      mmap(nullptr, sizeof(SharedBox), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+  ASSERT_NE(memory, MAP_FAILED);
+  auto* both = static_cast<SharedBox*>(memory);
+  MakeBox(*both);
+  BoxControl mine(*both, host, By::kBench);
+  for (int kill = 0; kill < kKills; ++kill) {
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+      for (BoxControl its(*both, host, By::kBoxctl);;) {
+        for (const Identity& kind : kKinds) its.Become(kind, 0x0126);
+      }
+    }
+    usleep(static_cast<useconds_t>(2000 + 137 * kill));
+    ::kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    const BoxMemory left = mine.LookAt()->box;
+    auto whole = std::make_unique<BoxMemory>();
+    BoxModel(*whole, {}).Become(left.identity, 0x0126);
+    ASSERT_EQ(left.firmware, 0x0126U);
+    ASSERT_TRUE(AreSame(left, *whole)) << "after kill " << kill;
+  }
+  munmap(memory, sizeof(SharedBox));
+}
+#endif
 
 TEST_F(BoxControlTest, WholeBoxIsTakenAndPutBack) {
   control.Become({30, 1, 0, 0, 0}, 0x0120);

@@ -3,6 +3,7 @@
 
 #include <thread>
 
+#include "base/text.h"
 #include "simulator/benched_box.h"
 #include "tests/windows/end_to_end/program_test.h"
 
@@ -44,8 +45,9 @@ TEST(SharedBoxTest, OfAnotherLayoutIsRefused) {
   MappedBox second(OwnName("layout"));
   EXPECT_FALSE(second.IsOpen());
   EXPECT_EQ(second.Error(),
-            "the simulated box is of another version (layout 2, this program knows 1): close the "
-            "other programs that use it");
+            Format("the simulated box is of another version (layout %u, this program knows %u): "
+                   "close the other programs that use it",
+                   SharedBox::kLayout + 1, SharedBox::kLayout));
 }
 
 // No process has such a number: Windows gives multiples of four.
