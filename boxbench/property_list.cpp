@@ -156,10 +156,11 @@ void PropertyList::MakeRows(const BoxMemory& box) {
   rows = std::move(made);
 }
 
-void PropertyList::NoteWrites(std::span<const Entry> calls) {
+// Those behind the number `after`; what was written before is gone.
+void PropertyList::NoteWrites(std::span<const Entry> calls, std::uint64_t after) {
   for (const Entry& entry : calls) {
     const std::optional<Address> at = PlaceOf(entry);
-    if (!at || entry.result != kSuccess) continue;
+    if (!at || entry.result != kSuccess || entry.number <= after) continue;
     const auto row = std::find_if(rows.begin(), rows.end(), [&](const PropertyRow& each) {
       return IsSamePlace(each.at, *at);
     });
@@ -169,8 +170,11 @@ void PropertyList::NoteWrites(std::span<const Entry> calls) {
   }
 }
 
-bool PropertyList::Update(const BoxMemory& box, std::span<const Entry> calls, By otherwise,
+bool PropertyList::Update(const simulator::BoxControl::Look& look, std::span<const Entry> calls,
                           std::uint64_t time, std::uint64_t now) {
+  const BoxMemory& box = look.box;
+  const bool isItsOwn = look.change.count == changes;  // nobody changed it otherwise
+  changes = look.change.count;
   const bool isOther = !isMade || box.identity != identity || box.firmware != firmware;
   const bool isNamed = std::all_of(rows.begin(), rows.end(), [](const PropertyRow& row) {
     return !row.means.empty() || !row.bytes.empty();
@@ -192,7 +196,7 @@ bool PropertyList::Update(const BoxMemory& box, std::span<const Entry> calls, By
       row->time = old.time;
       row->changedAt = old.changedAt;
     }
-    NoteWrites(calls);
+    NoteWrites(calls, look.change.made);
     Filter();
     return true;
   }
@@ -203,12 +207,12 @@ bool PropertyList::Update(const BoxMemory& box, std::span<const Entry> calls, By
     PropertyRow& row = rows[i];
     row.bytes = std::move(bytes);
     row.words = WordsOfValue(identity, row, row.bytes);
-    row.by = otherwise;
-    row.time = time;
+    row.by = isItsOwn ? By::kBox : look.change.by;
+    row.time = isItsOwn ? time : look.change.time;
     row.changedAt = now;
     changed.push_back(i);
   }
-  NoteWrites(calls);
+  NoteWrites(calls, look.change.made);
   if (changed.empty()) return !calls.empty();
   if (!filter.empty()) Filter();
   return true;

@@ -35,10 +35,10 @@ class PropertyList {
   static constexpr std::uint64_t kFlash = 1000;  // ms that a change is marked
 
   // Takes the box over. `calls` are those that were made since the last time; what changed without
-  // one was changed by `otherwise`, at `time`. `now` is ms of a clock that is never 0. True when a
-  // row came, went or changed.
-  bool Update(const simulator::BoxMemory& box, std::span<const simulator::Entry> calls,
-              simulator::By otherwise, std::uint64_t time, std::uint64_t now);
+  // one was changed by whom the look names, or by the box itself at `time`. `now` is ms of a clock
+  // that is never 0. True when a row came, went or changed.
+  bool Update(const simulator::BoxControl::Look& look, std::span<const simulator::Entry> calls,
+              std::uint64_t time, std::uint64_t now);
 
   // Part of a number, a name or the words; "" = all.
   void SetFilter(const std::string& text);
@@ -57,11 +57,12 @@ class PropertyList {
 
  private:
   void MakeRows(const simulator::BoxMemory& box);
-  void NoteWrites(std::span<const simulator::Entry> calls);
+  void NoteWrites(std::span<const simulator::Entry> calls, std::uint64_t after);
   void Filter();
 
   Identity identity{};
   std::uint32_t firmware = 0;
+  std::uint64_t changes = 0;  // that were made otherwise, as far as is seen
   bool isMade = false;
   std::vector<PropertyRow> rows;
   std::vector<std::size_t> shown;

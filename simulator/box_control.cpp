@@ -63,6 +63,7 @@ void MakeBox(SharedBox& shared, const Identity& identity, std::uint32_t firmware
   shared.layout = SharedBox::kLayout;
   shared.size = sizeof shared;
   shared.faults = {};
+  shared.change = {};
   shared.replay.questionCount = shared.replay.answerCount = 0;
   shared.journal.last = 0;
   shared.box.present = true;
@@ -81,13 +82,28 @@ bool BoxControl::Do(const std::function<bool(BoxModel&)>& what) {
   return what(box);
 }
 
+void BoxControl::NoteChange() {
+  ++shared.change.count;
+  shared.change.time = host.Time();
+  shared.change.by = hand;
+}
+
+void BoxControl::NoteMaking() {
+  NoteChange();
+  shared.change.made = shared.journal.last;
+}
+
 std::optional<BoxControl::Look> BoxControl::LookAt() {
   std::optional<Look> look;
   Do([&](BoxModel& box) {
     const std::uint64_t cut = shared.faults.cutUntil;
     const bool isCut = cut != 0 && host.Milliseconds() < cut;
-    look = Look{shared.box, shared.faults, box.IsPresent() && !isCut,
-                shared.replay.questionCount != 0, shared.journal.last};
+    look = Look{shared.box,
+                shared.faults,
+                shared.change,
+                box.IsPresent() && !isCut,
+                shared.replay.questionCount != 0,
+                shared.journal.last};
     return true;
   });
   return look;
@@ -112,6 +128,7 @@ bool BoxControl::Become(const Identity& identity, std::uint32_t firmware) {
   return Do([&](BoxModel& box) {
     shared.replay.questionCount = 0;
     box.Become(identity, firmware);
+    NoteMaking();
     return true;
   });
 }
@@ -120,6 +137,7 @@ bool BoxControl::Reset() {
   return Do([&](BoxModel& box) {
     shared.replay.questionCount = 0;
     box.Reset();
+    NoteMaking();
     return true;
   });
 }
@@ -161,6 +179,7 @@ bool BoxControl::SetInput(const VideoFormat& format, bool isInterlaced) {
       told = true;
     }
     if (told) box.KeepInput();
+    if (told) NoteChange();
     return told;
   });
 }
@@ -209,6 +228,7 @@ bool BoxControl::Load(const BoxMemory& box) {
   return Do([&](BoxModel& model) {
     shared.replay.questionCount = 0;
     model.Load(box);
+    NoteMaking();
     return true;
   });
 }

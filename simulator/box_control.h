@@ -32,6 +32,7 @@ class BoxControl {
   struct Look {
     BoxMemory box;
     Faults faults;
+    Change change;
     bool isPlugged;      // and not cut, and not restarting
     bool isReplayed;     // a recorded box answers
     std::uint64_t last;  // number of the journal's last entry
@@ -72,6 +73,9 @@ class BoxControl {
 
  private:
   bool Do(const std::function<bool(BoxModel&)>& what);
+  // Writes down that this hand changed the box, or made it what it is.
+  void NoteChange();
+  void NoteMaking();
 
   SharedBox& shared;
   BoxHost& host;

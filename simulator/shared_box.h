@@ -75,6 +75,16 @@ struct Journal {
   std::array<Entry, kHeld> entries;  // number n stands at n % kHeld
 };
 
+// What bench or boxctl changed of what the box keeps, without a call: the last time.
+struct Change {
+  std::uint64_t count;  // of all so far
+  std::uint64_t time;   // microseconds since 1970 (UTC)
+  // Number of the journal's last entry when the box became what it is: what was written before that
+  // is gone.
+  std::uint64_t made;
+  By by;
+};
+
 // What a recorded box answered: for each different question its answers in their order, of which
 // the last one is given from then on.
 struct Replay {
@@ -114,6 +124,7 @@ struct SharedBox {
   std::uint32_t owner;  // the process that is at the box, 0 = none; the host's alone
   BoxMemory box;
   Faults faults;
+  Change change;
   Replay replay;
   Journal journal;
 };

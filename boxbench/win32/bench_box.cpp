@@ -109,14 +109,12 @@ void BenchWindow::Become() {
   const auto wanted = WantedBoxOf(ReadForm());
   if (!wanted.value) return Refuse(wanted.problem);
   if (!box->Become(wanted.value->identity, wanted.value->firmware)) return Refuse(kBusy);
-  didChange = true;
   Say(Format("The box is of type %d now, with its defaults.", wanted.value->identity.boxType));
   Poll();
 }
 
 void BenchWindow::Reset() {
   if (!box->Reset()) return Refuse(kBusy);
-  didChange = true;
   Say("The box has its defaults again.");
   Poll();
 }
@@ -127,7 +125,6 @@ void BenchWindow::SetInput() {
   const SignalResult result = SetSignal(*box, *signal.value);
   Say(result.text);
   if (!result.isSet) MessageBeep(MB_ICONWARNING);
-  didChange = result.isSet;
   Poll();
 }
 

@@ -272,7 +272,6 @@ void BenchWindow::SetValue() {
 
 void BenchWindow::Store(const Address& at, std::span<const std::uint8_t> bytes) {
   if (!box->Store(at, bytes)) return Refuse("the box does not keep " + PlaceText(at));
-  didChange = true;
   Poll();
   const PropertyRow* row = properties.Find(at);
   if (row == nullptr) return;

@@ -221,11 +221,9 @@ void BenchWindow::Poll() {
   const auto seen = box->LookAt();
   if (!seen || !shownBox) return;
   log.SeeLast(seen->last);
-  const simulator::By otherwise = didChange ? simulator::By::kBench : simulator::By::kBox;
-  didChange = false;
   const std::size_t rows = properties.Count();
   const bool isOther = rows == 0 || shownBox->identity != seen->box.identity;
-  if (properties.Update(seen->box, writes, otherwise, desk->Time(), desk->Milliseconds() + 1)) {
+  if (properties.Update(*seen, writes, desk->Time(), desk->Milliseconds() + 1)) {
     InvalidateRect(Control(control::kProperties), nullptr, FALSE);
   }
   writes.clear();

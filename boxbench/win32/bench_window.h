@@ -147,7 +147,6 @@ class BenchWindow {
   std::optional<WantedBox> shownBox;
   PlugSwitches switches;
   bool isThere = false;
-  bool didChange = false;  // what changes now is the bench's doing
   simulator::Faults shownFaults{};
   std::vector<Address> onlyPlaces;
 

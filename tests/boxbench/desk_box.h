@@ -48,6 +48,8 @@ class DeskBox {
   simulator::BenchedBox panel{*shared, host, simulator::By::kPanel};
   simulator::BoxControl control{*shared, host, simulator::By::kBench};
   DeviceHandle handle = kNoBox;
+  // Another hand than the bench's.
+  simulator::BoxControl ControlBy(simulator::By hand) { return {*shared, host, hand}; }
 };
 
 }  // namespace panelora::boxbench::testing

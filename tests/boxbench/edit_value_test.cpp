@@ -19,7 +19,7 @@ class EditValueTest : public ::testing::Test {
   const PropertyRow& Row(const std::string& name) {
     const auto look = desk.control.LookAt();
     box = look->box.identity;
-    list.Update(look->box, {}, simulator::By::kBox, 0, 1);
+    list.Update(*look, {}, 0, 1);
     for (const PropertyRow& row : list.All()) {
       if (row.name == name) return row;
     }

@@ -14,10 +14,10 @@ using testing::DeskBox;
 
 class PropertyListTest : public ::testing::Test {
  protected:
-  bool Update(By otherwise = By::kBox) {
+  bool Update() {
     const auto calls = desk.control.CallsFrom(next);
     if (!calls->entries.empty()) next = calls->entries.back().number + 1;
-    return list.Update(desk.control.LookAt()->box, calls->entries, otherwise, desk.host.time, now);
+    return list.Update(*desk.control.LookAt(), calls->entries, desk.host.time, now);
   }
   std::string Cell(const Address& at, int column) {
     const auto index = list.IndexOf(at);
@@ -85,16 +85,47 @@ TEST_F(PropertyListTest, AFailedWriteIsNobodys) {
   EXPECT_EQ(Cell(kBrightness, PropertyList::kBy), "");
 }
 
-TEST_F(PropertyListTest, WhatChangesWithoutACallIsTheBoxesOwn) {
+TEST_F(PropertyListTest, WhatChangesWithoutAHandIsTheBoxesOwn) {
   Update();
   desk.host.time = 2000000;
-  desk.control.SetInput({720, 576, 50, 0, 0}, true);
+  desk.Write(4, 2);
   Update();
+  EXPECT_EQ(Cell(Word(4), PropertyList::kBy), "panel");
   EXPECT_EQ(Cell(Block(1), PropertyList::kBy), "the box");
   EXPECT_EQ(Cell(Block(1), PropertyList::kTime), "00:00:02.000");
+}
+
+TEST_F(PropertyListTest, WhatChangesWithoutACallIsHisWhoChangedIt) {
+  simulator::BoxControl boxctl = desk.ControlBy(By::kBoxctl);
+  Update();
+  desk.host.time = 2000000;
+  boxctl.SetInput({720, 576, 50, 0, 0}, true);
+  desk.host.time = 3000000;  // when it is seen
+  Update();
+  EXPECT_EQ(Cell(Block(1), PropertyList::kBy), "boxctl");
+  EXPECT_EQ(Cell(Block(1), PropertyList::kTime), "00:00:02.000");
   desk.control.SetInput({1280, 720, 50, 0, 0}, false);
-  Update(By::kBench);
+  Update();
   EXPECT_EQ(Cell(Block(1), PropertyList::kBy), "bench");
+  const simulator::BoxMemory before = desk.control.LookAt()->box;
+  desk.Write(4, 2);
+  boxctl.Reset();
+  Update();
+  EXPECT_EQ(Cell(Block(1), PropertyList::kBy), "boxctl");
+  EXPECT_EQ(Cell(Word(4), PropertyList::kBy), "");  // as it was: what was written meanwhile is gone
+  boxctl.Load(before);
+  Update();
+  EXPECT_EQ(Cell(Block(1), PropertyList::kBy), "boxctl");
+}
+
+// A bench that comes later sees calls to a box that is another one now.
+TEST_F(PropertyListTest, WhatWasWrittenBeforeItBecameThisBoxIsNobodysNow) {
+  desk.panel.SetVideoProcAmp(desk.handle, kBoxGroup, proc_amp::kBrightness, 9);
+  desk.control.Become({13, 0, 0, 0, 0}, 0x0126);
+  desk.panel.SetVideoProcAmp(desk.handle, kBoxGroup, proc_amp::kHue, 9);
+  Update();
+  EXPECT_EQ(Cell(kBrightness, PropertyList::kBy), "");
+  EXPECT_EQ(Cell(ProcAmp(proc_amp::kHue), PropertyList::kBy), "panel");
 }
 
 TEST_F(PropertyListTest, AChangeIsMarkedForASecond) {
