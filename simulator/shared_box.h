@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
@@ -130,6 +131,20 @@ struct SharedBox {
 };
 
 static_assert(std::is_trivially_copyable_v<SharedBox>);
+
+// Programs of 32 and of 64 bits share it: every compiler must put everything in the same place.
+// Whoever changes one of these raises kLayout.
+static_assert(offsetof(BoxMemory, restartedAt) == 16 && offsetof(BoxMemory, blocks) == 24);
+static_assert(offsetof(BoxMemory, words) == 66588 && sizeof(BoxMemory) == 69664);
+static_assert(offsetof(Faults, cutUntil) == 32 && sizeof(Faults) == 56);
+static_assert(sizeof(Change) == 32);
+static_assert(sizeof(Replay) == 1122312);
+static_assert(offsetof(Entry, words) == 40 && offsetof(Entry, bytes) == 52 && sizeof(Entry) == 312);
+static_assert(offsetof(Journal, entries) == 8);
+static_assert(offsetof(SharedBox, box) == 16 && offsetof(SharedBox, faults) == 69680);
+static_assert(offsetof(SharedBox, change) == 69736 && offsetof(SharedBox, replay) == 69768);
+static_assert(offsetof(SharedBox, journal) == offsetof(SharedBox, replay) + sizeof(Replay));
+static_assert(sizeof(SharedBox) == offsetof(SharedBox, journal) + sizeof(Journal));
 
 // What the shared box needs of the system it runs on.
 class BoxHost {
