@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <string>
 
 #include "device/devlnk_library.h"
 #include "simulator/benched_box.h"
@@ -15,25 +16,33 @@ namespace {
 // Without a box every call fails, as it does without a converter.
 class DeskBox {
  public:
-  DeskBox() {
-    if (mapped.IsOpen()) {
-      box = std::make_unique<BenchedBox>(mapped.Shared(), mapped, By::kPanel);
-    } else {
-      OutputDebugStringA(("Panelora: " + mapped.Error() + "\n").c_str());
+  // Tries again where the box could not be had: what kept it may be gone.
+  BenchedBox* Open() {
+    if (box != nullptr) return box.get();
+    mapped = std::make_unique<MappedBox>();
+    if (mapped->IsOpen()) {
+      box = std::make_unique<BenchedBox>(mapped->Shared(), *mapped, By::kPanel);
+    } else if (mapped->Error() != told) {
+      told = mapped->Error();
+      OutputDebugStringA(("Panelora: " + told + "\n").c_str());
     }
+    return box.get();
   }
 
   BenchedBox* Get() { return box.get(); }
 
  private:
-  MappedBox mapped;
+  std::unique_ptr<MappedBox> mapped;
   std::unique_ptr<BenchedBox> box;
+  std::string told;  // why it could not be had
 };
 
-BenchedBox* Box() {
-  static DeskBox box;
-  return box.Get();
+DeskBox& Desk() {
+  static DeskBox desk;
+  return desk;
 }
+
+BenchedBox* Box() { return Desk().Get(); }
 
 }  // namespace
 
@@ -51,7 +60,7 @@ constexpr int kFailure = 0;
 #define DEVLNK_EXPORT extern "C" __declspec(dllexport)
 
 DEVLNK_EXPORT std::uint32_t PANELORA_DEVLNK_CALL DEVLNK_OPEN(std::uint32_t mode) {
-  BenchedBox* box = Box();
+  BenchedBox* box = Desk().Open();
   return box != nullptr ? box->Open(mode) : panelora::kNoBox;
 }
 

@@ -28,12 +28,7 @@ MappedBox::MappedBox(const std::string& name) {
   Open();
 }
 
-MappedBox::~MappedBox() {
-  if (shared != nullptr) UnmapViewOfFile(shared);
-  for (const HANDLE handle : {memory, life, mutex}) {
-    if (handle != nullptr) CloseHandle(handle);
-  }
-}
+MappedBox::~MappedBox() { Close(); }
 
 void MappedBox::Open() {
   mutex = CreateMutexA(nullptr, FALSE, (path + ".lock").c_str());
@@ -41,32 +36,49 @@ void MappedBox::Open() {
     error = "the simulated box can't be had: another program keeps it";
     return;
   }
+  Map();
+  ReleaseMutex(mutex);
+  // As long as it is held, nobody can make another one.
+  if (!error.empty()) Close();
+}
+
+// Under the mutex.
+void MappedBox::Map() {
   memory = CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(SharedBox),
                               path.c_str());
   void* view = memory != nullptr ? MapViewOfFile(memory, FILE_MAP_ALL_ACCESS, 0, 0, 0) : nullptr;
   if (view == nullptr) {
     error = Format("the simulated box has no memory: error %lu", GetLastError());
-    ReleaseMutex(mutex);
     return;
   }
   // Of another layout it may be smaller, but never than its first page.
-  auto* found = static_cast<SharedBox*>(view);
-  if (found->magic == 0) MakeBox(*found);
-  if (found->magic == SharedBox::kMagic && found->layout == SharedBox::kLayout &&
-      found->size == sizeof(SharedBox)) {
-    shared = found;
-    life = CreateEventA(nullptr, TRUE, FALSE, LifeOf(Process()).c_str());
-    const bool isFirst = GetLastError() != ERROR_ALREADY_EXISTS;
-    // One of the same number died here.
-    if (isFirst && shared->owner == Process()) shared->owner = 0;
-  } else {
+  shared = static_cast<SharedBox*>(view);
+  if (shared->magic == 0) MakeBox(*shared);
+  if (shared->magic != SharedBox::kMagic || shared->layout != SharedBox::kLayout ||
+      shared->size != sizeof(SharedBox)) {
     error = Format(
         "the simulated box is of another version (layout %u, this program knows %u): "
         "close the other programs that use it",
-        found->layout, SharedBox::kLayout);
-    UnmapViewOfFile(view);
+        shared->layout, SharedBox::kLayout);
+    return;
   }
-  ReleaseMutex(mutex);
+  life = CreateEventA(nullptr, TRUE, FALSE, LifeOf(Process()).c_str());
+  const DWORD result = GetLastError();
+  if (life == nullptr) {  // the others would take this process for a dead one
+    error = Format("the simulated box can't be had: error %lu", result);
+    return;
+  }
+  // One of the same number died here.
+  if (result != ERROR_ALREADY_EXISTS && shared->owner == Process()) shared->owner = 0;
+}
+
+void MappedBox::Close() {
+  if (shared != nullptr) UnmapViewOfFile(shared);
+  shared = nullptr;
+  for (HANDLE* handle : {&memory, &life, &mutex}) {
+    if (*handle != nullptr) CloseHandle(*handle);
+    *handle = nullptr;
+  }
 }
 
 bool MappedBox::TakeMutex() {

@@ -43,6 +43,8 @@ class MappedBox final : public BoxHost {
 
  private:
   void Open();
+  void Map();
+  void Close();
   bool TakeMutex();
   bool TryLock(std::uint32_t from);
   bool IsAlive(std::uint32_t process) const;

@@ -211,11 +211,15 @@ BenchTest::BenchTest() {
   mapped = std::make_unique<simulator::MappedBox>(desk);
   if (!mapped->IsOpen()) throw std::runtime_error(mapped->Error());
   box = std::make_unique<simulator::BoxControl>(mapped->Shared(), *mapped, simulator::By::kBoxctl);
+  LoadPanel();
+  handle = panel->Open(kOpenMode);
+}
+
+void BenchTest::LoadPanel() {
   library = LoadLibraryA(TheParts().library.c_str());
   if (library == nullptr) throw std::runtime_error("no library " + TheParts().library);
   panel = std::make_unique<DevlnkLibrary>(DevlnkLibrary::Resolver(
       [this](const char* name) { return reinterpret_cast<void*>(GetProcAddress(library, name)); }));
-  handle = panel->Open(kOpenMode);
 }
 
 // The library goes with its desk: the next test has one of its own.

@@ -83,6 +83,7 @@ class BenchTest : public ::testing::Test {
   ~BenchTest() override;
 
   void StartBench() { bench = std::make_unique<BenchProcess>(logFile); }
+  void LoadPanel();  // its library, on the desk that the environment names
   simulator::BoxControl::Look LookAt();
   // Reads word 5, the firmware; the result.
   int Read();

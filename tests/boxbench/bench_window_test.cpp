@@ -377,17 +377,34 @@ TEST_F(BenchTest, ItsEndLeavesTheDeskUsable) {
   EXPECT_EQ(Read(), 1);
 }
 
+// A desk whose memory was made by a program of another version.
+class OldDesk {
+ public:
+  explicit OldDesk(const std::string& name)
+      : memory(CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
+                                  sizeof(simulator::SharedBox),
+                                  ("Local\\PaneloraBox." + name).c_str())),
+        box(static_cast<simulator::SharedBox*>(
+            MapViewOfFile(memory, FILE_MAP_ALL_ACCESS, 0, 0, 0))) {
+    box->magic = simulator::SharedBox::kMagic;
+    box->layout = simulator::SharedBox::kLayout + 1;
+  }
+  ~OldDesk() {
+    UnmapViewOfFile(box);
+    CloseHandle(memory);
+  }
+  OldDesk(const OldDesk&) = delete;
+  OldDesk& operator=(const OldDesk&) = delete;
+
+ private:
+  HANDLE memory;
+  simulator::SharedBox* box;
+};
+
 TEST_F(BenchTest, SaysWhenTheBoxCanNotBeOpened) {
   const std::string other = desk + "-other";
   SetEnvironmentVariableA("PANELORA_BOX", other.c_str());
-  const HANDLE memory =
-      CreateFileMappingA(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
-                         sizeof(simulator::SharedBox), ("Local\\PaneloraBox." + other).c_str());
-  auto* old =
-      static_cast<simulator::SharedBox*>(MapViewOfFile(memory, FILE_MAP_ALL_ACCESS, 0, 0, 0));
-  ASSERT_NE(old, nullptr);
-  old->magic = simulator::SharedBox::kMagic;
-  old->layout = simulator::SharedBox::kLayout + 1;
+  auto old = std::make_unique<OldDesk>(other);
   StartBench();
   EXPECT_TRUE(bench->IsShown(kDeskError));
   EXPECT_TRUE(bench->IsShown(kTryAgain));
@@ -395,12 +412,39 @@ TEST_F(BenchTest, SaysWhenTheBoxCanNotBeOpened) {
   EXPECT_EQ(bench->Text(kDeskError).find("There is no box to show: "), 0U);
   bench->Press(kTryAgain);
   EXPECT_TRUE(bench->IsShown(kDeskError));
-  UnmapViewOfFile(old);
-  CloseHandle(memory);
+  old.reset();
   bench->Press(kTryAgain);
   EXPECT_FALSE(bench->IsShown(kDeskError));
   EXPECT_TRUE(bench->IsShown(kProperties));
   EXPECT_EQ(bench->Text(kTitle), "Type 26: connected");
+}
+
+TEST_F(BenchTest, ThePanelFindsTheBoxOnceItCanBeHad) {
+  panel.reset();
+  FreeLibrary(library);
+  const std::string other = desk + "-panel";
+  SetEnvironmentVariableA("PANELORA_BOX", other.c_str());
+  auto old = std::make_unique<OldDesk>(other);
+  LoadPanel();
+  EXPECT_EQ(panel->Open(kOpenMode), kNoBox);
+  EXPECT_EQ(Read(), 0);
+  EXPECT_EQ(panel->Open(kOpenMode), kNoBox);
+  old.reset();
+  handle = panel->Open(kOpenMode);
+  EXPECT_NE(handle, kNoBox);
+  EXPECT_EQ(Read(), 1);
+}
+
+// Without the sign of life the others would take it for a dead one, and the box from it.
+TEST_F(BenchTest, WhoCanGiveNoSignOfLifeHasNoBox) {
+  const std::string name = "Local\\PaneloraBox." + desk + "-life";
+  const HANDLE taken =
+      CreateMutexA(nullptr, FALSE, (name + "." + std::to_string(GetCurrentProcessId())).c_str());
+  simulator::MappedBox none(desk + "-life");
+  EXPECT_FALSE(none.IsOpen());
+  EXPECT_EQ(none.Error().find("the simulated box can't be had: error "), 0U) << none.Error();
+  CloseHandle(taken);
+  EXPECT_TRUE(simulator::MappedBox(desk + "-life").IsOpen());
 }
 
 // A combo box that is closed is as high as a field.
