@@ -18,7 +18,36 @@ namespace fs = std::filesystem;
 constexpr std::uint32_t kMostFirmware = 0xFFFF;
 constexpr std::size_t kMostBlock = 255;
 
+// More than any file of boxctl has. What is deeper would be copied and freed on the stack, level by
+// level, and members are looked for one by one.
+constexpr int kMostDepth = 8;
+constexpr unsigned kMostMembers = 512;
+
 fs::path PathOf(const std::string& path) { return {std::u8string(path.begin(), path.end())}; }
+
+Failure DamageOf(const std::string& path, const std::string& what) {
+  return {Exit::kBadInput, Printable(path) + " is damaged: " + Printable(what)};
+}
+
+// The text as JSON, discarded when it is none; a failure as soon as it goes beyond what can be in a
+// file.
+Json Parse(const std::string& path, const std::string& text) {
+  std::array<unsigned, kMostDepth + 1> members{};  // so far of the object on each level
+  const auto look = [&](int depth, Json::parse_event_t event, const Json& /*parsed*/) {
+    const bool isBegin =
+        event == Json::parse_event_t::object_start || event == Json::parse_event_t::array_start;
+    if (isBegin && depth >= kMostDepth) {
+      throw DamageOf(path, Format("it goes more than %d levels deep", kMostDepth));
+    }
+    const auto level = static_cast<std::size_t>(depth);
+    if (isBegin) members.at(level + 1) = 0;
+    if (event == Json::parse_event_t::key && ++members.at(level) > kMostMembers) {
+      throw DamageOf(path, Format("an object has more than %u members", kMostMembers));
+    }
+    return true;
+  };
+  return Json::parse(text, look, false);
+}
 
 }  // namespace
 
@@ -78,7 +107,7 @@ Members::Members(std::string thePath, Json theObject)
 }
 
 Members Members::OfFile(const std::string& path, const std::string& kind, std::uint32_t version) {
-  Json json = Json::parse(ReadFile(path), nullptr, false);
+  Json json = Parse(path, ReadFile(path));
   if (json.is_discarded()) {
     throw Failure(Exit::kBadInput,
                   Printable(path) + " is damaged or no file of boxctl: it is no JSON");
@@ -98,9 +127,7 @@ Members Members::OfFile(const std::string& path, const std::string& kind, std::u
   return members;
 }
 
-Failure Members::Damage(const std::string& what) const {
-  return {Exit::kBadInput, Printable(path) + " is damaged: " + Printable(what)};
-}
+Failure Members::Damage(const std::string& what) const { return DamageOf(path, what); }
 
 const Json& Members::Find(const char* name) const {
   const auto found = object.find(name);

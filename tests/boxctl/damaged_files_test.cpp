@@ -197,12 +197,55 @@ TEST_F(DamagedFiles, HugeFilesAreRefusedBySize) {
                                               "boxctl: " + File("file.json") +
                                                   " is larger than 4 MB: no file of boxctl is\n"}));
   }
-  ExpectRefused("restore", std::string(100000, '['),
-                "is damaged or no file of boxctl: it is no JSON");
-  ExpectRefused("load", "{\"a\":" + std::string(100000, '[') + std::string(100000, ']') + "}",
-                "is damaged: \"format\" is missing");
   EXPECT_EQ(Run({"restore", File("")}),
             (Ran{2, "", "boxctl: " + File("") + " is a folder: name a file\n"}));
+}
+
+// However deep it is, it takes no more of the stack.
+TEST_F(DamagedFiles, DeepFilesAreRefused) {
+  constexpr char kWhy[] = "is damaged: it goes more than 8 levels deep";
+  constexpr std::size_t kDepth = 600000;
+  const std::string open(kDepth, '[');
+  const std::string deep = open + std::string(kDepth, ']');
+  std::string objects;
+  for (int i = 0; i < 200000; ++i) objects += "{\"a\":";
+  ASSERT_EQ(Run({"save", File("settings.json")}).code, 0);
+  const std::string settings = Content(File("settings.json"));
+  ASSERT_EQ(Run({"dump", File("box.json")}).code, 0);
+  const std::string box = Content(File("box.json"));
+  for (const char* command : {"restore", "diff"}) {
+    ExpectRefused(command, open, kWhy);
+    ExpectRefused(command, objects, kWhy);
+    ExpectRefused(command, With(settings, "\"settings\": [", "\"settings\": [" + deep + ", "),
+                  kWhy);
+    ExpectRefused(command, With(settings, "\"leftOut\": [", "\"leftOut\": [" + deep), kWhy);
+    ExpectRefused(command, With(settings, "\"version\": 1", "\"version\": " + deep), kWhy);
+  }
+  ExpectRefused("load", With(box, "\"words\": {", "\"words\": {\"9\": " + deep + ", "), kWhy);
+  ExpectRefused("load", With(box, "\"blocks\": {", "\"blocks\": " + deep + ", \"other\": {"), kWhy);
+  // As deep as may be.
+  ExpectRefused("load", "{\"a\":[[[[[[[]]]]]]]}", "is damaged: \"format\" is missing");
+  ExpectRefused("load", "{\"a\":[[[[[[[[]]]]]]]]}", kWhy);
+}
+
+// Members are looked for one by one: 4 MB of them would take minutes.
+TEST_F(DamagedFiles, ObjectsOfMoreMembersThanAnyFileHasAreRefused) {
+  constexpr char kWhy[] = "is damaged: an object has more than 512 members";
+  const auto membersOf = [](int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) text += "\"a" + std::to_string(i) + "\":0,";
+    return text;
+  };
+  ASSERT_EQ(Run({"dump", File("box.json")}).code, 0);
+  const std::string box = Content(File("box.json"));
+  ExpectRefused("load", With(box, "\"words\": {", "\"words\": {" + membersOf(300000)), kWhy);
+  ExpectRefused("restore", "{" + membersOf(513), kWhy);
+  ExpectRefused("restore", "{" + membersOf(511) + "\"last\":0}",
+                "is damaged: \"format\" is missing");
+  // Each object counts by itself.
+  std::string objects = "{\"b\":[";
+  for (int i = 0; i < 3; ++i) objects += "{" + membersOf(500) + "\"last\":[0]},";
+  ExpectRefused("restore", objects + "0]}", "is damaged: \"format\" is missing");
 }
 
 TEST_F(DamagedFiles, MutatedSettingsAreRefusedOrMakeSense) {
