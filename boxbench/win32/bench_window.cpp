@@ -37,6 +37,16 @@ std::int64_t UtcToLocal() {
   return (tenths(local) - tenths(utc)) / 10;
 }
 
+// What the taskbar and its like leave free of the window's monitor.
+RECT WorkAreaOf(HWND window) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+  return monitor.rcWork;
+}
+
+SIZE SizeOf(const RECT& place) { return {place.right - place.left, place.bottom - place.top}; }
+
 HACCEL MakeKeys() {
   std::array<ACCEL, 4> keys = {{
       {FVIRTKEY, VK_F5, control::kRefresh},
@@ -85,11 +95,9 @@ bool BenchWindow::Make(int show) {
   if (window == nullptr) return false;
   MakeControls();
   UseDpi(win32::DpiOf(window));
-  RECT work{};
-  SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
-  SetWindowPos(window, nullptr, 0, 0, std::min<int>(Scaled(kFirstWidth), work.right - work.left),
-               std::min<int>(Scaled(kFirstHeight), work.bottom - work.top),
-               SWP_NOMOVE | SWP_NOZORDER);
+  const SIZE most = SizeOf(WorkAreaOf(window));
+  SetWindowPos(window, nullptr, 0, 0, std::min<int>(Scaled(kFirstWidth), most.cx),
+               std::min<int>(Scaled(kFirstHeight), most.cy), SWP_NOMOVE | SWP_NOZORDER);
   OpenDesk();
   ShowWindow(window, show);
   Focus(box != nullptr ? control::kType : control::kTryAgain);
@@ -152,8 +160,10 @@ LRESULT BenchWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       if (wParam != SIZE_MINIMIZED) Layout();
       return 0;
     case WM_GETMINMAXINFO: {
-      auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
-      limits->ptMinTrackSize = {Scaled(kLeastWidth), Scaled(kLeastHeight)};
+      const SIZE most = SizeOf(WorkAreaOf(window));
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {
+          std::min<LONG>(Scaled(kLeastWidth), most.cx),
+          std::min<LONG>(Scaled(kLeastHeight), most.cy)};
       return 0;
     }
     case win32::kDpiChanged: {

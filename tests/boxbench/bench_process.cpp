@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "base/text.h"
+#include "platform/win32/dpi.h"
 
 namespace panelora::boxbench::testing {
 
@@ -129,6 +130,14 @@ void BenchProcess::Slide(Id id, int position) {
 void BenchProcess::Resize(int width, int height) {
   SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   Send(window, WM_NULL);
+}
+
+void BenchProcess::Rescale(int dpi, RECT place) {
+  void* there = VirtualAllocEx(process.hProcess, nullptr, sizeof place, MEM_COMMIT, PAGE_READWRITE);
+  if (there == nullptr) throw std::runtime_error("no memory in BoxBench");
+  WriteProcessMemory(process.hProcess, there, &place, sizeof place, nullptr);
+  Send(window, win32::kDpiChanged, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(there));
+  VirtualFreeEx(process.hProcess, there, 0, MEM_RELEASE);
 }
 
 std::string BenchProcess::Text(Id id) {

@@ -49,6 +49,8 @@ class BenchProcess {
   void Slide(Id id, int position);
   void SelectRow(Id list, int row);
   void Resize(int width, int height);
+  // As the system does when the window comes to a monitor of another scale.
+  void Rescale(int dpi, RECT place);
   void Close();  // and waits for the end
   void Kill();
 

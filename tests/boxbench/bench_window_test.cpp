@@ -478,6 +478,22 @@ TEST_F(BenchTest, NothingIsCutOrCoveredAtAnySize) {
   }
 }
 
+// A window that is larger than its monitor has edges that nobody can grip.
+TEST_F(BenchTest, ItsLeastSizeFitsItsMonitorAtAnyScale) {
+  StartBench();
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoA(MonitorFromWindow(bench->Window(), MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& work = monitor.rcWork;
+  bench->Rescale(384, {0, 0, 500, 400});
+  bench->Resize(100, 100);
+  RECT place{};
+  GetWindowRect(bench->Window(), &place);
+  EXPECT_GT(place.right - place.left, 500);
+  EXPECT_LE(place.right - place.left, work.right - work.left);
+  EXPECT_LE(place.bottom - place.top, work.bottom - work.top);
+}
+
 TEST_F(BenchTest, EveryFieldHasANameBeforeIt) {
   StartBench();
   for (const Id id : {kType, kBrand, kSubModel, kFirmware, kSignal, kHow, kNth, kOnly, kAnswer,
