@@ -296,7 +296,7 @@ void BenchWindow::FilterLog() {
 
 void BenchWindow::Pause() {
   log.Pause(!log.IsPaused());
-  SetText(kPause, log.IsPaused() ? "&Go on" : "&Pause");
+  SetText(kPause, log.IsPaused() ? "Un&pause" : "&Pause");
   Say(log.IsPaused() ? "The log stands still; calls are counted on."
                      : "The log goes on, with all that came meanwhile.");
   ShowLog();

@@ -1,6 +1,8 @@
 // What an operator does with the window of BoxBench, what the box makes of it, and what he sees.
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <map>
 #include <sstream>
 
 #include "boxbench/call_log.h"
@@ -492,6 +494,34 @@ TEST_F(BenchTest, ItsLeastSizeFitsItsMonitorAtAnyScale) {
   EXPECT_GT(place.right - place.left, 500);
   EXPECT_LE(place.right - place.left, work.right - work.left);
   EXPECT_LE(place.bottom - place.top, work.bottom - work.top);
+}
+
+// Alt and a letter lead to one control that is seen.
+TEST_F(BenchTest, EveryLetterLeadsToOneControl) {
+  StartBench();
+  for (const bool isPaused : {false, true}) {
+    if (isPaused) bench->Press(kPause);
+    for (const Id section : {kShowBox, kShowFaults}) {
+      bench->Press(section);
+      std::map<int, std::string> letters;
+      for (const auto& [id, place] : bench->ShownPlaces()) {
+        char kind[32] = "";
+        const HWND control = bench->Control(static_cast<Id>(id));
+        GetClassNameA(control, kind, sizeof kind);
+        const LONG_PTR style = GetWindowLongPtrA(control, GWL_STYLE);
+        const bool isLabel = std::string(kind) == "Static";
+        if (!isLabel && std::string(kind) != "Button") continue;
+        if (isLabel && (style & SS_NOPREFIX) != 0) continue;
+        const std::string text = bench->Text(static_cast<Id>(id));
+        const std::size_t mark = text.find('&');
+        if (mark == std::string::npos || mark + 1 == text.size()) continue;
+        const int letter = std::tolower(text[mark + 1]);
+        EXPECT_EQ(letters[letter], "") << text;
+        letters[letter] = text;
+      }
+      EXPECT_GT(letters.size(), 15U);
+    }
+  }
 }
 
 TEST_F(BenchTest, EveryFieldHasANameBeforeIt) {
