@@ -149,6 +149,20 @@ std::string Tidied(std::string_view text) {
   return tidied;
 }
 
+std::string FileOf(std::string_view commandLine) {
+  constexpr std::string_view kBlanks = " \t";
+  const std::size_t begin = commandLine.find_first_not_of(kBlanks);
+  if (begin == std::string_view::npos) return "";
+  std::string_view file = commandLine.substr(begin);
+  if (file.front() == '"') {
+    file.remove_prefix(1);
+    file = file.substr(0, file.find('"'));
+  } else {
+    file = file.substr(0, file.find_last_not_of(kBlanks) + 1);
+  }
+  return std::string(file);
+}
+
 bool IsSameText(std::string_view left, std::string_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                     [](char one, char other) { return Lower(one) == Lower(other); });

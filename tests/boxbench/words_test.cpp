@@ -66,6 +66,15 @@ TEST(BenchWords, WholeNumbersHaveNothingRoundThem) {
   }
 }
 
+TEST(BenchWords, AFileIsCalledAsItIsTyped) {
+  EXPECT_EQ(FileOf(""), "");
+  EXPECT_EQ(FileOf("  \t"), "");
+  EXPECT_EQ(FileOf("calls.txt "), "calls.txt");
+  EXPECT_EQ(FileOf(" C:\\my  calls\\a.txt"), "C:\\my  calls\\a.txt");
+  EXPECT_EQ(FileOf("\"C:\\my  calls\\a.txt\" "), "C:\\my  calls\\a.txt");
+  EXPECT_EQ(FileOf("\" a.txt\""), " a.txt");
+}
+
 TEST(BenchWords, CaseAndBlanksMakeNoDifference) {
   EXPECT_EQ(Tidied("  a \t b\r\n"), "a b");
   EXPECT_TRUE(IsSameText("Vga", "vGA"));
