@@ -123,6 +123,12 @@ Typed<Bytes> ParseBytes(const PropertyRow& row, const std::string& text) {
   return typed;
 }
 
+std::string StoreValue(simulator::BoxControl& control, const Address& at,
+                       std::span<const std::uint8_t> bytes) {
+  if (control.Store(at, bytes)) return "";
+  return control.LookAt() ? "the box does not keep " + PlaceText(at) : kBusy;
+}
+
 Bytes FactoryValue(const Identity& box, std::uint32_t firmware, const PropertyRow& row) {
   const auto memory = std::make_unique<simulator::BoxMemory>();
   simulator::BoxModel(*memory, {}).Become(box, firmware);

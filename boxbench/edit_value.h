@@ -16,6 +16,10 @@ Typed<std::vector<std::uint8_t>> ParseWords(const Identity& box, const PropertyR
                                             const std::string& text);
 Typed<std::vector<std::uint8_t>> ParseBytes(const PropertyRow& row, const std::string& text);
 
+// Puts the bytes where the box keeps them; why not, in one line, or nothing.
+std::string StoreValue(simulator::BoxControl& control, const Address& at,
+                       std::span<const std::uint8_t> bytes);
+
 // What the box keeps there when it leaves the factory; empty when it keeps nothing.
 std::vector<std::uint8_t> FactoryValue(const Identity& box, std::uint32_t firmware,
                                        const PropertyRow& row);

@@ -13,6 +13,9 @@
 
 namespace panelora::boxbench {
 
+// Why the box can't be had.
+constexpr char kBusy[] = "the box is busy with another program: try again";
+
 // What was typed, or why it can't be taken, in one line.
 template <class Value>
 struct Typed {

@@ -11,7 +11,6 @@ namespace {
 using namespace control;  // NOLINT: nearly every line names some
 
 constexpr std::uint32_t kCutTime = 10000;  // ms
-constexpr char kBusy[] = "the box is busy with another program: try again";
 
 std::string TextOf(const Identity& identity, std::uint32_t firmware) {
   std::string text = Format("Brand %d", identity.brandCode);

@@ -271,7 +271,8 @@ void BenchWindow::SetValue() {
 }
 
 void BenchWindow::Store(const Address& at, std::span<const std::uint8_t> bytes) {
-  if (!box->Store(at, bytes)) return Refuse("the box does not keep " + PlaceText(at));
+  const std::string problem = StoreValue(*box, at, bytes);
+  if (!problem.empty()) return Refuse(problem);
   Poll();
   const PropertyRow* row = properties.Find(at);
   if (row == nullptr) return;

@@ -11,7 +11,7 @@ namespace panelora::boxbench::testing {
 // Time stands still unless a test moves it.
 class StillHost final : public simulator::BoxHost {
  public:
-  bool Lock() override { return true; }
+  bool Lock() override { return !isKept; }
   void Unlock() override {}
   std::uint64_t Milliseconds() const override { return milliseconds; }
   std::uint64_t Microseconds() const override { return milliseconds * 1000; }
@@ -19,6 +19,7 @@ class StillHost final : public simulator::BoxHost {
   void Sleep(std::uint32_t much) override { milliseconds += much; }
   std::uint32_t Process() const override { return 7; }
 
+  bool isKept = false;  // by another program
   std::uint64_t milliseconds = 1000;
   std::uint64_t time = 1000000;  // a second after midnight
 };

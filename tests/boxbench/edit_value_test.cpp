@@ -111,5 +111,14 @@ TEST_F(EditValueTest, TheFactoryValueIsWhatANewBoxKeeps) {
   EXPECT_EQ(FactoryValue(box, 0x0126, row), (Bytes{128}));
 }
 
+TEST_F(EditValueTest, WhatIsNotStoredSaysWhy) {
+  const std::uint8_t value = 7;
+  const auto store = [&](const Address& at) { return StoreValue(desk.control, at, {&value, 1}); };
+  EXPECT_EQ(store(ProcAmp(proc_amp::kHue)), "");
+  EXPECT_EQ(store(ProcAmp(proc_amp::kCommit)), "the box does not keep picture 255");
+  desk.host.isKept = true;
+  EXPECT_EQ(store(ProcAmp(proc_amp::kHue)), "the box is busy with another program: try again");
+}
+
 }  // namespace
 }  // namespace panelora::boxbench
