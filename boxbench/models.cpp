@@ -1,5 +1,8 @@
 #include "boxbench/models.h"
 
+#include <string_view>
+#include <utility>
+
 #include "app/device_picture.h"
 #include "base/text.h"
 #include "catalogue/information.h"
@@ -45,14 +48,29 @@ std::optional<std::uint32_t> ParseFirmware(const std::string& text) {
   return static_cast<std::uint32_t>(std::stoul(digits, nullptr, 16));
 }
 
+bool HasFront(std::uint8_t type) {
+  return std::string_view(FrontOf({type, 0, 0, 0, 0})) != kNullBoxPicture;
+}
+
+// The first code that has a front, and the last one.
+std::pair<std::uint8_t, std::uint8_t> FindFamily() {
+  std::uint8_t first = 0;
+  std::uint8_t last = kNoBoxType - 1;
+  while (first < last && !HasFront(first)) ++first;
+  while (last > first && !HasFront(last)) --last;
+  return {first, last};
+}
+
+const std::pair<std::uint8_t, std::uint8_t>& Family() {
+  static const auto family = FindFamily();
+  return family;
+}
+
 std::vector<Model> MakeModels() {
   std::vector<Model> models;
-  for (int code = 0; code < kNoBoxType; ++code) {
+  for (int code = Family().first; code <= Family().second; ++code) {
     const auto type = static_cast<std::uint8_t>(code);
-    if (std::string(FrontOf({type, 0, 0, 0, 0})) == kNullBoxPicture) continue;
-    const bool isComplete = kShippedType.Has(type);
-    models.push_back(
-        {type, Format("%d - %s", code, isComplete ? "complete" : "pages as rows say")});
+    models.push_back({type, ModelText(type)});
   }
   return models;
 }
@@ -62,6 +80,18 @@ std::vector<Model> MakeModels() {
 const std::vector<Model>& Models() {
   static const std::vector<Model> models = MakeModels();
   return models;
+}
+
+std::string ModelText(std::uint8_t type) {
+  const char* known = "pages as rows say";
+  if (type < Family().first || type > Family().second) {
+    known = "not of the family";
+  } else if (!HasFront(type)) {
+    known = "no front, pages as rows say";
+  } else if (kShippedType.Has(type)) {
+    known = "complete";
+  }
+  return Format("%d - %s", type, known);
 }
 
 std::string PagesText(const Identity& identity) {

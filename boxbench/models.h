@@ -14,8 +14,11 @@ struct Model {
   std::string text;  // "26 - complete"
 };
 
-// The box types that have a front of their own, by their codes.
+// The box types of the family, by their codes: from the first one that has a front to the last one.
+// Of those between that have none no more is known than what all have.
 const std::vector<Model>& Models();
+// What a type is called, of the family or not.
+std::string ModelText(std::uint8_t type);
 // The pages that the panel has for the box, in one line.
 std::string PagesText(const Identity& identity);
 

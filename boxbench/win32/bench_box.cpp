@@ -1,4 +1,6 @@
 // The left side of the window: the box and its faults.
+#include <algorithm>
+
 #include "base/text.h"
 #include "boxbench/input_signal.h"
 #include "boxbench/win32/bench_window.h"
@@ -57,11 +59,7 @@ void BenchWindow::ShowBox(const simulator::BoxControl::Look& seen) {
 
 void BenchWindow::ShowForm(const BoxForm& form) {
   isFilling = true;
-  int index = -1;
-  for (std::size_t i = 0; i < Models().size(); ++i) {
-    if (Models()[i].type == form.type) index = static_cast<int>(i);
-  }
-  ChooseItem(kType, index);
+  ChooseType(form.type);
   SetText(kBrand, form.brand);
   SetText(kSubModel, form.subModel);
   Check(kInputDip, form.inputDip);
@@ -71,12 +69,23 @@ void BenchWindow::ShowForm(const BoxForm& form) {
   FormChanged();
 }
 
-// A type that is not in the list stays what it is.
+// A type that is not of the family joins the list.
+void BenchWindow::ChooseType(std::uint8_t type) {
+  const auto found = std::find(listedTypes.begin(), listedTypes.end(), type);
+  const auto index = found - listedTypes.begin();
+  if (found == listedTypes.end()) AddType({type, ModelText(type)});
+  ChooseItem(kType, static_cast<int>(index));
+}
+
+void BenchWindow::AddType(const Model& model) {
+  SendMessageA(Control(kType), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(model.text.c_str()));
+  listedTypes.push_back(model.type);
+}
+
 BoxForm BenchWindow::ReadForm() const {
   const int chosen = Chosen(kType);
-  const std::uint8_t type = chosen >= 0 ? Models()[static_cast<std::size_t>(chosen)].type
-                            : shownBox  ? shownBox->identity.boxType
-                                        : std::uint8_t{0};
+  const std::uint8_t type =
+      chosen >= 0 ? listedTypes[static_cast<std::size_t>(chosen)] : std::uint8_t{0};
   return {
       type,           Text(kBrand), Text(kSubModel), IsChecked(kInputDip), IsChecked(kOutputDip),
       Text(kFirmware)};

@@ -143,7 +143,7 @@ void BenchWindow::FillChoices() {
   const auto add = [this](Id id, const char* text) {
     SendMessageA(Control(id), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
   };
-  for (const Model& model : Models()) add(kType, model.text.c_str());
+  for (const Model& model : Models()) AddType(model);
   for (const char* signal : UsualSignals()) add(kSignal, signal);
   SetWindowTextA(Control(kSignal), UsualSignals().front());
   for (const char* text : {"No call", "Every call", "Every nth call"}) add(kHow, text);

@@ -84,6 +84,8 @@ class BenchWindow {
   // The box and its faults: bench_box.cpp.
   void ShowBox(const simulator::BoxControl::Look& look);
   void ShowForm(const BoxForm& form);
+  void ChooseType(std::uint8_t type);
+  void AddType(const Model& model);
   BoxForm ReadForm() const;
   void FormChanged();
   void SwitchPlug();
@@ -149,6 +151,7 @@ class BenchWindow {
   bool isThere = false;
   simulator::Faults shownFaults{};
   std::vector<Address> onlyPlaces;
+  std::vector<std::uint8_t> listedTypes;  // of the choices of kType
 
   PropertyList properties;
   std::optional<Address> edited;

@@ -46,6 +46,20 @@ TEST_F(BenchTest, MakesItAnotherModel) {
   EXPECT_GE(bench->FindRow(kProperties, PropertyList::kNumber, "block 19.2"), 0);
 }
 
+TEST_F(BenchTest, ShowsATypeThatIsNotOfTheFamily) {
+  StartBench();
+  box->Become({200, 0, 0, 0, 0}, 0x0126);
+  AwaitText(kTitle, "Type 200: connected");
+  EXPECT_EQ(bench->Text(kType), "200 - not of the family");
+  bench->Type(kFirmware, "0127");
+  bench->Press(kBecome);
+  EXPECT_EQ(LookAt().box.identity.boxType, 200);
+  EXPECT_EQ(LookAt().box.firmware, 0x0127U);
+  bench->Choose(kType, "16 ");
+  bench->Press(kBecome);
+  EXPECT_EQ(bench->Text(kTitle), "Type 16: connected");
+}
+
 TEST_F(BenchTest, RefusesABoxThatCanNotBeAndKeepsWhatWasTyped) {
   StartBench();
   bench->Type(kBrand, "256");

@@ -18,7 +18,7 @@ const Model* FindModel(std::uint8_t type) {
   return nullptr;
 }
 
-TEST(BenchModels, EveryTypeWithAFrontIsThereOnce) {
+TEST(BenchModels, EveryTypeOfTheFamilyIsThereOnce) {
   EXPECT_TRUE(
       std::is_sorted(Models().begin(), Models().end(),
                      [](const auto& left, const auto& right) { return left.type < right.type; }));
@@ -26,7 +26,17 @@ TEST(BenchModels, EveryTypeWithAFrontIsThereOnce) {
   EXPECT_EQ(FindModel(26)->text, "26 - complete");
   ASSERT_NE(FindModel(13), nullptr);
   EXPECT_EQ(FindModel(13)->text, "13 - pages as rows say");
-  EXPECT_EQ(FindModel(16), nullptr);
+  EXPECT_EQ(Models().front().type, 5);
+  EXPECT_EQ(Models().back().type, 55);
+  EXPECT_EQ(Models().size(), 51U);
+  for (const int without : {8, 9, 10, 11, 12, 16, 22, 28, 31, 41}) {
+    const Model* model = FindModel(static_cast<std::uint8_t>(without));
+    ASSERT_NE(model, nullptr) << without;
+    EXPECT_EQ(model->text, std::to_string(without) + " - no front, pages as rows say");
+  }
+  EXPECT_EQ(FindModel(4), nullptr);
+  EXPECT_EQ(ModelText(4), "4 - not of the family");
+  EXPECT_EQ(ModelText(200), "200 - not of the family");
   EXPECT_EQ(FindModel(255), nullptr);
 }
 
