@@ -93,7 +93,7 @@ bool AttachedBox::Tell(const Address& at, std::span<const std::uint8_t> bytes) c
 
 void AttachedBox::KeepPicture() const {
   constexpr std::array<std::uint8_t, 1> kStored = {1};
-  if (picture::Commits(identity, firmware)) Tell(ProcAmp(proc_amp::kCommit), kStored);
+  if (picture::Commits(identity, Firmware())) Tell(ProcAmp(proc_amp::kCommit), kStored);
 }
 
 Call WriteTo(const Address& at, std::span<const std::uint8_t> bytes) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 #include "device/address.h"
@@ -18,7 +19,9 @@ class AttachedBox {
   explicit AttachedBox(DeviceLink& theLink);
 
   const Identity& Who() const { return identity; }
-  std::uint32_t Firmware() const { return firmware; }
+  // As of a box of version 0 where it does not tell its own.
+  std::uint32_t Firmware() const { return firmware.value_or(0); }
+  bool TellsFirmware() const { return firmware.has_value(); }
 
   // Asks for an address, and tells what came of it. Picture values are asked for as the panel
   // asks this model for them.
@@ -37,7 +40,7 @@ class AttachedBox {
   DeviceLink& link;
   DeviceHandle handle;
   Identity identity;
-  std::uint32_t firmware = 0;
+  std::optional<std::uint32_t> firmware;
 };
 
 // What a write to the address is as a call.

@@ -15,6 +15,7 @@ namespace panelora::boxctl {
 namespace {
 
 constexpr std::string_view kInput = "Input Format";
+constexpr char kNotTold[] = "not told";
 
 // The bytes of what a box answered.
 Bytes BytesOf(const Call& call) {
@@ -32,7 +33,7 @@ Json ToJson(const AttachedBox& box, const Named& named, const Call& answer) {
 
 struct State {
   Identity identity;
-  std::uint32_t firmware = 0;
+  std::optional<std::uint32_t> firmware;
   std::vector<std::string> inputs;
   bool isPlugged = true;
 };
@@ -44,15 +45,17 @@ void Show(Session& session, const State& state) {
                              who.brandCode, who.subModel);
   if (who.inputDipFlag == 1) lines += "DIP:       input side\n";
   if (who.outputDipFlag == 1) lines += "DIP:       output side\n";
-  lines += "Firmware:  " + information::FirmwareText(state.firmware) + "\n";
-  lines += "Input:     " + (inputs.empty() ? "not told" : inputs) + "\n";
+  const std::string firmware =
+      state.firmware ? information::FirmwareText(*state.firmware) : kNotTold;
+  lines += "Firmware:  " + firmware + "\n";
+  lines += "Input:     " + (inputs.empty() ? kNotTold : inputs) + "\n";
   lines += std::string("Plugged:   ") + (state.isPlugged ? "yes" : "no") + "\n";
   session.Say(lines, {{"model", who.boxType},
                       {"brand", who.brandCode},
                       {"subModel", who.subModel},
                       {"inputDip", who.inputDipFlag},
                       {"outputDip", who.outputDipFlag},
-                      {"firmware", Format("0x%04X", state.firmware)},
+                      {"firmware", state.firmware ? Format("0x%04X", *state.firmware) : ""},
                       {"inputs", state.inputs},
                       {"plugged", state.isPlugged}});
 }
@@ -156,7 +159,7 @@ class Watcher {
   }
 
   std::string TextOf(const Named& named, const Call& answer) const {
-    return answer.Succeeded() ? ValueText(box->Who(), named.property, answer) : "not told";
+    return answer.Succeeded() ? ValueText(box->Who(), named.property, answer) : kNotTold;
   }
 
   void Print(const std::string& name, const std::string& before, const std::string& now,
@@ -184,7 +187,8 @@ void Status(Session& session) {
     }
   }
   const AttachedBox box = session.Attach();
-  State state = {box.Who(), box.Firmware(), {}, true};
+  State state = {box.Who(), {}, {}, true};
+  if (box.TellsFirmware()) state.firmware = box.Firmware();
   for (const Named& each : ReadableOf(box.Who(), box.Firmware())) {
     if (!std::string_view(each.property.name).starts_with(kInput)) continue;
     const Call answer = box.Ask(each.property.at);
@@ -208,7 +212,7 @@ void Read(Session& session, const std::vector<std::string>& names) {
     const bool isTold = answer.Succeeded();
     if (!isTold && untold.empty()) untold = each.name;
     lines += each.name + ": ";
-    lines += (isTold ? ValueText(box.Who(), each.property, answer) : "not told") + "\n";
+    lines += (isTold ? ValueText(box.Who(), each.property, answer) : kNotTold) + "\n";
     json.push_back(ToJson(box, each, answer));
   }
   session.Say(lines, json);

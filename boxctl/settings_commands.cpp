@@ -53,15 +53,19 @@ void RequireSameModel(const Snapshot& left, const std::string& path, const Snaps
 }
 
 struct Restoring {
-  std::vector<Difference> changes;   // from the box to the file
-  std::vector<std::string> unknown;  // settings of the file that the box has not
+  std::vector<Difference> changes;  // from the box to the file
+  // Settings of the file that the box has not, and that it has but does not tell.
+  std::vector<std::string> unknown;
+  std::vector<std::string> untold;
 };
 
 Restoring RestoringOf(const Snapshot& box, const Snapshot& file) {
   Restoring restoring;
   for (const Difference& each : DifferencesOf(box, file)) {
     if (each.left != nullptr && each.right != nullptr) restoring.changes.push_back(each);
-    if (each.left == nullptr) restoring.unknown.push_back(each.right->setting.name);
+    if (each.left != nullptr) continue;
+    const Setting& setting = each.right->setting;
+    (IsKeptBy(box, setting) ? restoring.untold : restoring.unknown).push_back(setting.name);
   }
   return restoring;
 }
@@ -124,14 +128,18 @@ void Restore(Session& session, const std::string& path, bool isMeant) {
   const AttachedBox box = session.Attach();
   const Snapshot now = SnapshotOf(box);
   RequireSameModel(file, path, now, "the box");
-  const auto [changes, unknown] = RestoringOf(now, file);
+  const auto [changes, unknown, untold] = RestoringOf(now, file);
   std::string lines;
-  Json json = {{"changes", Json::array()}, {"leftOut", unknown}, {"written", isMeant}};
+  Json json = {
+      {"changes", Json::array()}, {"leftOut", unknown}, {"untold", untold}, {"written", isMeant}};
   for (const Difference& each : changes) {
     lines += LineOfDifference(now, file, each);
     json["changes"].push_back(JsonOf(now, file, each));
   }
   for (const std::string& name : unknown) lines += "left out " + name + ": the box has none\n";
+  for (const std::string& name : untold) {
+    lines += "left out " + name + ": the box does not tell it\n";
+  }
   const std::vector<std::string> untaken =
       isMeant ? Write(box, changes) : std::vector<std::string>();
   json["untaken"] = untaken;
@@ -143,8 +151,11 @@ void Restore(Session& session, const std::string& path, bool isMeant) {
     lines += "nothing was written: add --yes to write " + Counted(changes.size()) + "\n";
   }
   session.Say(lines, json);
-  if (untaken.empty()) return;
-  throw Failure(Exit::kDiffers, "the box did not take " + Joined(untaken));
+  if (untaken.empty() && untold.empty()) return;
+  std::string why;
+  if (!untaken.empty()) why = "did not take " + Joined(untaken);
+  if (!untold.empty()) why += (why.empty() ? "" : ", and ") + ("does not tell " + Joined(untold));
+  throw Failure(Exit::kDiffers, "the box " + why);
 }
 
 }  // namespace panelora::boxctl

@@ -42,6 +42,11 @@ KeptSetting ReadSetting(const Members& saved, std::span<const Setting> known) {
 }  // namespace
 
 Snapshot SnapshotOf(const AttachedBox& box) {
+  if (!box.TellsFirmware()) {
+    throw Failure(
+        Exit::kDiffers,
+        "the box does not tell its firmware version, on which its settings hang: try again");
+  }
   Snapshot snapshot = {box.Who(), box.Firmware(), {}, LeftOutOf(box.Who())};
   for (const Setting& setting : SettingsOf(box.Who(), box.Firmware())) {
     const Call answer = box.Ask(setting.reported.at);
@@ -50,6 +55,9 @@ Snapshot SnapshotOf(const AttachedBox& box) {
     } else {
       snapshot.leftOut.push_back({setting.name, "the box does not tell it"});
     }
+  }
+  if (!box.IsThere()) {
+    throw Failure(Exit::kNoBox, "the box went while it was asked: plug it in and try again");
   }
   return snapshot;
 }
@@ -95,6 +103,12 @@ Snapshot ReadSnapshot(const std::string& path) {
     snapshot.leftOut.push_back({left.Text("name"), left.Text("reason")});
   }
   return snapshot;
+}
+
+bool IsKeptBy(const Snapshot& snapshot, const Setting& setting) {
+  const std::vector<Setting> all = SettingsOf(snapshot.identity, snapshot.firmware);
+  return std::any_of(all.begin(), all.end(),
+                     [&](const Setting& each) { return IsSame(each, setting); });
 }
 
 const KeptSetting* FindIn(const Snapshot& snapshot, const Setting& setting) {

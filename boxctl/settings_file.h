@@ -23,13 +23,17 @@ struct Snapshot {
   std::vector<LeftOut> leftOut;
 };
 
-// What a box keeps now; what it does not tell is left out.
+// What a box keeps now; what it does not tell is left out. A failure when it goes meanwhile, or
+// does not tell its firmware version, on which its settings hang.
 Snapshot SnapshotOf(const AttachedBox& box);
 
 // As a file holds it.
 Json ToJson(const Snapshot& snapshot);
 // A failure when the file is no such file, or damaged.
 Snapshot ReadSnapshot(const std::string& path);
+
+// Whether the model has the setting, though the snapshot may have none of it.
+bool IsKeptBy(const Snapshot& snapshot, const Setting& setting);
 
 // Null when the snapshot has none of that name and place.
 const KeptSetting* FindIn(const Snapshot& snapshot, const Setting& setting);

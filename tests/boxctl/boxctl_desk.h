@@ -26,7 +26,10 @@ class TestHost final : public Host, public simulator::BoxHost {
   DeviceLink* OpenLibrary(const std::string& path, std::string& error) override;
   bool IsStopped() const override { return stopped; }
 
-  bool Lock() override { return !isKept; }
+  bool Lock() override {
+    if (whenLocking) whenLocking(locks++);
+    return !isKept;
+  }
   void Unlock() override {}
   std::uint64_t Milliseconds() const override { return now; }
   std::uint64_t Microseconds() const override { return now * 1000; }
@@ -39,6 +42,9 @@ class TestHost final : public Host, public simulator::BoxHost {
   // What happens while the program sleeps, and how often; after the last one it is stopped.
   std::function<void(int)> whenSleeping;
   int sleeps = 0;
+  // The same before a program is at the box.
+  std::function<void(int)> whenLocking;
+  int locks = 0;
   bool stopped = false;
   bool hasDesk = true;
   bool isKept = false;  // by another program

@@ -282,6 +282,63 @@ TEST_F(BoxctlTest, WhatDidNotTakeIsReported) {
                  "boxctl: the box did not take Hue\n"}));
 }
 
+// What is not told now may differ: it is no success to leave it out.
+TEST_F(BoxctlTest, WhatTheBoxDoesNotTellIsNoneThatItHasNot) {
+  ASSERT_EQ(Run({"save", File("a.json")}).code, 0);
+  Run({"set", "Hue", "1"});
+  Run({"set", "Input Source", "VGA"});
+  Control().SetFaults([](simulator::Faults& faults) {
+    faults.every = 1;
+    faults.reads = true;
+    faults.oneAddress = true;
+    faults.address = Word(4);
+  });
+  const std::string left = "left out Input Source: the box does not tell it\n";
+  const std::string why = "boxctl: the box does not tell Input Source\n";
+  EXPECT_EQ(
+      Run({"restore", File("a.json")}),
+      (Ran{1, "Hue: 1 -> 128\n" + left + "nothing was written: add --yes to write 1 setting\n",
+           why}));
+  EXPECT_EQ(Run({"restore", File("a.json"), "--yes"}),
+            (Ran{1, "Hue: 1 -> 128\n" + left + "restored 1 setting\n", why}));
+  EXPECT_EQ(Run({"restore", File("a.json"), "--yes", "--json"}).out,
+            "{\"changes\":[],\"leftOut\":[],\"untold\":[\"Input Source\"],\"written\":true,"
+            "\"untaken\":[]}\n");
+}
+
+TEST_F(BoxctlTest, NothingIsSavedOfABoxThatGoesMeanwhile) {
+  Put(File("a.json"), "as it was");
+  host.whenLocking = [&](int lock) {
+    if (lock == 10) host.desk->box.present = false;
+  };
+  EXPECT_EQ(Run({"save", File("a.json")}),
+            (Ran{4, "", "boxctl: the box went while it was asked: plug it in and try again\n"}));
+  EXPECT_GT(host.locks, 10);
+  EXPECT_EQ(Content(File("a.json")), "as it was");
+}
+
+// Settings hang on the firmware: one that is not told is not the oldest one.
+TEST_F(BoxctlTest, AFirmwareThatIsNotToldIsNotTakenForAnother) {
+  ASSERT_EQ(Run({"save", File("a.json")}).code, 0);
+  const std::string saved = Content(File("a.json"));
+  Control().SetFaults([](simulator::Faults& faults) {
+    faults.every = 1;
+    faults.reads = true;
+    faults.oneAddress = true;
+    faults.address = Word(5);
+  });
+  const Lines all[] = {
+      {"save", File("a.json")}, {"diff", File("a.json")}, {"restore", File("a.json"), "--yes"}};
+  for (const Lines& arguments : all) {
+    EXPECT_EQ(Run(arguments), (Ran{1, "",
+                                   "boxctl: the box does not tell its firmware version, on which "
+                                   "its settings hang: try again\n"}));
+  }
+  EXPECT_EQ(Content(File("a.json")), saved);
+  EXPECT_NE(Run({"status"}).out.find("Firmware:  not told\n"), std::string::npos);
+  EXPECT_NE(Run({"status", "--json"}).out.find("\"firmware\":\"\""), std::string::npos);
+}
+
 TEST_F(BoxctlTest, SettingsOfAnotherModelAreRefused) {
   ASSERT_EQ(Run({"save", File("a.json")}).code, 0);
   Become(13);
