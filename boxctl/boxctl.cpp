@@ -95,7 +95,7 @@ class Program {
   }
 
   void AddCommon(CLI::App& to) {
-    to.add_flag("--json", common.json, "answer with JSON");
+    to.add_flag("--json", common.json, "answer with JSON, and say so what is wrong");
     to.add_option("--library", common.library,
                   "a device library to talk through, instead of the simulated box")
         ->type_name("PATH");
@@ -252,10 +252,9 @@ class Program {
   }
 
   void AddScript() {
-    CLI::App& script =
-        AddWithExit("script", "commands from a file, one a line, or from the standard input",
-                    "  boxctl script test.txt\n  boxctl script -", kOfAny,
-                    [this](Session& session) { return RunScript(session, file, Line()); });
+    CLI::App& script = Add("script", "commands from a file, one a line, or from the standard input",
+                           "  boxctl script test.txt\n  boxctl script -", kOfAny,
+                           [this](Session& session) { RunScript(session, file, Line()); });
     script.add_option("FILE", file, "- is the standard input")->required();
   }
 
@@ -290,13 +289,22 @@ class Program {
   TraceOptions trace;
 };
 
+// Also where the rest can't be understood.
+bool IsJsonWanted(const std::vector<std::string>& arguments) {
+  const auto end = std::find(arguments.begin(), arguments.end(), "--");
+  return std::find(arguments.begin(), end, "--json") != end;
+}
+
 }  // namespace
 
 int Run(const std::vector<std::string>& arguments, Host& host, std::istream& in, std::ostream& out,
         std::ostream& err) {
   const Outcome outcome = Program(host, {in, out}, {}).Execute(arguments);
   out.flush();
-  if (!outcome.message.empty()) err << "boxctl: " << outcome.message << std::endl;
+  if (!outcome.message.empty()) {
+    err << (IsJsonWanted(arguments) ? LineOf(ToJson(outcome)) : "boxctl: " + outcome.message)
+        << std::endl;
+  }
   return static_cast<int>(outcome.code);
 }
 

@@ -11,7 +11,7 @@
 namespace panelora::boxctl {
 
 // Does what the arguments (without the program's name, in UTF-8) say, and returns the exit code.
-// Answers go to `out`, what is wrong in one line to `err`.
+// Answers go to `out`, what is wrong in one line to `err`, with --json both as JSON.
 int Run(const std::vector<std::string>& arguments, Host& host, std::istream& in, std::ostream& out,
         std::ostream& err);
 

@@ -3,6 +3,7 @@
 #include <sstream>
 #include <string>
 
+#include "base/text.h"
 #include "boxctl/files.h"
 
 namespace panelora::boxctl {
@@ -17,24 +18,25 @@ Outcome ExecuteLine(const std::string& line, const Executor& execute) {
   }
 }
 
-std::string AnswerOf(const Outcome& outcome) {
-  if (outcome.code == Exit::kDone) return ".";
-  return "! " + (outcome.message.empty() ? "there are differences" : outcome.message);
+std::string ReasonOf(const Outcome& outcome) {
+  return outcome.message.empty() ? "there are differences" : outcome.message;
 }
 
-Exit RunLines(Session& session, std::istream& lines, bool goesOn, const Executor& execute) {
-  for (std::string line; std::getline(lines, line);) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    const std::size_t begin = line.find_first_not_of(" \t");
-    if (begin == std::string::npos || line[begin] == '#') continue;
-    const Outcome outcome = ExecuteLine(line, execute);
-    session.Out() << AnswerOf(outcome) << std::endl;
-    if (outcome.code != Exit::kDone && !goesOn) return outcome.code;
+void Answer(Session& session, const Outcome& outcome) {
+  if (session.IsJson()) {
+    session.Out() << LineOf(ToJson(outcome)) << std::endl;
+  } else {
+    session.Out() << (outcome.code == Exit::kDone ? "." : "! " + ReasonOf(outcome)) << std::endl;
   }
-  return Exit::kDone;
 }
 
 }  // namespace
+
+Json ToJson(const Outcome& outcome) {
+  Json json = {{"exit", static_cast<int>(outcome.code)}};
+  if (outcome.code != Exit::kDone) json["error"] = ReasonOf(outcome);
+  return json;
+}
 
 std::vector<std::string> WordsOf(const std::string& line) {
   std::vector<std::string> words;
@@ -56,10 +58,21 @@ std::vector<std::string> WordsOf(const std::string& line) {
   return words;
 }
 
-Exit RunScript(Session& session, const std::string& path, const Executor& execute) {
-  if (path == "-") return RunLines(session, session.In(), true, execute);
-  std::istringstream lines(ReadFile(path));
-  return RunLines(session, lines, false, execute);
+void RunScript(Session& session, const std::string& path, const Executor& execute) {
+  const bool isFile = path != "-";
+  std::istringstream file(isFile ? ReadFile(path) : "");
+  std::istream& lines = isFile ? file : session.In();
+  int number = 0;
+  for (std::string line; std::getline(lines, line);) {
+    ++number;
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    const std::size_t begin = line.find_first_not_of(" \t");
+    if (begin == std::string::npos || line[begin] == '#') continue;
+    const Outcome outcome = ExecuteLine(line, execute);
+    Answer(session, outcome);
+    if (outcome.code == Exit::kDone || !isFile) continue;
+    throw Failure(outcome.code, Printable(path) + Format(" line %d: ", number) + ReasonOf(outcome));
+  }
 }
 
 }  // namespace panelora::boxctl

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "boxctl/failure.h"
+#include "boxctl/json.h"
 #include "boxctl/session.h"
 
 namespace panelora::boxctl {
@@ -15,6 +16,9 @@ struct Outcome {
   Exit code = Exit::kDone;
   std::string message;
 };
+// {"exit": 2, "error": "..."}, without an error when there is none.
+Json ToJson(const Outcome& outcome);
+
 using Executor = std::function<Outcome(const std::vector<std::string>& arguments)>;
 
 // The words of a line; blanks within double quotes are part of a word. A failure when a quote is
@@ -22,8 +26,9 @@ using Executor = std::function<Outcome(const std::vector<std::string>& arguments
 std::vector<std::string> WordsOf(const std::string& line);
 
 // Executes each line and answers it with what it prints and a line of its own: "." or "! " and
-// what went wrong. Empty lines and those that begin with # are left out. A file ends with its first
-// failure; the standard input, which is called "-", goes on.
-Exit RunScript(Session& session, const std::string& path, const Executor& execute);
+// what went wrong, or how it ended as JSON. Empty lines and those that begin with # are left out. A
+// file ends with its first failure, which is that of the script; the standard input, which is
+// called "-", goes on.
+void RunScript(Session& session, const std::string& path, const Executor& execute);
 
 }  // namespace panelora::boxctl

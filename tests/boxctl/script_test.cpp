@@ -35,8 +35,10 @@ TEST_F(BoxctlTest, WrongArgumentsAreOneLine) {
 TEST_F(BoxctlTest, UnknownCommandsListNearOnes) {
   EXPECT_EQ(Run({"unplugg"}),
             (Ran{2, "", "boxctl: \"unplugg\" is no command: do you mean plug, unplug?\n"}));
-  EXPECT_EQ(Run({"--json", "statsu"}),
-            (Ran{2, "", "boxctl: \"statsu\" is no command: do you mean status?\n"}));
+  EXPECT_EQ(
+      Run({"--json", "statsu"}),
+      (Ran{2, "",
+           "{\"exit\":2,\"error\":\"\\\"statsu\\\" is no command: do you mean status?\"}\n"}));
   EXPECT_EQ(Run({}), (Ran{2, "", "boxctl: say what to do: boxctl --help lists the commands\n"}));
   EXPECT_EQ(Run({"set", "Hue"}),
             (Ran{2, "", "boxctl: VALUE is required (boxctl --help says more)\n"}));
@@ -90,7 +92,9 @@ TEST_F(BoxctlTest, ScriptsFromThePipeGoOn) {
 TEST_F(BoxctlTest, ScriptsFromAFileEndWithTheFirstFailure) {
   Put(File("script.txt"), "set Hue 1\nset Hue x\nset Hue 2\n");
   EXPECT_EQ(Run({"script", File("script.txt")}),
-            (Ran{2, "Hue: 1\n.\n! Hue can't be \"x\": it takes a number from 0 to 255\n", ""}));
+            (Ran{2, "Hue: 1\n.\n! Hue can't be \"x\": it takes a number from 0 to 255\n",
+                 "boxctl: " + File("script.txt") +
+                     " line 2: Hue can't be \"x\": it takes a number from 0 to 255\n"}));
   EXPECT_EQ(Run({"read", "Hue"}).out, "Hue: 1\n");
   EXPECT_EQ(Run({"script", File("none.txt")}),
             (Ran{2, "", "boxctl: " + File("none.txt") + " can't be opened: is the name right?\n"}));
@@ -100,9 +104,31 @@ TEST_F(BoxctlTest, LinesOfAScriptHaveItsOptions) {
   EXPECT_EQ(Run({"script", "-", "--library", "real.dll", "--json"}, "read Hue\nplug\n"),
             (Ran{0,
                  "[{\"name\":\"Hue\",\"address\":\"picture 4\",\"value\":\"128\",\"bytes\":"
-                 "\"80\"}]\n.\n"
-                 "! only the simulated box can do that: leave out --library\n",
+                 "\"80\"}]\n{\"exit\":0}\n"
+                 "{\"exit\":2,\"error\":\"only the simulated box can do that: leave out "
+                 "--library\"}\n",
                  ""}));
+}
+
+TEST_F(BoxctlTest, ErrorsAreJsonToo) {
+  EXPECT_EQ(Run({"set", "Hue", "x", "--json"}),
+            (Ran{2, "",
+                 "{\"exit\":2,\"error\":\"Hue can't be \\\"x\\\": it takes a number from 0 to "
+                 "255\"}\n"}));
+  EXPECT_EQ(Run({"--json"}).err,
+            "{\"exit\":2,\"error\":\"say what to do: boxctl --help lists the commands\"}\n");
+  EXPECT_EQ(Run({"cut", "--", "--json"}).err.front(), 'b');
+  Put(File("script.txt"), "\nset Hue x\n");
+  EXPECT_EQ(Run({"script", File("script.txt"), "--json"}),
+            (Ran{2,
+                 "{\"exit\":2,\"error\":\"Hue can't be \\\"x\\\": it takes a number from 0 to "
+                 "255\"}\n",
+                 "{\"exit\":2,\"error\":\"" + File("script.txt") +
+                     " line 2: Hue can't be \\\"x\\\": it takes a number from 0 to 255\"}\n"}));
+  Control().Plug(false);
+  EXPECT_EQ(
+      Run({"--json", "read", "Hue"}),
+      (Ran{4, "", "{\"exit\":4,\"error\":\"no box answers: plug it in and switch it on\"}\n"}));
 }
 
 TEST_F(BoxctlTest, DifferencesAreAFailureOfAScript) {
@@ -110,6 +136,10 @@ TEST_F(BoxctlTest, DifferencesAreAFailureOfAScript) {
   const std::string line = "diff \"" + File("a.json") + "\"\n";
   EXPECT_EQ(Run({"script", "-"}, line + "set Hue 1\n" + line),
             (Ran{0, ".\nHue: 1\n.\nHue: 128 -> 1\n! there are differences\n", ""}));
+  Put(File("script.txt"), "set Hue 1\n" + line);
+  EXPECT_EQ(Run({"script", File("script.txt")}),
+            (Ran{1, "Hue: 1\n.\nHue: 128 -> 1\n! there are differences\n",
+                 "boxctl: " + File("script.txt") + " line 2: there are differences\n"}));
 }
 
 TEST(Script, LinesAreWords) {
