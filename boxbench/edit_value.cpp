@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "boxbench/input_signal.h"
+#include "catalogue/describe.h"
 #include "simulator/box_model.h"
 
 namespace panelora::boxbench {
@@ -126,7 +127,7 @@ Typed<Bytes> ParseBytes(const PropertyRow& row, const std::string& text) {
 std::string StoreValue(simulator::BoxControl& control, const Address& at,
                        std::span<const std::uint8_t> bytes) {
   if (control.Store(at, bytes)) return "";
-  return control.LookAt() ? "the box does not keep " + PlaceText(at) : kBusy;
+  return control.LookAt() ? "the box does not keep " + TextOf(at) : kBusy;
 }
 
 Bytes FactoryValue(const Identity& box, std::uint32_t firmware, const PropertyRow& row) {

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "base/text.h"
+#include "catalogue/describe.h"
 
 namespace panelora::boxbench {
 
@@ -139,7 +140,7 @@ std::string FaultsInWords(const Faults& faults) {
   if (GoesWrong(faults)) {
     std::string what = faults.every == 1 ? "every " : "every " + OrdinalOf(faults.every) + " ";
     what += KindsOf(faults);
-    if (faults.oneAddress) what += " of " + PlaceText(faults.address);
+    if (faults.oneAddress) what += " of " + TextOf(faults.address);
     add(what + " " + AnswerOf(faults));
   }
   if (faults.latency != 0) add(Format("every call takes %u ms", faults.latency));

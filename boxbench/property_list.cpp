@@ -137,7 +137,7 @@ void PropertyList::MakeRows(const BoxMemory& box) {
     const auto found = std::find_if(
         made.begin(), made.end(), [&](const PropertyRow& row) { return IsSamePlace(row.at, at); });
     if (found != made.end()) return *found;
-    made.push_back({.at = at, .number = PlaceText(at)});
+    made.push_back({.at = at, .number = TextOf(at)});
     return made.back();
   };
   for (const Property& property : PropertiesOf(identity, firmware)) {

@@ -28,21 +28,6 @@ auto OrderOf(const Address& at) { return std::make_tuple(at.kind, at.number, at.
 
 }  // namespace
 
-std::string PlaceText(const Address& at) {
-  switch (at.kind) {
-    case Address::Kind::kWord:
-      return Format("word %d", at.number);
-    case Address::Kind::kBlock:
-      return at.sub == kNoSub ? Format("block %d", at.number)
-                              : Format("block %d.%d", at.number, at.sub);
-    case Address::Kind::kProcAmp:
-      return Format("picture %d", at.number);
-    case Address::Kind::kNone:
-      break;
-  }
-  return "";
-}
-
 bool IsBefore(const Address& left, const Address& right) { return OrderOf(left) < OrderOf(right); }
 bool IsSamePlace(const Address& left, const Address& right) {
   return OrderOf(left) == OrderOf(right);

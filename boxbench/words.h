@@ -23,8 +23,6 @@ struct Typed {
   std::string problem = {};
 };
 
-// "word 4", "block 14", "block 19.2", "picture 2"; nothing for no place.
-std::string PlaceText(const Address& at);
 // Where values are kept, in the order of the list.
 bool IsBefore(const Address& left, const Address& right);
 // The same value, however many bytes are asked for.

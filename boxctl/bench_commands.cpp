@@ -7,6 +7,7 @@
 #include "boxctl/files.h"
 #include "boxctl/names.h"
 #include "catalogue/codecs.h"
+#include "catalogue/describe.h"
 #include "catalogue/information.h"
 
 namespace panelora::boxctl {

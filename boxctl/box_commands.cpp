@@ -8,6 +8,7 @@
 #include "boxctl/texts.h"
 #include "boxctl/values.h"
 #include "catalogue/audio.h"
+#include "catalogue/describe.h"
 #include "catalogue/information.h"
 
 namespace panelora::boxctl {

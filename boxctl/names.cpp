@@ -4,6 +4,7 @@
 
 #include "boxctl/failure.h"
 #include "boxctl/texts.h"
+#include "catalogue/describe.h"
 #include "catalogue/multiview.h"
 
 namespace panelora::boxctl {

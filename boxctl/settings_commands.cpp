@@ -3,6 +3,7 @@
 #include "boxctl/box_commands.h"
 #include "boxctl/files.h"
 #include "boxctl/settings_file.h"
+#include "catalogue/describe.h"
 
 namespace panelora::boxctl {
 

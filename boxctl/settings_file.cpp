@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "boxctl/files.h"
+#include "catalogue/describe.h"
 
 namespace panelora::boxctl {
 

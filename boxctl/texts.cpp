@@ -102,21 +102,6 @@ std::size_t DistanceOf(std::string_view one, std::string_view other) {
   return row.back();
 }
 
-std::string TextOf(const Address& at) {
-  switch (at.kind) {
-    case Address::Kind::kWord:
-      return Format("word %d", at.number);
-    case Address::Kind::kBlock:
-      return at.sub == kNoSub ? Format("block %d", at.number)
-                              : Format("block %d.%d", at.number, at.sub);
-    case Address::Kind::kProcAmp:
-      return Format("picture %d", at.number);
-    case Address::Kind::kNone:
-      break;
-  }
-  return "";
-}
-
 std::string Joined(std::span<const std::string> texts) {
   std::string all;
   for (const std::string& text : texts) all += (all.empty() ? "" : ", ") + text;

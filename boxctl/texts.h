@@ -8,8 +8,6 @@
 #include <string_view>
 #include <vector>
 
-#include "device/address.h"
-
 namespace panelora::boxctl {
 
 using Bytes = std::vector<std::uint8_t>;
@@ -33,9 +31,6 @@ std::string Folded(std::string_view text);
 
 // How many letters must be changed, added or left out to make one of the other.
 std::size_t DistanceOf(std::string_view one, std::string_view other);
-
-// "word 4", "block 14", "block 19.2", "picture 2".
-std::string TextOf(const Address& at);
 
 // "VGA, HDMI, SDI"
 std::string Joined(std::span<const std::string> texts);

@@ -42,6 +42,21 @@ bool IsAnswered(const Call& call) { return call.IsWrite() || call.Succeeded(); }
 
 }  // namespace
 
+std::string TextOf(const Address& at) {
+  switch (at.kind) {
+    case Address::Kind::kWord:
+      return Format("word %d", at.number);
+    case Address::Kind::kBlock:
+      return at.sub == kNoSub ? Format("block %d", at.number)
+                              : Format("block %d.%d", at.number, at.sub);
+    case Address::Kind::kProcAmp:
+      return Format("picture %d", at.number);
+    case Address::Kind::kNone:
+      break;
+  }
+  return "";
+}
+
 std::string ValueOf(const Identity& box, const Property& property, const Call& call) {
   return ValueOf(property, CarriedBy(call, box));
 }

@@ -1,14 +1,19 @@
-// Calls in words: what they ask the box, tell it, or were told.
+// Places and calls in words: where a box keeps something, and what calls ask it, tell it, or were
+// told.
 #pragma once
 
 #include <cstdint>
 #include <string>
 
 #include "catalogue/properties.h"
+#include "device/address.h"
 #include "device/call.h"
 #include "device/identity.h"
 
 namespace panelora {
+
+// "word 4", "block 14", "block 19.2", "picture 2"; nothing for no place.
+std::string TextOf(const Address& at);
 
 // "Input Source: VGA" for what was told or answered, "Input Source?" for what was not answered.
 // Where a number means two things on a box, both stand there, with " / " between them. What no row

@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "boxbench/input_signal.h"
 #include "boxbench/win32/bench_window.h"
+#include "catalogue/describe.h"
 #include "catalogue/information.h"
 
 namespace panelora::boxbench {
@@ -150,7 +151,7 @@ void BenchWindow::FillOnly() {
     if (before.only && IsSamePlace(*before.only, at)) chosen = static_cast<int>(onlyPlaces.size());
   };
   for (const PropertyRow& row : properties.All()) add(row.at, row.number + " - " + row.name);
-  if (before.only && chosen == 0) add(*before.only, PlaceText(*before.only));
+  if (before.only && chosen == 0) add(*before.only, TextOf(*before.only));
   ChooseItem(kOnly, chosen);
   isFilling = false;
 }
@@ -191,7 +192,7 @@ void BenchWindow::ShowFaults(const simulator::Faults& faults) {
     if (form.only && IsSamePlace(*form.only, onlyPlaces[i])) only = static_cast<int>(i) + 1;
   }
   if (form.only && only == 0) {
-    const std::string text = PlaceText(*form.only);
+    const std::string text = TextOf(*form.only);
     SendMessageA(Control(kOnly), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
     onlyPlaces.push_back(*form.only);
     only = static_cast<int>(onlyPlaces.size());

@@ -8,14 +8,6 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-TEST(BenchWords, PlacesAreCalledByKindAndNumber) {
-  EXPECT_EQ(PlaceText(Word(4)), "word 4");
-  EXPECT_EQ(PlaceText(Block(14)), "block 14");
-  EXPECT_EQ(PlaceText(Block(19, 60, 2)), "block 19.2");
-  EXPECT_EQ(PlaceText(ProcAmp(2)), "picture 2");
-  EXPECT_EQ(PlaceText({}), "");
-}
-
 TEST(BenchWords, APlaceIsTheSameHoweverMuchIsAsked) {
   EXPECT_TRUE(IsSamePlace(Block(14), Block(14, 8)));
   EXPECT_FALSE(IsSamePlace(Block(19, 60), Block(19, 60, 1)));

@@ -226,5 +226,13 @@ TEST(Describe, WhatNoRowKnowsIsUnknown) {
   });
 }
 
+TEST(Describe, PlacesAreCalledByKindAndNumber) {
+  EXPECT_EQ(TextOf(Word(4)), "word 4");
+  EXPECT_EQ(TextOf(Block(14)), "block 14");
+  EXPECT_EQ(TextOf(Block(19, 60, 2)), "block 19.2");
+  EXPECT_EQ(TextOf(ProcAmp(2)), "picture 2");
+  EXPECT_EQ(TextOf(Address{}), "");
+}
+
 }  // namespace
 }  // namespace panelora
