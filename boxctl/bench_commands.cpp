@@ -77,6 +77,7 @@ void SayFaults(Session& session) {
     if (faults.answer == Faults::Answer::kResult) line += Format(", with %d", faults.result);
   }
   if (faults.vanishOnWrite) line += "; the next write pulls the plug";
+  if (faults.fillsWhatWasAsked) line += "; blocks are answered with FF";
   session.Say(line + "\n", {{"every", faults.every},
                             {"reads", faults.reads},
                             {"writes", faults.writes},
@@ -84,7 +85,8 @@ void SayFaults(Session& session) {
                             {"address", faults.oneAddress ? TextOf(faults.address) : ""},
                             {"random", faults.answer == Faults::Answer::kRandom},
                             {"result", faults.result},
-                            {"vanish", faults.vanishOnWrite}});
+                            {"vanish", faults.vanishOnWrite},
+                            {"fill", faults.fillsWhatWasAsked}});
 }
 
 }  // namespace
@@ -156,13 +158,12 @@ void Fail(Session& session, const FailOptions& options) {
       faults.vanishOnWrite = true;
       return;
     }
-    const std::uint32_t latency = faults.latency;
-    const std::uint64_t cut = faults.cutUntil;
-    faults = {};
-    faults.latency = latency;
-    faults.cutUntil = cut;
-    if (options.never) return;
-    faults.every = options.every;
+    faults.every = options.never ? 0 : options.every;
+    faults.meant = faults.random = 0;
+    if (options.never) {
+      faults.vanishOnWrite = faults.fillsWhatWasAsked = false;
+      return;
+    }
     faults.reads = options.reads || anyKind;
     faults.writes = options.writes || anyKind;
     faults.opens = options.opens || (anyKind && options.property.empty());

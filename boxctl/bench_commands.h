@@ -27,7 +27,8 @@ void Become(Session& session, const BecomeOptions& options);
 // "1920x1080i50", "1280x720p59.94" or "none".
 void Input(Session& session, const std::string& format);
 
-// Which calls go wrong, and how; without a kind all are meant.
+// Which calls go wrong, and how; without a kind all are meant. The bench's latency, cut, vanishing
+// and FF stay, the last two until `never`.
 struct FailOptions {
   std::uint32_t every = 1;
   bool reads = false;

@@ -197,16 +197,23 @@ class Program {
             "  boxctl fail --every 3 --reads\n  boxctl fail --writes --property \"Input Source\"\n"
             "  boxctl fail --result 5\n  boxctl fail --never",
             kOfSimulated, [this](Session& session) { Fail(session, fail); });
-    failing.add_option("--every", fail.every, "each nth of the calls that are meant")
-        ->check(CLI::Range(1U, std::numeric_limits<std::uint32_t>::max()));
-    failing.add_flag("--reads", fail.reads);
-    failing.add_flag("--writes", fail.writes);
-    failing.add_flag("--opens", fail.opens);
-    failing.add_option("--property", fail.property, "only calls of this one")->type_name("NAME");
-    failing.add_option("--result", fail.result, "the result that calls have then");
-    failing.add_flag("--random", fail.random, "answers of random bytes");
     CLI::Option* never = failing.add_flag("--never", fail.never, "an end to all of it");
-    failing.add_flag("--vanish", fail.vanish, "the next write pulls the plug")->excludes(never);
+    CLI::Option* vanish =
+        failing.add_flag("--vanish", fail.vanish, "the next write pulls the plug")->excludes(never);
+    // Which calls go wrong otherwise, and how.
+    const auto other = [&](CLI::Option* option) {
+      return option->excludes(never)->excludes(vanish);
+    };
+    other(failing.add_option("--every", fail.every, "each nth of the calls that are meant"))
+        ->check(CLI::Range(1U, std::numeric_limits<std::uint32_t>::max()));
+    other(failing.add_flag("--reads", fail.reads));
+    other(failing.add_flag("--writes", fail.writes));
+    other(failing.add_flag("--opens", fail.opens));
+    other(failing.add_option("--property", fail.property, "only calls of this one"))
+        ->type_name("NAME");
+    CLI::Option* result =
+        other(failing.add_option("--result", fail.result, "the result that calls have then"));
+    other(failing.add_flag("--random", fail.random, "answers of random bytes"))->excludes(result);
     CLI::App& slow = Add("latency", "how long every call takes", "  boxctl latency 200",
                          kOfSimulated, [this](Session& session) { Latency(session, latency); });
     slow.add_option("MS", latency, "0 to 500")->required()->check(CLI::Range(0U, kMostLatency));

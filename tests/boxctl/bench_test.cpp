@@ -88,9 +88,47 @@ TEST_F(BoxctlTest, LetsCallsFail) {
   EXPECT_FALSE(Control().LookAt()->isPlugged);
 }
 
+// What the bench armed stays, and is said.
+TEST_F(BoxctlTest, FailLeavesWhatItDoesNotMention) {
+  Control().SetFaults([](Faults& faults) {
+    faults.latency = 7;
+    faults.cutUntil = 1;
+    faults.fillsWhatWasAsked = true;
+  });
+  EXPECT_EQ(
+      Run({"fail", "--vanish"}),
+      (Ran{0, "no call fails; the next write pulls the plug; blocks are answered with FF\n", ""}));
+  EXPECT_EQ(Run({"fail", "--reads"}),
+            (Ran{0,
+                 "every call goes wrong: reads; the next write pulls the plug; blocks are answered "
+                 "with FF\n",
+                 ""}));
+  Faults faults = host.desk->faults;
+  EXPECT_TRUE(faults.vanishOnWrite && faults.fillsWhatWasAsked);
+  EXPECT_EQ(faults.latency, 7U);
+  EXPECT_EQ(faults.cutUntil, 1U);
+  EXPECT_EQ(Run({"fail", "--never"}), (Ran{0, "no call fails\n", ""}));
+  faults = host.desk->faults;
+  EXPECT_FALSE(faults.vanishOnWrite || faults.fillsWhatWasAsked);
+  EXPECT_EQ(faults.latency, 7U);
+}
+
 TEST_F(BoxctlTest, FailRefusesWhatMakesNoSense) {
   EXPECT_EQ(Run({"fail", "--every", "0"}).code, 2);
   EXPECT_EQ(Run({"fail", "--vanish", "--never"}).code, 2);
+  const std::vector<Lines> all = {{"--vanish", "--every", "3"},  {"--every", "3", "--vanish"},
+                                  {"--never", "--reads"},        {"--vanish", "--property", "Hue"},
+                                  {"--never", "--random"},       {"--random", "--result", "5"},
+                                  {"--result", "5", "--random"}, {"--opens", "--never"}};
+  for (Lines arguments : all) {
+    arguments.insert(arguments.begin(), "fail");
+    const Ran ran = Run(arguments);
+    EXPECT_EQ(ran.code, 2) << testing::PrintToString(arguments);
+    EXPECT_EQ(ran.err.find('\n'), ran.err.size() - 1) << ran.err;
+  }
+  EXPECT_EQ(Run({"fail", "--vanish", "--every", "3"}).err,
+            "boxctl: --vanish excludes --every (boxctl --help says more)\n");
+  EXPECT_FALSE(host.desk->faults.vanishOnWrite);
   EXPECT_EQ(Run({"fail", "--property", "Nothing"}).code, 1);
   EXPECT_EQ(host.desk->faults.every, 0U);
 }
