@@ -138,6 +138,7 @@ void Input(Session& session, const std::string& format) {
   simulator::BoxControl control = session.Control();
   const int model = session.Look().box.identity.boxType;
   if (!control.SetInput(signal->format, signal->isInterlaced)) {
+    Require(control.LookAt().has_value());
     throw Failure(Exit::kDiffers,
                   Format("model %d tells no such input: try a common format", model));
   }

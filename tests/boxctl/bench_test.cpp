@@ -60,6 +60,14 @@ TEST_F(BoxctlTest, ReceivesAnotherSignal) {
             (Ran{1, "", "boxctl: model 17 tells no such input: try a common format\n"}));
 }
 
+TEST_F(BoxctlTest, ABusyBoxIsNotTakenForOneThatTellsNoSuchInput) {
+  host.whenLocking = [&](int lock) { host.isKept = lock >= 1; };  // the first one is a look
+  EXPECT_EQ(Run({"input", "1920x1080i50"}),
+            (Ran{4, "",
+                 "boxctl: another program keeps the simulated box: close that program and try "
+                 "again\n"}));
+}
+
 TEST_F(BoxctlTest, LetsCallsFail) {
   EXPECT_EQ(Run({"fail", "--every", "3", "--reads"}),
             (Ran{0, "one call in 3 goes wrong: reads\n", ""}));
