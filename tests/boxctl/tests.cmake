@@ -4,6 +4,7 @@ if(NOT WIN32)
     boxctl/bench_test.cpp
     boxctl/boxctl_desk.cpp
     boxctl/damaged_files_test.cpp
+    boxctl/demonstration_test.cpp
     boxctl/guide_test.cpp
     boxctl/panel_settings_test.cpp
     boxctl/reading_test.cpp
