@@ -182,7 +182,7 @@ bool BenchedBox::AskReplay(Entry& entry) {
            question.group == entry.group;
   });
   if (found == end || found->current >= Replay::kAnswers) return false;
-  const Replay::Answer& answer = replay.answers[found->current];
+  Replay::Answer& answer = replay.answers[found->current];
   entry.result = answer.result;
   if (!IsWrite(entry.operation)) {
     entry.words = answer.words;
@@ -190,7 +190,11 @@ bool BenchedBox::AskReplay(Entry& entry) {
     entry.byteCount = entry.operation == Call::Operation::kGetPicture ? std::uint32_t{kPictureBytes}
                                                                       : entry.length;
   }
-  if (answer.next < replay.answerCount) found->current = answer.next;
+  if (answer.left > 1) {
+    --answer.left;
+  } else if (answer.next < replay.answerCount) {
+    found->current = answer.next;
+  }
   return true;
 }
 

@@ -256,13 +256,14 @@ bool BoxControl::Play(std::span<const Call> calls) {
         const bool isWrite = call.IsWrite();
         if (before.result == entry.result &&
             (isWrite || (before.words == entry.words && before.bytes == entry.bytes))) {
+          ++before.left;
           continue;
         }
       }
       if (answers == Replay::kAnswers || (found == end && questions == Replay::kQuestions)) {
         return false;
       }
-      replay.answers[answers] = {entry.result, entry.words, entry.bytes, answers};
+      replay.answers[answers] = {entry.result, entry.words, entry.bytes, answers, 1};
       if (found == end) {
         replay.questions[questions++] = {entry.operation, entry.sub,  entry.length,
                                          entry.group,     entry.item, answers};

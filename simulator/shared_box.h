@@ -105,6 +105,7 @@ struct Replay {
     WordBuffer words;
     std::array<std::uint8_t, 256> bytes;
     std::uint32_t next;  // the one after it; itself = none
+    std::uint32_t left;  // how often it is still given before that one
   };
 
   std::uint32_t questionCount;  // 0 = no replay, the box answers
@@ -115,7 +116,7 @@ struct Replay {
 
 struct SharedBox {
   static constexpr std::uint32_t kMagic = 0x584F4250;  // "PBOX"
-  static constexpr std::uint32_t kLayout = 2;          // raised with every change of what is here
+  static constexpr std::uint32_t kLayout = 3;          // raised with every change of what is here
 
   // Of every layout. The magic is written last.
   std::uint32_t magic;
@@ -138,7 +139,7 @@ static_assert(offsetof(BoxMemory, restartedAt) == 16 && offsetof(BoxMemory, bloc
 static_assert(offsetof(BoxMemory, words) == 66588 && sizeof(BoxMemory) == 69664);
 static_assert(offsetof(Faults, cutUntil) == 32 && sizeof(Faults) == 56);
 static_assert(sizeof(Change) == 32);
-static_assert(sizeof(Replay) == 1122312);
+static_assert(sizeof(Replay) == 1155080);
 static_assert(offsetof(Entry, words) == 40 && offsetof(Entry, bytes) == 52 && sizeof(Entry) == 312);
 static_assert(offsetof(Journal, entries) == 8);
 static_assert(offsetof(SharedBox, box) == 16 && offsetof(SharedBox, faults) == 69680);

@@ -261,6 +261,7 @@ TEST_F(BenchedBoxTest, ReplayAnswersAsTheRecordedBoxDid) {
   EXPECT_TRUE(control.LookAt()->isReplayed);
   EXPECT_EQ(box.Open(kOpenMode), BoxModel::kHandle);
   EXPECT_EQ(ReadWord(4).second, 2U);
+  EXPECT_EQ(ReadWord(4).second, 2U);
   EXPECT_EQ(ReadWord(4).second, 4U);
   EXPECT_EQ(ReadWord(4).second, 4U);
   EXPECT_EQ(ReadWord(7).first, 0);
@@ -270,6 +271,23 @@ TEST_F(BenchedBoxTest, ReplayAnswersAsTheRecordedBoxDid) {
   EXPECT_EQ(ReadWord(5).second, 0x26U);
   EXPECT_TRUE(control.Reset());
   EXPECT_EQ(ReadWord(4).second, 1U);
+}
+
+// However long a trace is: what is answered again and again takes the room of one answer.
+TEST_F(BenchedBoxTest, ReplayGivesAnAnswerAsOftenAsTheRecordedBoxDid) {
+  std::vector<Call> calls(Replay::kAnswers * 2, Recorded(Call::GetWord(0, 4), kSuccess, {9, 0}));
+  calls.insert(calls.end(), 3, Recorded(Call::GetWord(0, 4), 0));
+  calls.push_back(Recorded(Call::GetWord(0, 4), kSuccess, {9, 0}));
+  calls.insert(calls.end(), 2, Recorded(Call::SetWord(0, 6, 1), kSuccess));
+  calls.push_back(Recorded(Call::SetWord(0, 6, 1), 0));
+  ASSERT_TRUE(control.Play(calls));
+  for (const Call& call : calls) {
+    if (call.IsWrite()) {
+      EXPECT_EQ(WriteWord(6, 1), call.result);
+    } else {
+      EXPECT_EQ(ReadWord(4), call.Succeeded() ? std::pair(1, 9U) : std::pair(0, 77U));
+    }
+  }
 }
 
 TEST_F(BenchedBoxTest, ReplayThatIsTooLongIsRefused) {
