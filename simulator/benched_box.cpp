@@ -187,8 +187,7 @@ bool BenchedBox::AskReplay(Entry& entry) {
   if (!IsWrite(entry.operation)) {
     entry.words = answer.words;
     entry.bytes = answer.bytes;
-    entry.byteCount = entry.operation == Call::Operation::kGetPicture ? std::uint32_t{kPictureBytes}
-                                                                      : entry.length;
+    entry.byteCount = answer.byteCount;
   }
   if (answer.left > 1) {
     --answer.left;

@@ -255,7 +255,8 @@ bool BoxControl::Play(std::span<const Call> calls) {
         Replay::Answer& before = replay.answers[lastAnswer[which]];
         const bool isWrite = call.IsWrite();
         if (before.result == entry.result &&
-            (isWrite || (before.words == entry.words && before.bytes == entry.bytes))) {
+            (isWrite || (before.words == entry.words && before.byteCount == entry.byteCount &&
+                         before.bytes == entry.bytes))) {
           ++before.left;
           continue;
         }
@@ -263,7 +264,8 @@ bool BoxControl::Play(std::span<const Call> calls) {
       if (answers == Replay::kAnswers || (found == end && questions == Replay::kQuestions)) {
         return false;
       }
-      replay.answers[answers] = {entry.result, entry.words, entry.bytes, answers, 1};
+      replay.answers[answers] = {entry.result, entry.words, entry.byteCount,
+                                 entry.bytes,  answers,     1};
       if (found == end) {
         replay.questions[questions++] = {entry.operation, entry.sub,  entry.length,
                                          entry.group,     entry.item, answers};

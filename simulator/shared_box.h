@@ -103,6 +103,7 @@ struct Replay {
   struct Answer {
     std::int32_t result;
     WordBuffer words;
+    std::uint32_t byteCount;  // 0 = the caller's buffer was left as it was
     std::array<std::uint8_t, 256> bytes;
     std::uint32_t next;  // the one after it; itself = none
     std::uint32_t left;  // how often it is still given before that one

@@ -290,6 +290,26 @@ TEST_F(BenchedBoxTest, ReplayGivesAnAnswerAsOftenAsTheRecordedBoxDid) {
   }
 }
 
+TEST_F(BenchedBoxTest, ReplayLeavesTheBufferAsTheRecordedBoxDid) {
+  ASSERT_TRUE(control.Play(std::vector<Call>{
+      Recorded(Call::GetBlock(14, 0, 2), 0),
+      Recorded(Call::GetBlock(14, 0, 2), 2, {}, {8, 9}),
+      Recorded(Call::GetWord(0, 4), 0),
+      Recorded(Call::GetWord(0, 4), 2, {6, 0}),
+      Recorded(Call::GetPicture(), 0),
+      Recorded(Call::GetPicture(), 0, {}, {1, 2, 3, 4}),
+  }));
+  EXPECT_EQ(ReadBlock(14, 2), std::pair(0, std::vector<std::uint8_t>{0xAA, 0xAA}));
+  EXPECT_EQ(ReadBlock(14, 2), std::pair(2, std::vector<std::uint8_t>{8, 9}));
+  EXPECT_EQ(ReadWord(4), std::pair(0, 77U));
+  EXPECT_EQ(ReadWord(4), std::pair(2, 6U));
+  ProcAmpBytes picture;
+  EXPECT_EQ(box.GetKiraboxProcAmp(handle, picture), 0);
+  EXPECT_EQ(picture.hue, 128);
+  EXPECT_EQ(box.GetKiraboxProcAmp(handle, picture), 0);
+  EXPECT_EQ(picture.hue, 3);
+}
+
 TEST_F(BenchedBoxTest, ReplayThatIsTooLongIsRefused) {
   std::vector<Call> calls;
   for (std::uint32_t i = 0; i < Replay::kAnswers + 1; ++i) {
