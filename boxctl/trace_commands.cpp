@@ -87,14 +87,18 @@ void Replay(Session& session, const std::string& path) {
     box.Hear(each.call);
     return each.call;
   });
+  const auto recorded = simulator::ReplayOf(calls);
+  if (recorded == nullptr) {
+    throw Failure(Exit::kBadInput, Printable(path) + " has more than " +
+                                       std::to_string(simulator::Replay::kQuestions) +
+                                       " different questions or " +
+                                       std::to_string(simulator::Replay::kAnswers) +
+                                       " different answers: replay a shorter trace");
+  }
   if (box.TheIdentity().boxType != kNoBoxType) {
     Require(control.Become(box.TheIdentity(), box.Firmware()));
   }
-  if (!control.Play(calls)) {
-    throw Failure(Exit::kDiffers, Printable(path) +
-                                      " asks more than the simulated box can keep: replay a "
-                                      "shorter trace");
-  }
+  Require(control.Play(*recorded));
   const std::string count = std::to_string(calls.size());
   session.Say("the box answers as in these " + count + " calls, until it becomes another one\n",
               {{"calls", calls.size()}, {"model", box.TheIdentity().boxType}});

@@ -71,6 +71,48 @@ void MakeBox(SharedBox& shared, const Identity& identity, std::uint32_t firmware
   shared.magic = SharedBox::kMagic;
 }
 
+std::unique_ptr<Replay> ReplayOf(std::span<const Call> calls) {
+  auto replay = std::make_unique<Replay>();
+  std::array<std::uint32_t, Replay::kQuestions> lastAnswer{};
+  std::uint32_t& questions = replay->questionCount;
+  std::uint32_t& answers = replay->answerCount;
+  for (const Call& call : calls) {
+    Entry entry = EntryOf(call);
+    if (call.operation == Call::Operation::kOpen && call.Succeeded()) {
+      entry.words[0] = BoxModel::kHandle;
+    }
+    const auto end = replay->questions.begin() + questions;
+    const auto found = std::find_if(replay->questions.begin(), end, [&](const auto& each) {
+      return each.operation == entry.operation && each.item == entry.item &&
+             each.sub == entry.sub && each.length == entry.length && each.group == entry.group;
+    });
+    const auto which = static_cast<std::size_t>(found - replay->questions.begin());
+    if (found != end) {
+      Replay::Answer& before = replay->answers[lastAnswer[which]];
+      const bool isWrite = call.IsWrite();
+      if (before.result == entry.result &&
+          (isWrite || (before.words == entry.words && before.byteCount == entry.byteCount &&
+                       before.bytes == entry.bytes))) {
+        ++before.left;
+        continue;
+      }
+    }
+    if (answers == Replay::kAnswers || (found == end && questions == Replay::kQuestions)) {
+      return nullptr;
+    }
+    replay->answers[answers] = {entry.result, entry.words, entry.byteCount,
+                                entry.bytes,  answers,     1};
+    if (found == end) {
+      replay->questions[questions++] = {entry.operation, entry.sub,  entry.length,
+                                        entry.group,     entry.item, answers};
+    } else {
+      replay->answers[lastAnswer[which]].next = answers;
+    }
+    lastAnswer[which] = answers++;
+  }
+  return replay;
+}
+
 BoxControl::BoxControl(SharedBox& theShared, BoxHost& theHost, By theHand)
     : shared(theShared), host(theHost), hand(theHand) {}
 
@@ -233,49 +275,9 @@ bool BoxControl::Load(const BoxMemory& box) {
   });
 }
 
-bool BoxControl::Play(std::span<const Call> calls) {
+bool BoxControl::Play(const Replay& recorded) {
   return Do([&](BoxModel& box) {
-    Replay& replay = shared.replay;
-    replay.questionCount = replay.answerCount = 0;
-    std::array<std::uint32_t, Replay::kQuestions> lastAnswer{};
-    std::uint32_t questions = 0;
-    std::uint32_t answers = 0;
-    for (const Call& call : calls) {
-      Entry entry = EntryOf(call);
-      if (call.operation == Call::Operation::kOpen && call.Succeeded()) {
-        entry.words[0] = BoxModel::kHandle;
-      }
-      const auto end = replay.questions.begin() + questions;
-      const auto found = std::find_if(replay.questions.begin(), end, [&](const auto& each) {
-        return each.operation == entry.operation && each.item == entry.item &&
-               each.sub == entry.sub && each.length == entry.length && each.group == entry.group;
-      });
-      const auto which = static_cast<std::size_t>(found - replay.questions.begin());
-      if (found != end) {
-        Replay::Answer& before = replay.answers[lastAnswer[which]];
-        const bool isWrite = call.IsWrite();
-        if (before.result == entry.result &&
-            (isWrite || (before.words == entry.words && before.byteCount == entry.byteCount &&
-                         before.bytes == entry.bytes))) {
-          ++before.left;
-          continue;
-        }
-      }
-      if (answers == Replay::kAnswers || (found == end && questions == Replay::kQuestions)) {
-        return false;
-      }
-      replay.answers[answers] = {entry.result, entry.words, entry.byteCount,
-                                 entry.bytes,  answers,     1};
-      if (found == end) {
-        replay.questions[questions++] = {entry.operation, entry.sub,  entry.length,
-                                         entry.group,     entry.item, answers};
-      } else {
-        replay.answers[lastAnswer[which]].next = answers;
-      }
-      lastAnswer[which] = answers++;
-    }
-    replay.answerCount = answers;
-    replay.questionCount = questions;
+    shared.replay = recorded;
     box.SetPresent(true);
     return true;
   });

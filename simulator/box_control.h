@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -22,6 +23,9 @@ void Add(Journal& journal, Entry& entry);
 // find there from then on; the magic comes last.
 void MakeBox(SharedBox& shared, const Identity& identity = BoxModel::kDefaultIdentity,
              std::uint32_t firmware = BoxModel::kDefaultFirmware);
+
+// What a recorded box answered to these calls; null when that is more than can be kept.
+std::unique_ptr<Replay> ReplayOf(std::span<const Call> calls);
 
 class BoxControl {
  public:
@@ -60,9 +64,8 @@ class BoxControl {
   bool Load(const BoxMemory& box);
 
   // From now on the box answers as a recorded one did, call by call; what that was not asked, the
-  // box answers. False also when there are more questions or answers than can be kept. Nothing
-  // ends it but Become, Load or no calls.
-  bool Play(std::span<const Call> calls);
+  // box answers. Nothing ends it but Become, Reset, Load or a replay of no calls.
+  bool Play(const Replay& recorded);
 
   // The entries from number `first` on, oldest first, and how many of them are gone for good.
   struct Calls {

@@ -1,12 +1,27 @@
 // Traces: shown in words, followed, and replayed.
 #include "tests/boxctl/boxctl_desk.h"
+#include "trace/trace_line.h"
 
 namespace panelora::boxctl {
 namespace {
 
 using Lines = std::vector<std::string>;
 
-using Traces = BoxctlTest;
+class Traces : public BoxctlTest {
+ protected:
+  // A line, of a call that took so many ms as its number says.
+  static std::string LineOf(std::uint64_t number, const Call& call) {
+    const auto duration = static_cast<std::uint32_t>(number * 1000);
+    const trace::TracedCall traced = {TestHost::kBegin, duration, call, number};
+    return std::string(trace::Line::OfCall(number, trace::RecordOf(traced)).Text());
+  }
+  static std::string TraceOf(const std::vector<Call>& calls) {
+    std::string text(trace::Line::First(1).Text());
+    std::uint64_t number = 0;
+    for (const Call& call : calls) text += LineOf(++number, call);
+    return text;
+  }
+};
 
 TEST_F(Traces, AreShownInWords) {
   ASSERT_EQ(Run({"set", "Hue", "4"}).code, 0);
@@ -54,6 +69,32 @@ TEST_F(Traces, AreReplayed) {
   EXPECT_EQ(Control().LookAt()->box.identity.boxType, 13);
   EXPECT_EQ(Run({"become", "26"}).code, 0);
   EXPECT_FALSE(Control().LookAt()->isReplayed);
+}
+
+TEST_F(Traces, ThatAreTooLongToReplayChangeNothing) {
+  std::vector<Call> calls(simulator::Replay::kAnswers + 1, Call::GetWord(0, 4));
+  for (std::uint32_t i = 0; i < calls.size(); ++i) {
+    calls[i].result = kSuccess;
+    calls[i].words[0] = i;
+  }
+  Become(13, 8);
+  Call identity = Call::GetBlock(254, 0, 20);
+  identity.bytes = {26};
+  identity.bytes.resize(20);
+  identity.result = kSuccess;
+  calls.push_back(identity);
+  Put(File("trace.txt"), TraceOf(calls));
+  EXPECT_EQ(Run({"replay", File("trace.txt")}),
+            (Ran{2, "",
+                 "boxctl: " + File("trace.txt") +
+                     " has more than 512 different questions or 4096 different answers: replay a "
+                     "shorter trace\n"}));
+  EXPECT_EQ(Control().LookAt()->box.identity, (Identity{13, 8, 0, 0, 0}));
+  EXPECT_FALSE(Control().LookAt()->isReplayed);
+  calls.erase(calls.begin());
+  calls.pop_back();
+  Put(File("trace.txt"), TraceOf(calls));
+  EXPECT_EQ(Run({"replay", File("trace.txt")}).code, 0);
 }
 
 TEST_F(Traces, ThatAreDamagedAreRefused) {

@@ -37,6 +37,11 @@ class BenchedBoxTest : public ::testing::Test {
   int WriteWord(std::uint32_t item, std::uint32_t value) {
     return box.SetBoxProperty(handle, kBoxGroup, item, value);
   }
+  // The box answers as in these calls; false when they are too many.
+  bool Play(const std::vector<Call>& calls) {
+    const std::unique_ptr<Replay> recorded = ReplayOf(calls);
+    return recorded != nullptr && control.Play(*recorded);
+  }
   void Fault(const std::function<void(Faults&)>& change) { EXPECT_TRUE(control.SetFaults(change)); }
   std::vector<std::string> Journal(std::uint64_t first = 1) {
     std::vector<std::string> texts;
@@ -257,7 +262,7 @@ TEST_F(BenchedBoxTest, ReplayAnswersAsTheRecordedBoxDid) {
       Recorded(Call::SetWord(0, 4, 1), 3),
       Recorded(Call::GetBlock(14, 0, 2), kSuccess, {}, {8, 9}),
   };
-  ASSERT_TRUE(control.Play(calls));
+  ASSERT_TRUE(Play(calls));
   EXPECT_TRUE(control.LookAt()->isReplayed);
   EXPECT_EQ(box.Open(kOpenMode), BoxModel::kHandle);
   EXPECT_EQ(ReadWord(4).second, 2U);
@@ -280,7 +285,7 @@ TEST_F(BenchedBoxTest, ReplayGivesAnAnswerAsOftenAsTheRecordedBoxDid) {
   calls.push_back(Recorded(Call::GetWord(0, 4), kSuccess, {9, 0}));
   calls.insert(calls.end(), 2, Recorded(Call::SetWord(0, 6, 1), kSuccess));
   calls.push_back(Recorded(Call::SetWord(0, 6, 1), 0));
-  ASSERT_TRUE(control.Play(calls));
+  ASSERT_TRUE(Play(calls));
   for (const Call& call : calls) {
     if (call.IsWrite()) {
       EXPECT_EQ(WriteWord(6, 1), call.result);
@@ -291,7 +296,7 @@ TEST_F(BenchedBoxTest, ReplayGivesAnAnswerAsOftenAsTheRecordedBoxDid) {
 }
 
 TEST_F(BenchedBoxTest, ReplayLeavesTheBufferAsTheRecordedBoxDid) {
-  ASSERT_TRUE(control.Play(std::vector<Call>{
+  ASSERT_TRUE(Play({
       Recorded(Call::GetBlock(14, 0, 2), 0),
       Recorded(Call::GetBlock(14, 0, 2), 2, {}, {8, 9}),
       Recorded(Call::GetWord(0, 4), 0),
@@ -315,15 +320,15 @@ TEST_F(BenchedBoxTest, ReplayThatIsTooLongIsRefused) {
   for (std::uint32_t i = 0; i < Replay::kAnswers + 1; ++i) {
     calls.push_back(Recorded(Call::GetWord(0, 4), kSuccess, {i, 0}));
   }
-  EXPECT_FALSE(control.Play(calls));
+  EXPECT_FALSE(Play(calls));
   EXPECT_FALSE(control.LookAt()->isReplayed);
   calls.pop_back();
-  EXPECT_TRUE(control.Play(calls));
+  EXPECT_TRUE(Play(calls));
   calls.clear();
   for (std::uint32_t i = 0; i < Replay::kQuestions + 1; ++i) {
     calls.push_back(Recorded(Call::GetWord(0, i), kSuccess));
   }
-  EXPECT_FALSE(control.Play(calls));
+  EXPECT_FALSE(Play(calls));
 }
 
 }  // namespace
