@@ -113,9 +113,10 @@ void WaitForWrite(Session& session, const std::string& name, std::optional<doubl
     for (const Entry& entry : CallsFrom(session, next).entries) {
       next = entry.number + 1;
       const Call call = CallOf(entry);
-      const bool isMeant = std::any_of(meant.begin(), meant.end(), [&](const Named& each) {
-        return IsWriteOf(each.property, call);
-      });
+      const bool isMeant =
+          call.Succeeded() && std::any_of(meant.begin(), meant.end(), [&](const Named& each) {
+            return IsWriteOf(each.property, call);
+          });
       if (!isMeant) continue;
       session.Say(Words(look, entry) + "\n", JsonOf(look, entry));
       return;

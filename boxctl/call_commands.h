@@ -15,8 +15,8 @@ struct CallsOptions {
 };
 void Calls(Session& session, const CallsOptions& options);
 
-// Waits until a property is written, by whomever, from now on; Exit::kTimeout when that takes
-// longer than so many seconds.
+// Waits until the box takes a write of a property, by whomever, from now on; Exit::kTimeout when
+// that takes longer than so many seconds.
 void WaitForWrite(Session& session, const std::string& name, std::optional<double> timeout);
 
 }  // namespace panelora::boxctl

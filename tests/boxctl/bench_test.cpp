@@ -151,6 +151,15 @@ TEST_F(BoxctlTest, WaitsForAWrite) {
   EXPECT_EQ(host.sleeps, 3);
 }
 
+TEST_F(BoxctlTest, WaitsForAWriteThatTheBoxTakes) {
+  host.whenSleeping = [&](int sleep) {
+    Run({"fail", "--writes", "--every", sleep < 2 ? "1" : "2"});
+    Run({"set", "Hue", std::to_string(sleep)});
+  };
+  EXPECT_EQ(Run({"wait-for-write", "hue"}), (Ran{0, "Hue: 2\n", ""}));
+  EXPECT_EQ(host.sleeps, 3);
+}
+
 TEST_F(BoxctlTest, WaitsForACommand) {
   host.whenSleeping = [&](int sleep) {
     const auto value = static_cast<std::uint8_t>(sleep);
