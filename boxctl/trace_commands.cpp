@@ -59,6 +59,9 @@ std::string TextOfCalls(const Trace& shown, const TraceOptions& options, bool is
 
 void ShowTrace(Session& session, const std::string& path, const TraceOptions& options) {
   if (options.asTest) {
+    if (session.IsJson()) {
+      throw Failure(Exit::kBadInput, "a test is no JSON: leave out --json or --as-test");
+    }
     trace::ShowAsTest(TraceOf(path), session.Out());
     return;
   }

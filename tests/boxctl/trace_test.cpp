@@ -40,6 +40,8 @@ TEST_F(Traces, AreShownInWords) {
   const Ran test = Run({"trace", File("trace.txt"), "--as-test"});
   EXPECT_EQ(test.code, 0);
   EXPECT_NE(test.out.find("TEST_F("), std::string::npos) << test.out;
+  EXPECT_EQ(Run({"trace", File("trace.txt"), "--as-test", "--json"}),
+            (Ran{2, "", "boxctl: a test is no JSON: leave out --json or --as-test\n"}));
 }
 
 TEST_F(Traces, AreFollowed) {
