@@ -26,32 +26,29 @@ Trace TraceOf(const std::string& path) {
   return std::move(*read);
 }
 
-bool IsShown(const TracedCall& each, const TraceOptions& options) {
-  constexpr std::uint64_t kMicroseconds = 1000;  // of a millisecond
-  const bool isKind = !options.writes || each.call.IsWrite();
-  return isKind && (options.slow == 0 || each.duration > options.slow * kMicroseconds);
-}
-
-// A call a line.
-std::string JsonLines(const Trace& shown, const TraceOptions& options) {
+// A call a line, and one for each place where some are missing.
+std::string JsonLines(const Trace& shown, const trace::ViewOptions& options) {
   std::string lines;
-  trace::ToldBox box;
-  for (const TracedCall& each : shown.calls) {
-    box.Hear(each.call);
-    if (!IsShown(each, options)) continue;
-    const Json json = {{"number", each.number},     {"time", each.time},
+  const auto onCall = [&](const trace::ToldBox& box, std::uint64_t number, const TracedCall& each) {
+    if (!IsShown(each, options)) return;
+    const Json json = {{"number", number},          {"time", each.time},
                        {"duration", each.duration}, {"write", each.call.IsWrite()},
                        {"call", TextOf(each.call)}, {"words", trace::InWords(box, each.call)},
                        {"result", each.call.result}};
     lines += LineOf(json) + "\n";
-  }
+  };
+  const auto onLost = [&](std::uint64_t number, std::uint64_t count) {
+    lines += LineOf({{"number", number}, {"lost", count}}) + "\n";
+  };
+  trace::TraceWalk(onCall, onLost).Take(shown);
   return lines;
 }
 
 std::string TextOfCalls(const Trace& shown, const TraceOptions& options, bool isJson) {
-  if (isJson) return JsonLines(shown, options);
+  const trace::ViewOptions view = {options.writes, options.slow};
+  if (isJson) return JsonLines(shown, view);
   std::ostringstream lines;
-  trace::ShowTrace(shown, {options.writes, options.slow}, lines);
+  trace::TraceView(view, lines).Show(shown);
   return lines.str();
 }
 

@@ -1,5 +1,6 @@
 #include "trace/trace_view.h"
 
+#include <algorithm>
 #include <chrono>
 #include <string>
 
@@ -23,37 +24,52 @@ std::string Milliseconds(std::uint32_t duration) {
   return Format("%u.%03u ms", duration / 1000, duration % 1000);
 }
 
+}  // namespace
+
 bool IsShown(const TracedCall& traced, const ViewOptions& options) {
   if (options.writesOnly && !traced.call.IsWrite()) return false;
   return options.slowerThan == 0 || traced.duration > std::uint64_t{options.slowerThan} * 1000;
 }
 
-}  // namespace
-
-void ShowTrace(const Trace& trace, const ViewOptions& options, std::ostream& out) {
-  ToldBox box;
-  std::uint64_t number = trace.firstNumber - 1;
-  std::uint64_t day = 0;
-  std::uint64_t lost = 0;
-  const auto showLost = [&](std::uint64_t count) {
-    out << Format("%9s(%llu lost)\n", "", static_cast<unsigned long long>(count));
-    lost += count;
-  };
-  for (const TracedCall& traced : trace.calls) {
-    const std::uint64_t before = number;
-    number = traced.number != 0 ? traced.number : before + 1;
-    if (number > before + 1) showLost(number - before - 1);
-    box.Hear(traced.call);
-    if (!IsShown(traced, options)) continue;
-    if (traced.time / kDay != day) {
-      day = traced.time / kDay;
-      out << DateOf(day) << " (UTC)\n";
-    }
-    out << Format("%7llu  ", static_cast<unsigned long long>(number)) << TimeOfDay(traced.time)
-        << Format("  %11s  ", Milliseconds(traced.duration).c_str()) << InWords(box, traced.call)
-        << '\n';
+void TraceWalk::Take(const Trace& part) {
+  if (next == 0 || part.firstNumber < next) {
+    box = {};
+    next = part.firstNumber;
   }
-  if (trace.lost > lost) showLost(trace.lost - lost);
+  SkipTo(part.firstNumber);
+  std::uint64_t end = part.firstNumber + part.lost;
+  for (const TracedCall& traced : part.calls) {
+    if (traced.number != 0) SkipTo(traced.number);
+    box.Hear(traced.call);
+    onCall(box, next++, traced);
+    ++end;
+  }
+  SkipTo(end);
+}
+
+void TraceWalk::SkipTo(std::uint64_t number) {
+  if (number > next) onLost(next, number - next);
+  next = std::max(next, number);
+}
+
+TraceView::TraceView(const ViewOptions& theOptions, std::ostream& theOut)
+    : options(theOptions),
+      out(theOut),
+      walk([this](const ToldBox& box, std::uint64_t number,
+                  const TracedCall& traced) { ShowCall(box, number, traced); },
+           [this](std::uint64_t, std::uint64_t count) {
+             out << Format("%9s(%llu lost)\n", "", static_cast<unsigned long long>(count));
+           }) {}
+
+void TraceView::ShowCall(const ToldBox& box, std::uint64_t number, const TracedCall& traced) {
+  if (!IsShown(traced, options)) return;
+  if (traced.time / kDay != day) {
+    day = traced.time / kDay;
+    out << DateOf(day) << " (UTC)\n";
+  }
+  out << Format("%7llu  ", static_cast<unsigned long long>(number)) << TimeOfDay(traced.time)
+      << Format("  %11s  ", Milliseconds(traced.duration).c_str()) << InWords(box, traced.call)
+      << '\n';
 }
 
 }  // namespace panelora::trace

@@ -44,6 +44,17 @@ TEST_F(Traces, AreShownInWords) {
             (Ran{2, "", "boxctl: a test is no JSON: leave out --json or --as-test\n"}));
 }
 
+TEST_F(Traces, TellWhatIsLost) {
+  const Call call = Call::SetProcAmp(0, proc_amp::kHue, 4);
+  Put(File("trace.txt"), std::string(trace::Line::First(1).Text()) + LineOf(1, call) +
+                             std::string(trace::Line::OfLost(2, 66).Text()) + LineOf(68, call) +
+                             std::string(trace::Line::OfLost(69, 2).Text()));
+  const std::string json = Run({"trace", File("trace.txt"), "--slow", "1000", "--json"}).out;
+  EXPECT_EQ(json, "{\"number\":2,\"lost\":66}\n{\"number\":69,\"lost\":2}\n");
+  EXPECT_EQ(Run({"trace", File("trace.txt"), "--slow", "1000"}).out,
+            "         (66 lost)\n         (2 lost)\n");
+}
+
 TEST_F(Traces, AreFollowed) {
   ASSERT_EQ(Run({"set", "Hue", "4"}).code, 0);
   Put(File("trace.txt"), TraceOfDesk());

@@ -16,7 +16,7 @@ constexpr std::uint64_t kSecond = 1'000'000;
 
 std::string Shown(const Trace& trace, const ViewOptions& options = {}) {
   std::ostringstream out;
-  ShowTrace(trace, options, out);
+  TraceView(options, out).Show(trace);
   return out.str();
 }
 
@@ -116,6 +116,31 @@ TEST(TraceView, ShowsWhatIsLostAndWhenADayBegins) {
             "2025-11-23 (UTC)\n"
             "      9  09:49:00.123     2.000 ms  Open?  failed: 0\n"
             "         (4 lost)\n");
+}
+
+// What a trace is shown as does not hang on where it is taken apart.
+TEST(TraceView, GoesOnWithWhatFollows) {
+  const Call mode = Told(Call::SetWord(0, 3, 1));
+  const Trace whole = TraceOf({Identified(20), mode, mode, mode});
+  Trace first = whole;
+  Trace second = whole;
+  first.calls.resize(2);
+  second.calls.erase(second.calls.begin(), second.calls.begin() + 2);
+  second.firstNumber = 3;
+  const auto shown = [](const std::vector<Trace>& parts) {
+    std::ostringstream out;
+    TraceView view({}, out);
+    for (const Trace& part : parts) view.Show(part);
+    return out.str();
+  };
+  EXPECT_EQ(shown({first, second}), Shown(whole));
+  // Calls that neither part has.
+  second.calls.erase(second.calls.begin());
+  second.firstNumber = 4;
+  EXPECT_NE(shown({first, second}).find("\n         (1 lost)\n      4  "), std::string::npos);
+  // Another run, of another box.
+  const Trace other = TraceOf({mode});
+  EXPECT_EQ(shown({whole, other}), Shown(whole) + Shown(other).substr(Shown(other).find('\n') + 1));
 }
 
 // A box may hold whatever it likes in its labels.
