@@ -82,6 +82,7 @@ void Replay(Session& session, const std::string& path) {
   simulator::BoxControl control = session.Control();
   const Trace read = TraceOf(path);
   trace::ToldBox box;
+  for (const Call& call : read.before) box.Hear(call);
   std::vector<Call> calls(read.calls.size());
   std::transform(read.calls.begin(), read.calls.end(), calls.begin(), [&](const TracedCall& each) {
     box.Hear(each.call);

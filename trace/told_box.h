@@ -7,6 +7,8 @@
 
 namespace panelora::trace {
 
+inline constexpr std::size_t kIdentityBytes = 5;  // of the identity block, that are used
+
 class ToldBox {
  public:
   void Hear(const Call& call) {
@@ -27,8 +29,6 @@ class ToldBox {
   std::uint32_t Firmware() const { return firmware; }  // 0 = it was not told
 
  private:
-  static constexpr std::size_t kIdentityBytes = 5;
-
   Identity identity;
   std::uint32_t firmware = 0;
 };

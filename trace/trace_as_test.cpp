@@ -198,6 +198,7 @@ class TestWriter {
     if (trace.firstNumber != 1) {
       out << "  // The trace begins in the middle: bring the panel first to where it was.\n";
     }
+    WriteBox();
     const Calls calls = trace.calls;
     bool isStarted = false;
     for (std::size_t first = 0; first < calls.size();) {
@@ -214,15 +215,25 @@ class TestWriter {
   // The types that the panel has to take for boxes.
   void WriteAdmitted() {
     std::set<int> types;
-    for (const TracedCall& traced : trace.calls) {
+    const auto add = [&](const Call& call) {
       ToldBox one;
-      one.Hear(traced.call);
+      one.Hear(call);
       if (one.TheIdentity().boxType != kNoBoxType) types.insert(one.TheIdentity().boxType);
-    }
+    };
+    for (const Call& call : trace.before) add(call);
+    for (const TracedCall& traced : trace.calls) add(traced.call);
     if (types.empty()) {
       out << "  // The trace does not tell which box it was: box.Become here.\n";
     } else if (types.size() > 1 || !kShippedType.Has(static_cast<std::uint8_t>(*types.begin()))) {
       out << "  admitted = {" << Listed({types.begin(), types.end()}) << "};\n";
+    }
+  }
+
+  // What the box is that the trace does not ask once more what it is.
+  void WriteBox() {
+    for (const Call& call : trace.before) told.Hear(call);
+    for (const Call& call : trace.before) {
+      if (AsksIdentity(call)) out << box.ChangesFor(call, told.Firmware());
     }
   }
 

@@ -19,6 +19,7 @@ constexpr std::uint64_t kMostWord = std::numeric_limits<std::uint32_t>::max();
 constexpr std::uint64_t kMostByte = std::numeric_limits<std::uint8_t>::max();
 constexpr std::size_t kPictureBytes = 4;
 constexpr std::size_t kCheckLength = 11;  // " [12345678]"
+constexpr std::size_t kMostInHead = 2;    // identity and firmware
 
 // Lines of a stream, none of which is held longer than a line of a trace is.
 class Lines {
@@ -193,6 +194,13 @@ bool TakesResult(Rest& rest, int& result) {
   return value <= std::numeric_limits<int>::max() && rest.IsEmpty();
 }
 
+// All of a call behind its number.
+bool TakesTraced(Rest& rest, TracedCall& traced) {
+  return TakesTime(rest, traced.time) && rest.Takes(" ") &&
+         rest.TakesNumber(traced.duration, kMostWord) && rest.Takes("us ") &&
+         TakesCall(rest, traced.call) && TakesResult(rest, traced.call.result);
+}
+
 // What a line says without its check; nothing when that is wrong.
 std::optional<std::string_view> Checked(std::string_view line) {
   if (line.size() < kCheckLength) return std::nullopt;
@@ -258,11 +266,21 @@ class Reader {
     Rest rest(*said);
     std::uint64_t number = 0;
     if (!rest.TakesNumber(number, kMostCalls) || !rest.Takes(" ")) return Wrong(kUnknown);
+    if (number == kNoNumber) return TakeHead(rest);
     if (number != expected) {
       return Wrong("call " + std::to_string(expected) + " is missing here, call " +
                    std::to_string(number) + " follows: take an untouched copy of the trace");
     }
     return rest.Takes("lost ") ? TakeLost(rest) : TakeCall(rest);
+  }
+
+  bool TakeHead(Rest rest) {
+    TracedCall traced;
+    if (expected != trace.firstNumber || trace.before.size() == kMostInHead ||
+        !TakesTraced(rest, traced))
+      return Wrong(kUnknown);
+    trace.before.push_back(std::move(traced.call));
+    return true;
   }
 
   bool TakeLost(Rest rest) {
@@ -276,12 +294,7 @@ class Reader {
   bool TakeCall(Rest rest) {
     TracedCall& traced = trace.calls.emplace_back();
     traced.number = expected++;
-    if (TakesTime(rest, traced.time) && rest.Takes(" ") &&
-        rest.TakesNumber(traced.duration, kMostWord) && rest.Takes("us ") &&
-        TakesCall(rest, traced.call) && TakesResult(rest, traced.call.result)) {
-      return true;
-    }
-    return Wrong(kUnknown);
+    return TakesTraced(rest, traced) || Wrong(kUnknown);
   }
 
   bool Wrong(const std::string& what) {

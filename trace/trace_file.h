@@ -9,6 +9,9 @@
 //   3 lost 66 [91C7730A]
 //   69 2026-11-22 09:49:01.004417 90us set block 22,0,1: 06 -> 1 [E2405B1C]
 //
+// A file that goes on with another one repeats at its head what the box had told of itself last,
+// its identity and firmware: these calls have the number 0.
+//
 // number, UTC, duration, the call as TextOf writes it, behind " = " what was answered (bytes in
 // hexadecimal), behind " -> " the result, and in brackets a check of all that stands before it.
 #pragma once
@@ -31,6 +34,7 @@ struct TracedCall {
 };
 
 struct Trace {
+  std::vector<Call> before;  // what the box had told of itself, in the files before
   std::vector<TracedCall> calls;
   std::uint64_t firstNumber = 1;  // of its first call, also when that was lost
   std::uint64_t lost = 0;         // how many calls could not be written down

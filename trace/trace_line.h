@@ -12,6 +12,8 @@ namespace panelora::trace {
 // What a trace begins with, before the number of its first call.
 inline constexpr std::string_view kFirstLine = "Panelora trace 1, calls from ";
 inline constexpr std::string_view kLineEnd = "\r\n";
+// Of a call that an earlier file has, at the head of a further one.
+inline constexpr std::uint64_t kNoNumber = 0;
 
 // A call on its way into a file: of a fixed size, so that it can wait in a ring.
 struct Record {

@@ -36,6 +36,7 @@ void TraceWalk::Take(const Trace& part) {
     box = {};
     next = part.firstNumber;
   }
+  for (const Call& call : part.before) box.Hear(call);
   SkipTo(part.firstNumber);
   std::uint64_t end = part.firstNumber + part.lost;
   for (const TracedCall& traced : part.calls) {

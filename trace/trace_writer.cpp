@@ -57,14 +57,23 @@ void TraceWriter::Fill(Progress& next) {
     if (count != 0) Add(Line::OfLost(next.number, count));
     next.number += count;
   };
-  if (next.size == 0) Add(Line::First(next.number));
+  if (next.size == 0) AddHead(next);
   addLost(next.lost);
   next.lost = 0;
   const std::uint32_t end = ring.End();
   for (; next.place != end && batchSize + kMostOfACall <= kBatchBytes; ++next.place) {
     const CallRing::Place& place = ring.At(next.place);
     addLost(place.lostBefore);
+    next.told.Hear(place.record);
     Add(Line::OfCall(next.number++, place.record));
+  }
+}
+
+// With what the files before it have told of the box, so that each can be read without them.
+void TraceWriter::AddHead(const Progress& next) {
+  Add(Line::First(next.number));
+  for (const Record* record : {next.told.Identity(), next.told.Firmware()}) {
+    if (record != nullptr) Add(Line::OfCall(kNoNumber, *record));
   }
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "trace/call_ring.h"
+#include "trace/told_records.h"
 
 namespace panelora::trace {
 
@@ -53,6 +54,7 @@ class TraceWriter {
     std::uint64_t number = 1;  // of the next call
     std::uint64_t size = 0;    // of the file
     bool isBegun = false;      // there is a file
+    ToldRecords told;          // by the calls before it
   };
 
   const Progress& Reached() const { return progress[which.load(std::memory_order_acquire)]; }
@@ -61,6 +63,7 @@ class TraceWriter {
   bool HasFile();
   bool WriteBatch();
   void Fill(Progress& next);
+  void AddHead(const Progress& next);
   void Add(const Line& line);
 
   CallRing& ring;

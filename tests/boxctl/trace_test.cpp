@@ -84,6 +84,19 @@ TEST_F(Traces, AreReplayed) {
   EXPECT_FALSE(Control().LookAt()->isReplayed);
 }
 
+TEST_F(Traces, OfWhichTheBeginningIsGoneAreReplayedByTheSameBox) {
+  Become(13, 8);
+  ASSERT_EQ(Run({"set", "Hue", "4"}).code, 0);
+  const auto made = Control().CallsFrom(1);
+  std::string text(trace::Line::First(5).Text());
+  for (const std::size_t i : {1U, 2U}) text += LineOf(trace::kNoNumber, CallOf(made->entries[i]));
+  Put(File("trace.txt"), text + LineOf(5, Call::GetWord(0, 99)));
+  Become(26);
+  ASSERT_EQ(Run({"replay", File("trace.txt")}).code, 0);
+  EXPECT_EQ(Control().LookAt()->box.identity, (Identity{13, 8, 0, 0, 0}));
+  EXPECT_EQ(Control().LookAt()->box.firmware, 0xFFFFU);
+}
+
 TEST_F(Traces, ThatAreTooLongToReplayChangeNothing) {
   std::vector<Call> calls(simulator::Replay::kAnswers + 1, Call::GetWord(0, 4));
   for (std::uint32_t i = 0; i < calls.size(); ++i) {

@@ -166,6 +166,27 @@ TEST(TraceFile, TellsHowManyCallsWereLost) {
   EXPECT_TRUE(IsBeginning(trace->calls, {call}));
 }
 
+TEST(TraceFile, TellsWhatTheFilesBeforeItToldOfTheBox) {
+  const TracedCall identity{kTime, 7, With(Call::GetBlock(254, 0, 5), 1, {26, 0, 1, 2, 255})};
+  const TracedCall firmware{kTime, 9, With(Call::GetWord(0, 5), 1, {}, {38, 1})};
+  const TracedCall call{kTime, 1, Call::Open(2), 30};
+  const std::string first(Line::First(30).Text());
+  const std::string one(Line::OfCall(kNoNumber, RecordOf(identity)).Text());
+  const std::string other(Line::OfCall(kNoNumber, RecordOf(firmware)).Text());
+  const std::string numbered(Line::OfCall(30, RecordOf(call)).Text());
+  std::string error;
+  const auto trace = Read(first + one + other + numbered, error);
+  ASSERT_TRUE(trace) << error;
+  EXPECT_EQ(trace->before, (std::vector<Call>{identity.call, firmware.call}));
+  EXPECT_TRUE(IsBeginning(trace->calls, {call}));
+  // At the head alone.
+  const std::string unknown =
+      ": the line says no call that this program knows: read it with the program that belongs to "
+      "the library which wrote it";
+  EXPECT_EQ(ErrorOf(first + numbered + one), "line 3" + unknown);
+  EXPECT_EQ(ErrorOf(first + one + one + one), "line 4" + unknown);
+}
+
 // Killed at any moment, a program leaves the beginning of a trace.
 TEST(TraceFile, IsReadUpToWhereItIsCutOff) {
   const std::vector<TracedCall> written = ManyTraced();

@@ -143,6 +143,17 @@ TEST(TraceView, GoesOnWithWhatFollows) {
   EXPECT_EQ(shown({whole, other}), Shown(whole) + Shown(other).substr(Shown(other).find('\n') + 1));
 }
 
+TEST(TraceView, SpeaksOfTheBoxThatTheFilesBeforeToldOf) {
+  const Trace whole = TraceOf({Identified(20), Told(Call::SetWord(0, 3, 1))});
+  Trace second = whole;
+  second.before = {whole.calls[0].call};
+  second.calls.erase(second.calls.begin());
+  second.firstNumber = 2;
+  const std::string shown = Shown(second);
+  EXPECT_EQ(shown.substr(shown.find('\n') + 1),
+            Shown(whole).substr(Shown(whole).find("      2  ")));
+}
+
 // A box may hold whatever it likes in its labels.
 TEST(TraceView, ShowsOneLineWhateverABoxTells) {
   for (int type = 0; type < 255; ++type) {
@@ -218,6 +229,15 @@ TEST(TraceAsTest, SaysWhatTheTraceDoesNotTell) {
                       "was.\n"),
             std::string::npos)
       << test;
+}
+
+TEST(TraceAsTest, HasTheBoxThatTheFilesBeforeToldOf) {
+  Trace trace = TraceOf({Told(Call::SetWord(0, 3, 1))});
+  trace.firstNumber = 7;
+  trace.before = {Identified(15), Answered(Call::GetWord(0, 8), {}, {0x12, 1})};
+  const std::string test = AsTest(trace);
+  EXPECT_NE(test.find("  admitted = {15};\n"), std::string::npos) << test;
+  EXPECT_NE(test.find("  box.Become({15, 0, 0, 0, 0}, 0x0112);\n"), std::string::npos) << test;
 }
 
 TEST(TraceAsTest, LeavesNoCommentOpen) {

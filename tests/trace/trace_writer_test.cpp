@@ -204,6 +204,44 @@ TEST_F(Writing, BeginsAnotherFileBeforeOneGrowsTooLong) {
   EXPECT_EQ(next, put + 1U);
 }
 
+Call Identified(std::uint8_t type) {
+  Call call = Call::GetBlock(254, 0, 20);
+  call.bytes.assign(20, 0);
+  call.bytes[0] = type;
+  call.result = kSuccess;
+  return call;
+}
+
+Call FirmwareIn(std::uint32_t item, std::uint32_t low) {
+  Call call = Call::GetWord(0, item);
+  call.words = {low, 1};
+  call.result = kSuccess;
+  return call;
+}
+
+TEST_F(Writing, RepeatsInEachFileWhichBoxItIsOf) {
+  const auto fillUpTo = [&](std::size_t files) {
+    while (disk.files.size() < files) {
+      Put(kHeld);
+      writer->WriteWaiting();
+    }
+  };
+  Call failed = Identified(99);
+  failed.result = 0;
+  Call other = FirmwareIn(8, 0x99);
+  for (const Call& call : {Identified(13), FirmwareIn(8, 0x12), Identified(26), other, failed}) {
+    ring->Put(RecordOf({1, 1, call}));
+  }
+  fillUpTo(2);
+  EXPECT_EQ(Read(0).before, std::vector<Call>());
+  EXPECT_EQ(Read(1).before, std::vector<Call>{Identified(26)});
+  ring->Put(RecordOf({1, 1, FirmwareIn(5, 0x26)}));
+  ring->Put(RecordOf({1, 1, Identified(26)}));
+  fillUpTo(3);
+  EXPECT_EQ(Read(2).before, (std::vector<Call>{Identified(26), FirmwareIn(5, 0x26)}));
+  EXPECT_EQ(Read(2).firstNumber, Read(1).calls.back().number + 1);
+}
+
 // The thread that writes is ended while it does: who comes after it writes the same once more, in
 // the same place.
 TEST_F(Writing, GoesOnWhereAnEndedThreadHadGotTo) {
