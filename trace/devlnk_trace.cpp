@@ -92,20 +92,30 @@ class TracePlace {
     if (closed != nullptr) CloseHandle(closed);
   }
 
-  // A new file, open for writing; null when there can be none. A thread that was ended in here may
-  // have left one that is still empty, and open: that is taken.
+  // A new file, open for writing; null when there can be none, or the one before can't be moved,
+  // which it can't while somebody has it open who does not let it. A thread that was ended in here
+  // may have left one that is still empty, and open: that is taken.
   HANDLE Begin() const {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (GetFileAttributesExW(file.Text(), GetFileExInfoStandard, &data) &&
-        (data.nFileSizeLow != 0 || data.nFileSizeHigh != 0)) {
-      MoveFileExW(file.Text(), olderFile.Text(), MOVEFILE_REPLACE_EXISTING);
+        (data.nFileSizeLow != 0 || data.nFileSizeHigh != 0) &&
+        !MoveFileExW(file.Text(), olderFile.Text(), MOVEFILE_REPLACE_EXISTING)) {
+      return nullptr;
     }
-    const HANDLE made = CreateFileW(file.Text(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                    nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    return made != INVALID_HANDLE_VALUE ? made : nullptr;
+    return Open(CREATE_ALWAYS);
   }
 
+  // The file that is there, open for writing, with all that it has; null when there is none.
+  HANDLE GoOn() const { return Open(OPEN_EXISTING); }
+
  private:
+  HANDLE Open(DWORD how) const {
+    const HANDLE opened =
+        CreateFileW(file.Text(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, how,
+                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    return opened != INVALID_HANDLE_VALUE ? opened : nullptr;
+  }
+
   // Of the file's name, as no object may have it.
   std::array<wchar_t, 40> ClaimName() const {
     std::uint64_t hash = 0xCBF29CE484222325;
@@ -137,14 +147,11 @@ class TraceFiles final : public TraceDisk {
   }
 
   bool Begin() noexcept override {
-    CloseFile();
     const ULONGLONG now = GetTickCount64();
     if (now < notBefore) return false;
-    for (TracePlace& place : places) {
-      if (file == nullptr && place.Claim()) file = place.Begin();
-    }
-    if (file == nullptr) notBefore = now + kWait;
-    return file != nullptr;
+    const bool isBegun = MakeFile();
+    if (!isBegun) notBefore = now + kWait;
+    return isBegun;
   }
 
   bool Write(std::uint64_t at, std::string_view bytes) noexcept override {
@@ -170,6 +177,25 @@ class TraceFiles final : public TraceDisk {
  private:
   static constexpr ULONGLONG kWait = 1000;  // ms until files are tried again
 
+  // A file that can't be moved away stays the one that is written.
+  bool MakeFile() {
+    CloseFile();
+    if (current != nullptr) {
+      file = current->Begin();
+      if (file != nullptr) return true;
+      file = current->GoOn();
+      if (file != nullptr) return false;
+    }
+    for (TracePlace& place : places) {
+      if (!place.Claim()) continue;
+      file = place.Begin();
+      if (file == nullptr) continue;
+      current = &place;
+      return true;
+    }
+    return false;
+  }
+
   // Nobody else has the handle when it is closed.
   void CloseFile() {
     const HANDLE closed = std::exchange(file, nullptr);
@@ -183,7 +209,8 @@ class TraceFiles final : public TraceDisk {
   }
 
   std::array<TracePlace, 2> places;
-  HANDLE file = nullptr;  // none
+  TracePlace* current = nullptr;  // where the last file was begun
+  HANDLE file = nullptr;          // none
   ULONGLONG notBefore = 0;
 };
 

@@ -33,7 +33,7 @@ bool TraceWriter::IsAnythingLeft() {
 bool TraceWriter::HasFile() {
   Progress next = Reached();
   if (next.isBegun && next.size + kBatchBytes <= kMostBytes) return true;
-  if (!disk.Begin()) return false;
+  if (!disk.Begin()) return next.isBegun && next.size + kBatchBytes <= kMostBytesOfKept;
   next.isBegun = true;
   next.size = 0;
   Reach(next);

@@ -15,7 +15,7 @@ namespace panelora::trace {
 class TraceDisk {
  public:
   // Starts a new file. The one before becomes the older one, in whose place it comes. False when
-  // there is no file that can be written.
+  // there can be none now; then nothing is lost of the one before, which may be gone on with.
   virtual bool Begin() noexcept = 0;
   // Puts bytes where the file is so long; false when not all of them could be written.
   virtual bool Write(std::uint64_t at, std::string_view bytes) noexcept = 0;
@@ -31,6 +31,8 @@ class TraceDisk {
 class TraceWriter {
  public:
   static constexpr std::uint64_t kMostBytes = std::uint64_t{16} * 1024 * 1024;  // of a file
+  // Of one in whose place no new one can come, since somebody has it open.
+  static constexpr std::uint64_t kMostBytesOfKept = 4 * kMostBytes;
 
   // Both outlive it.
   constexpr TraceWriter(CallRing& theRing, TraceDisk& theDisk) : ring(theRing), disk(theDisk) {}

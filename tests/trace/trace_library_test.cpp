@@ -287,12 +287,12 @@ TEST_F(TracedLibrary, LeavesNoFileWhereNoCallWasMade) {
   EXPECT_FALSE(std::filesystem::exists(File()));
 }
 
-// A file that nobody else may open or move.
+// A file that nobody else may open or move, but as far as it is shared.
 class KeptFile {
  public:
-  explicit KeptFile(const std::filesystem::path& path)
-      : file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
-                         FILE_ATTRIBUTE_NORMAL, nullptr)) {
+  explicit KeptFile(const std::filesystem::path& path, DWORD shared = 0)
+      : file(CreateFileW(path.c_str(), shared == 0 ? GENERIC_WRITE : GENERIC_READ, shared, nullptr,
+                         OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr)) {
     EXPECT_NE(file, INVALID_HANDLE_VALUE);
   }
   ~KeptFile() { CloseHandle(file); }
@@ -344,6 +344,41 @@ TEST_F(TracedLibrary, LimitsTheLengthOfItsFile) {
   EXPECT_EQ(older.firstNumber, 1U);
   EXPECT_EQ(trace.firstNumber, 1 + older.calls.size() + older.lost);
   EXPECT_LE(std::filesystem::file_size(OlderFile()), 16U * 1024 * 1024);
+}
+
+// A reader that does not share the file for moving takes nothing from the trace.
+TEST_F(TracedLibrary, GoesOnInAFileThatAReaderKeeps) {
+  PutOver(Fake("fake_fills_answers"));
+  std::uint64_t made = 0;
+  std::unique_ptr<KeptFile> reader;
+  {
+    const LoadedLibrary library(Tracing());
+    BlockBuffer block{};
+    const auto call = [&] {
+      for (int i = 0; i < 1000; ++i) library->getKiraboxProperty(0, 1, 0, 255, block.data());
+      made += 1000;
+      Sleep(20);
+    };
+    call();
+    EXPECT_TRUE(Until([&] { return std::filesystem::exists(File()); }));
+    reader = std::make_unique<KeptFile>(File(), FILE_SHARE_READ | FILE_SHARE_WRITE);
+    EXPECT_TRUE(Until([&] {
+      call();
+      return std::filesystem::file_size(File()) > 18U * 1024 * 1024;
+    }));
+    EXPECT_FALSE(std::filesystem::exists(OlderFile()));
+    reader.reset();
+    EXPECT_TRUE(Until([&] {
+      call();
+      return std::filesystem::exists(OlderFile());
+    }));
+  }
+  const Trace older = TraceIn(OlderFile());
+  const Trace trace = TraceIn(File());
+  EXPECT_EQ(older.firstNumber, 1U);
+  EXPECT_EQ(trace.firstNumber, 1 + older.calls.size() + older.lost);
+  EXPECT_EQ(trace.firstNumber - 1 + trace.calls.size() + trace.lost, made);
+  EXPECT_FALSE(std::filesystem::exists(temporary.Path() / "DEVLNK.trace.txt"));
 }
 
 // A process of this program that makes calls of the tracing library in the folder.

@@ -19,7 +19,7 @@ class MemoryDisk final : public TraceDisk {
  public:
   bool Begin() noexcept override {
     ++begun;
-    if (isAway) return false;
+    if (isAway || isKept) return false;
     files.emplace_back();
     return true;
   }
@@ -39,6 +39,7 @@ class MemoryDisk final : public TraceDisk {
 
   std::vector<std::string> files;
   bool isAway = false;
+  bool isKept = false;                 // by somebody who has the file open
   bool isLast = false;                 // whoever writes is ended with it
   std::uint64_t room = 1'000'000'000;  // bytes that a file can have
   std::function<void()> whileWriting;
@@ -56,8 +57,9 @@ class Writing : public ::testing::Test {
   }
 
   // What a file tells: the values of its calls, which count from 0 for number 1.
-  Trace Read(std::size_t file) {
-    std::istringstream in(disk.files.at(file));
+  Trace Read(std::size_t file) { return Read(disk.files.at(file)); }
+  static Trace Read(const std::string& text) {
+    std::istringstream in(text);
     std::string error;
     const auto trace = ReadTrace(in, error);
     EXPECT_TRUE(trace) << error;
@@ -204,6 +206,43 @@ TEST_F(Writing, BeginsAnotherFileBeforeOneGrowsTooLong) {
   EXPECT_EQ(next, put + 1U);
 }
 
+// Somebody who looks at the file may keep it from being moved.
+TEST_F(Writing, GoesOnInAFileInWhosePlaceNoNewOneCanCome) {
+  Put(1);
+  writer->WriteWaiting();
+  disk.isKept = true;
+  while (disk.files[0].size() <= TraceWriter::kMostBytes) {
+    Put(kHeld);
+    writer->WriteWaiting();
+  }
+  EXPECT_EQ(ring->Waiting(), 0U);
+  EXPECT_EQ(disk.files.size(), 1U);
+  EXPECT_EQ(NumbersIn(Read(0)), Numbers(1, put));
+  const std::uint32_t kept = put;
+  disk.isKept = false;
+  Put(1);
+  writer->WriteWaiting();
+  ASSERT_EQ(disk.files.size(), 2U);
+  EXPECT_EQ(NumbersIn(Read(1)), Numbers(kept + 1, kept + 1));
+}
+
+TEST_F(Writing, WaitsWhereSuchAFileGrowsTooLong) {
+  Put(1);
+  writer->WriteWaiting();
+  disk.isKept = true;
+  while (ring->Waiting() == 0) {
+    Put(kHeld);
+    writer->WriteWaiting();
+  }
+  Put(kHeld);
+  writer->WriteWaiting();
+  EXPECT_LE(disk.files[0].size(), TraceWriter::kMostBytesOfKept);
+  disk.isKept = false;
+  writer->WriteWaiting();
+  const Trace rest = Read(1);
+  EXPECT_EQ(rest.firstNumber - 1 + rest.calls.size() + rest.lost, put);
+}
+
 Call Identified(std::uint8_t type) {
   Call call = Call::GetBlock(254, 0, 20);
   call.bytes.assign(20, 0);
@@ -226,6 +265,9 @@ TEST_F(Writing, RepeatsInEachFileWhichBoxItIsOf) {
       writer->WriteWaiting();
     }
   };
+  const auto before = [&](std::size_t file) {
+    return Read(disk.files.at(file).substr(0, 2000)).before;
+  };
   Call failed = Identified(99);
   failed.result = 0;
   Call other = FirmwareIn(8, 0x99);
@@ -233,13 +275,12 @@ TEST_F(Writing, RepeatsInEachFileWhichBoxItIsOf) {
     ring->Put(RecordOf({1, 1, call}));
   }
   fillUpTo(2);
-  EXPECT_EQ(Read(0).before, std::vector<Call>());
-  EXPECT_EQ(Read(1).before, std::vector<Call>{Identified(26)});
+  EXPECT_EQ(before(0), std::vector<Call>());
+  EXPECT_EQ(before(1), std::vector<Call>{Identified(26)});
   ring->Put(RecordOf({1, 1, FirmwareIn(5, 0x26)}));
   ring->Put(RecordOf({1, 1, Identified(26)}));
   fillUpTo(3);
-  EXPECT_EQ(Read(2).before, (std::vector<Call>{Identified(26), FirmwareIn(5, 0x26)}));
-  EXPECT_EQ(Read(2).firstNumber, Read(1).calls.back().number + 1);
+  EXPECT_EQ(before(2), (std::vector<Call>{Identified(26), FirmwareIn(5, 0x26)}));
 }
 
 // The thread that writes is ended while it does: who comes after it writes the same once more, in
