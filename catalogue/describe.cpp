@@ -67,7 +67,7 @@ std::string Describe(const Identity& box, std::uint32_t firmware, const Call& ca
   }
   const Carried carried = CarriedBy(call, box);
   if (call.operation == Call::Operation::kGetPicture) {
-    return "Picture values" + (IsAnswered(call) ? ": " + PictureOf(carried) : "?");
+    return "Picture values" + (call.bytes.empty() ? "?" : ": " + PictureOf(carried));
   }
   std::vector<std::string> texts;
   for (const Property& property : PropertiesOf(box, firmware, call)) {

@@ -68,6 +68,10 @@ struct Call {
   }
   bool IsRead() const { return operation != Operation::kOpen && !IsWrite(); }
   bool Succeeded() const { return result == kSuccess; }
+  // Of two calls nothing is known of what their result says.
+  bool TellsResult() const {
+    return operation != Operation::kGetPicture && operation != Operation::kSetProcAmp;
+  }
 
   // What a read was answered.
   void Take(const BlockBuffer& answer) { bytes.assign(answer.begin(), answer.begin() + length); }

@@ -72,7 +72,7 @@ class DeviceLink {
   virtual int SetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint32_t item,
                              std::uint32_t value) = 0;
 
-  // The four picture values at once.
+  // The four picture values at once; what its result says is not known.
   virtual int GetKiraboxProcAmp(DeviceHandle handle, ProcAmpBytes& out) = 0;
 
   // One picture value (controls 2 brightness, 3 contrast, 4 hue, 5 saturation) of (group, control).

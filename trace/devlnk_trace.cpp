@@ -541,6 +541,7 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_SET_BOX_PROPERTY(std::uint32_t han
   return call.Keep();
 }
 
+// What its result says is not known, so that the values count whatever it is.
 DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_KIRABOX_PROC_AMP(std::uint32_t handle,
                                                                    std::uint8_t* brightness,
                                                                    std::uint8_t* contrast,
@@ -550,7 +551,8 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_KIRABOX_PROC_AMP(std::uint32_t
   const int result = Box() != nullptr
                          ? Box()->getKiraboxProcAmp(handle, brightness, contrast, hue, saturation)
                          : kFailure;
-  if (call.Answered(result)) call.TakePicture({brightness, contrast, hue, saturation});
+  call.Answered(result);
+  if (Box() != nullptr) call.TakePicture({brightness, contrast, hue, saturation});
   return call.Keep();
 }
 

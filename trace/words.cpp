@@ -18,7 +18,9 @@ std::string InWords(const ToldBox& box, const Call& call) {
   for (char& letter : words) {
     if (letter < ' ' || letter > '~') letter = '.';
   }
-  if (!call.Succeeded()) words += Format("  failed: %d", call.result);
+  if (call.Succeeded()) return words;
+  words += call.TellsResult() ? "  failed" : "  result";
+  words += Format(": %d", call.result);
   return words;
 }
 

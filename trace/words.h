@@ -12,7 +12,7 @@ namespace panelora::trace {
 std::string TimeOfDay(std::uint64_t time);
 
 // What a call asked or told, in one line of characters that any console shows; with its result
-// where it failed.
+// where that is not success.
 std::string InWords(const ToldBox& box, const Call& call);
 
 }  // namespace panelora::trace

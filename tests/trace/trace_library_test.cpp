@@ -112,7 +112,7 @@ class Caller {
         Call call = Call::GetPicture();
         const int result =
             library->getKiraboxProcAmp(used, &brightness, &contrast, &hue, &saturation);
-        if (result != 0) call.bytes.assign(seen.picture.begin(), seen.picture.end());
+        call.bytes.assign(seen.picture.begin(), seen.picture.end());
         return Kept(call, result);
       }
       case Call::Operation::kGetProcAmp:

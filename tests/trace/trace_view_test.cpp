@@ -143,6 +143,24 @@ TEST(TraceView, GoesOnWithWhatFollows) {
   EXPECT_EQ(shown({whole, other}), Shown(whole) + Shown(other).substr(Shown(other).find('\n') + 1));
 }
 
+Call PictureRead(int result) {
+  Call call = Answered(Call::GetPicture(), {1, 2, 3, 4});
+  call.result = result;
+  return call;
+}
+
+// Of two calls nobody knows what their result says.
+TEST(TraceView, TakesNoResultOfPictureValuesForAFailure) {
+  const std::string shown = Shown(TraceOf(
+      {Identified(26), PictureRead(0), Call::SetProcAmp(0, proc_amp::kHue, 9), PictureRead(1)}));
+  EXPECT_NE(shown.find("  Picture values: brightness 1, contrast 2, hue 3, saturation 4  result: "
+                       "0\n"),
+            std::string::npos)
+      << shown;
+  EXPECT_NE(shown.find("  Hue: 9  result: 0\n"), std::string::npos) << shown;
+  EXPECT_NE(shown.find("saturation 4\n"), std::string::npos) << shown;
+}
+
 TEST(TraceView, SpeaksOfTheBoxThatTheFilesBeforeToldOf) {
   const Trace whole = TraceOf({Identified(20), Told(Call::SetWord(0, 3, 1))});
   Trace second = whole;
@@ -229,6 +247,14 @@ TEST(TraceAsTest, SaysWhatTheTraceDoesNotTell) {
                       "was.\n"),
             std::string::npos)
       << test;
+}
+
+TEST(TraceAsTest, HasPictureValuesWhateverTheirResult) {
+  Trace trace = TraceOf({Identified(26), PictureRead(0), Call::SetProcAmp(0, proc_amp::kHue, 9)});
+  for (TracedCall& each : trace.calls) each.time = kTime;
+  const std::string test = AsTest(trace);
+  EXPECT_NE(test.find("  box.Picture() = {1, 2, 3, 4};\n"), std::string::npos) << test;
+  EXPECT_EQ(test.find("device.Fail("), std::string::npos) << test;
 }
 
 TEST(TraceAsTest, HasTheBoxThatTheFilesBeforeToldOf) {
