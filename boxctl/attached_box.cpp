@@ -42,8 +42,11 @@ Call AttachedBox::AskPicture(const Address& at) const {
   if (picture::kToldOneByOne.Has(identity.boxType)) {
     call.result = link.GetVideoProcAmp(handle, kBoxGroup, at.number, words);
   } else {
-    ProcAmpBytes all;
+    // What its result says is not known: it has answered where it filled something.
+    constexpr ProcAmpBytes kUntouched = {0xA5, 0x5A, 0xC3, 0x3C};
+    ProcAmpBytes all = kUntouched;
     call.result = link.GetKiraboxProcAmp(handle, all);
+    if (all != kUntouched) call.result = kSuccess;
     switch (at.number) {
       case proc_amp::kBrightness:
         words[0] = all.brightness;
@@ -73,6 +76,11 @@ Call AttachedBox::Ask(const Address& at) const {
   return call;
 }
 
+bool AttachedBox::TellsBack(const Address& picture, std::uint8_t value) const {
+  const Call answer = AskPicture(picture);
+  return answer.Succeeded() && answer.words[0] == value;
+}
+
 bool AttachedBox::Tell(const Address& at, std::span<const std::uint8_t> bytes) const {
   switch (at.kind) {
     case Address::Kind::kBlock: {
@@ -84,7 +92,10 @@ bool AttachedBox::Tell(const Address& at, std::span<const std::uint8_t> bytes) c
     case Address::Kind::kWord:
       return link.SetBoxProperty(handle, kBoxGroup, at.number, bytes.front()) == kSuccess;
     case Address::Kind::kProcAmp:
-      return link.SetVideoProcAmp(handle, kBoxGroup, at.number, bytes.front()) == kSuccess;
+      // The same here: it has taken the value that it tells back.
+      if (link.SetVideoProcAmp(handle, kBoxGroup, at.number, bytes.front()) == kSuccess)
+        return true;
+      return TellsBack(at, bytes.front());
     case Address::Kind::kNone:
       break;
   }

@@ -36,6 +36,7 @@ class AttachedBox {
  private:
   Call AskBlock(const Address& at) const;
   Call AskPicture(const Address& at) const;
+  bool TellsBack(const Address& picture, std::uint8_t value) const;
 
   DeviceLink& link;
   DeviceHandle handle;

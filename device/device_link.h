@@ -47,6 +47,8 @@ struct ProcAmpBytes {
   std::uint8_t contrast = 128;
   std::uint8_t hue = 128;
   std::uint8_t saturation = 128;
+
+  bool operator==(const ProcAmpBytes&) const = default;
 };
 
 // One object per program. All calls come from the user-interface thread and are synchronous. Calls

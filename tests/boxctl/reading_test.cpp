@@ -228,5 +228,19 @@ TEST_F(BoxctlTest, ALibraryIsReadAndSetLikeTheDesk) {
   EXPECT_EQ(Writes(), Lines());
 }
 
+// What the library answers for picture values is not known to say anything.
+TEST_F(BoxctlTest, PictureValuesCountWhateverTheirResult) {
+  Call read = Call::GetPicture();
+  read.bytes = {1, 2, 3, 4};
+  const std::vector<Call> calls = {read, Call::SetProcAmp(0, proc_amp::kHue, 3)};
+  ASSERT_TRUE(Control().Play(*simulator::ReplayOf(calls)));
+  EXPECT_EQ(Run({"read", "Brightness", "Hue"}).out, "Brightness: 1\nHue: 3\n");
+  EXPECT_EQ(Run({"set", "Hue", "3"}), (Ran{0, "Hue: 3\n", ""}));
+  EXPECT_EQ(Run({"set", "Hue", "9"}), (Ran{1, "", "boxctl: the box refused Hue\n"}));
+  // Unless nothing was filled.
+  ASSERT_TRUE(Control().Play(*simulator::ReplayOf(std::vector<Call>{Call::GetPicture()})));
+  EXPECT_EQ(Run({"read", "Hue"}).code, 1);
+}
+
 }  // namespace
 }  // namespace panelora::boxctl
