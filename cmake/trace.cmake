@@ -2,6 +2,7 @@
 add_library(panelora_trace STATIC
   trace/trace_as_test.cpp
   trace/trace_file.cpp
+  trace/trace_follower.cpp
   trace/trace_line.cpp
   trace/trace_view.cpp
   trace/trace_writer.cpp

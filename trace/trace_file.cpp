@@ -24,12 +24,14 @@ constexpr std::size_t kMostInHead = 2;    // identity and firmware
 // Lines of a stream, none of which is held longer than a line of a trace is.
 class Lines {
  public:
-  explicit Lines(std::istream& in) : source(in.rdbuf()) {}
+  // The first line has the number after this one.
+  explicit Lines(std::istream& in, std::uint64_t before = 0) : source(in.rdbuf()), number(before) {}
 
   // False when there is no more, not even a part of a line.
   bool Next() {
     text.clear();
     isWhole = false;
+    begin = read;
     for (int letter = 0; !isWhole && text.size() <= Line::kLongest;) {
       letter = source != nullptr ? source->sbumpc() : kEnd;
       if (letter == kEnd) break;
@@ -50,14 +52,17 @@ class Lines {
   // Whether the stream ended within the line.
   bool IsCutOff() const { return !isWhole && text.size() < Line::kLongest; }
   std::uint64_t BytesRead() const { return read; }
+  // Where the line begins.
+  std::uint64_t Begin() const { return begin; }
 
  private:
   static constexpr int kEnd = std::char_traits<char>::eof();
 
   std::streambuf* source;
   std::string text;
-  std::uint64_t number = 0;
+  std::uint64_t number;
   std::uint64_t read = 0;
+  std::uint64_t begin = 0;
   bool isWhole = false;
 };
 
@@ -219,7 +224,10 @@ std::optional<std::string_view> Checked(std::string_view line) {
 
 class Reader {
  public:
-  Reader(std::istream& in, std::uint64_t theLongest) : lines(in), longest(theLongest) {}
+  using Reached = GrowingTrace::Reached;
+
+  Reader(std::istream& in, std::uint64_t theLongest, std::uint64_t line = 0)
+      : lines(in, line > 0 ? line - 1 : 0), longest(theLongest) {}
 
   std::optional<Trace> Read(std::string& error) {
     if (!ReadFirstLine()) return Failed(error);
@@ -234,6 +242,28 @@ class Reader {
       return Failed(error);
     }
     error.clear();
+    return std::move(trace);
+  }
+
+  // The same of lines that are whole, behind the one that was read last.
+  std::optional<Trace> ReadOn(Reached& reached, std::string& error) {
+    const std::uint64_t from = reached.place;
+    const auto reach = [&] {
+      reached = {from + lines.Begin(), lines.Number(), expected, lines.Text()};
+    };
+    if (reached.line != 0) {
+      if (!lines.Next() || !lines.IsWhole() || lines.Text() != reached.text) return std::nullopt;
+      trace.firstNumber = expected = reached.next;
+    } else {
+      const bool isThere = ReadFirstLine();
+      if (lines.IsCutOff()) return std::nullopt;
+      if (!isThere) return Failed(error);
+      reach();
+    }
+    while (lines.Next() && !lines.IsCutOff()) {
+      if (!ReadLine()) return Failed(error);
+      reach();
+    }
     return std::move(trace);
   }
 
@@ -318,6 +348,11 @@ class Reader {
 
 std::optional<Trace> ReadTrace(std::istream& in, std::string& error, std::uint64_t longest) {
   return Reader(in, longest).Read(error);
+}
+
+std::optional<Trace> GrowingTrace::ReadOn(std::istream& in, std::string& error) {
+  error.clear();
+  return Reader(in, kLongestTrace, reached.line).ReadOn(reached, error);
 }
 
 }  // namespace panelora::trace

@@ -49,4 +49,27 @@ inline constexpr std::uint64_t kLongestTrace = 200'000'000;
 std::optional<Trace> ReadTrace(std::istream& in, std::string& error,
                                std::uint64_t longest = kLongestTrace);
 
+// A trace that is read while it is written.
+class GrowingTrace {
+ public:
+  // How far it was read.
+  struct Reached {
+    std::uint64_t place = 0;  // where the line begins that was read last
+    std::uint64_t line = 0;   // its number; 0 = none was read yet
+    std::uint64_t next = 0;   // number of the call behind it
+    std::string text;         // the line
+  };
+
+  // The calls whose lines have become whole since the last time, of a stream that begins at
+  // TheReached().place. Nothing without an error where the line that was read last is not there any
+  // more, as in another file, or the first one not yet.
+  std::optional<Trace> ReadOn(std::istream& in, std::string& error);
+
+  const Reached& TheReached() const { return reached; }
+  bool IsBegun() const { return reached.line != 0; }
+
+ private:
+  Reached reached;
+};
+
 }  // namespace panelora::trace

@@ -207,6 +207,51 @@ TEST(TraceFile, IsReadUpToWhereItIsCutOff) {
   }
 }
 
+// Of a stream from the place on that was reached.
+std::optional<Trace> ReadOn(GrowingTrace& growing, const std::string& text, std::string& error) {
+  std::istringstream in(
+      text.substr(std::min<std::size_t>(text.size(), growing.TheReached().place)));
+  return growing.ReadOn(in, error);
+}
+
+TEST(TraceFile, IsReadWhileItGrows) {
+  const std::vector<TracedCall> written = ManyTraced();
+  const std::string text = TextOfLines(written);
+  for (const std::size_t step : {1U, 50U, 1000U}) {
+    GrowingTrace growing;
+    std::vector<TracedCall> read;
+    for (std::size_t size = 0; size < text.size() + step; size += step) {
+      std::string error;
+      const auto part = ReadOn(growing, text.substr(0, size), error);
+      ASSERT_EQ(error, "");
+      ASSERT_EQ(part.has_value(), growing.IsBegun());
+      if (!part) continue;
+      ASSERT_EQ(part->firstNumber, read.size() + 1);
+      read.insert(read.end(), part->calls.begin(), part->calls.end());
+    }
+    EXPECT_EQ(read.size(), written.size());
+    EXPECT_TRUE(IsBeginning(read, written));
+  }
+}
+
+TEST(TraceFile, IsNotGoneOnWithInAnotherFile) {
+  std::vector<TracedCall> traced = ManyTraced();
+  std::string text = TextOfLines(traced);
+  GrowingTrace growing;
+  std::string error;
+  ASSERT_TRUE(ReadOn(growing, text, error));
+  EXPECT_FALSE(ReadOn(growing, "", error));
+  EXPECT_FALSE(ReadOn(growing, text.substr(0, text.size() - 1), error));
+  ++traced.back().time;
+  EXPECT_FALSE(ReadOn(growing, TextOfLines(traced), error));
+  EXPECT_EQ(error, "");
+  EXPECT_TRUE(ReadOn(growing, text, error));
+  text += "nonsense\r\n";
+  EXPECT_FALSE(ReadOn(growing, text, error));
+  EXPECT_EQ(error, "line " + std::to_string(traced.size() + 2) +
+                       ": the line is damaged: take an untouched copy of the trace");
+}
+
 TEST(TraceFile, NamesTheLineThatIsWrong) {
   const std::vector<TracedCall> traced = ManyTraced();
   const auto line = [&](std::uint64_t number) {
