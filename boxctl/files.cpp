@@ -55,24 +55,21 @@ std::string LineOf(const Json& json) {
   return json.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-std::ifstream OpenFile(const std::string& path) {
+void RefuseFolder(const std::string& path) {
   std::error_code error;
   if (fs::is_directory(PathOf(path), error)) {
     throw Failure(Exit::kBadInput, Printable(path) + " is a folder: name a file");
   }
-  std::ifstream file(PathOf(path), std::ios::binary);
-  if (file) return file;
-  throw Failure(Exit::kBadInput, Printable(path) + " can't be opened: is the name right?");
 }
 
-std::uint64_t SizeOf(const std::string& path) {
-  std::error_code error;
-  const std::uint64_t size = fs::file_size(PathOf(path), error);
-  return error ? 0 : size;
+Failure NotOpened(const std::string& path) {
+  return {Exit::kBadInput, Printable(path) + " can't be opened: is the name right?"};
 }
 
 std::string ReadFile(const std::string& path) {
-  std::ifstream file = OpenFile(path);
+  RefuseFolder(path);
+  std::ifstream file(PathOf(path), std::ios::binary);
+  if (!file) throw NotOpened(path);
   std::string text;
   std::array<char, 4096> piece;
   do {

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <fstream>
 #include <string>
 
 #include "boxctl/failure.h"
@@ -17,9 +16,9 @@ constexpr std::size_t kMostFileBytes = 4U << 20;
 
 // Paths are in UTF-8. What is wrong is a failure that names the file.
 std::string ReadFile(const std::string& path);
-std::ifstream OpenFile(const std::string& path);
-// In bytes; 0 when there is no such file.
-std::uint64_t SizeOf(const std::string& path);
+// Refuses what is no file that can be read.
+void RefuseFolder(const std::string& path);
+Failure NotOpened(const std::string& path);
 // Over a new file beside it, which takes its place in one go.
 void WriteFile(const std::string& path, const std::string& text);
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <streambuf>
 #include <string>
 
 #include "device/device_link.h"
@@ -23,6 +25,10 @@ class Host {
   virtual Desk OpenDesk(std::string& error) = 0;
   // A device library by its path, in UTF-8; null with the reason in `error`.
   virtual DeviceLink* OpenLibrary(const std::string& path, std::string& error) = 0;
+  // A file by its path, in UTF-8, from a place on; null when it can't be opened. Whoever writes it
+  // may move it meanwhile.
+  virtual std::unique_ptr<std::streambuf> OpenShared(const std::string& path,
+                                                     std::uint64_t from) = 0;
   virtual std::uint64_t Milliseconds() const = 0;  // since any moment
   virtual void Sleep(std::uint32_t milliseconds) = 0;
   // Whether the operator wants an end (Ctrl+C).

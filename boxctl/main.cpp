@@ -4,11 +4,13 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <iostream>
 #include <map>
 #include <memory>
 #include <optional>
+#include <streambuf>
 #include <string>
 #include <vector>
 
@@ -69,6 +71,41 @@ std::wstring FullPath(const std::wstring& path) {
   return full;
 }
 
+// A file that others may write and move while it is read.
+class SharedFile final : public std::streambuf {
+ public:
+  SharedFile(const std::wstring& path, std::uint64_t from)
+      : file(CreateFileW(path.c_str(), GENERIC_READ,
+                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                         OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)) {
+    LARGE_INTEGER place;
+    place.QuadPart = static_cast<LONGLONG>(from);
+    if (IsOpen()) SetFilePointerEx(file, place, nullptr, FILE_BEGIN);
+  }
+  ~SharedFile() override {
+    if (IsOpen()) CloseHandle(file);
+  }
+  SharedFile(const SharedFile&) = delete;
+  SharedFile& operator=(const SharedFile&) = delete;
+
+  bool IsOpen() const { return file != INVALID_HANDLE_VALUE; }
+
+ protected:
+  int_type underflow() override {  // NOLINT(readability-identifier-naming): overridden
+    DWORD count = 0;
+    if (ReadFile(file, piece.data(), static_cast<DWORD>(piece.size()), &count, nullptr) == FALSE ||
+        count == 0) {
+      return traits_type::eof();
+    }
+    setg(piece.data(), piece.data(), piece.data() + count);
+    return traits_type::to_int_type(piece[0]);
+  }
+
+ private:
+  HANDLE file;
+  std::array<char, 65536> piece;
+};
+
 class WindowsHost final : public panelora::boxctl::Host {
  public:
   Desk OpenDesk(std::string& error) override {
@@ -97,6 +134,12 @@ class WindowsHost final : public panelora::boxctl::Host {
     }
     library = std::move(loaded);
     return library.get();
+  }
+
+  std::unique_ptr<std::streambuf> OpenShared(const std::string& path, std::uint64_t from) override {
+    auto file = std::make_unique<SharedFile>(FromUtf8(path), from);
+    if (!file->IsOpen()) return nullptr;
+    return file;
   }
 
   std::uint64_t Milliseconds() const override { return GetTickCount64(); }

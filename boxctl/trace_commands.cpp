@@ -1,11 +1,13 @@
 #include "boxctl/trace_commands.h"
 
 #include <algorithm>
-#include <sstream>
+#include <istream>
+#include <ostream>
 
 #include "base/text.h"
 #include "boxctl/files.h"
 #include "trace/told_box.h"
+#include "trace/trace_follower.h"
 #include "trace/trace_view.h"
 #include "trace/words.h"
 
@@ -18,69 +20,90 @@ using trace::TracedCall;
 
 constexpr std::uint32_t kPeriod = 500;  // ms from look to look
 
-Trace TraceOf(const std::string& path) {
-  std::ifstream file = OpenFile(path);
+Trace TraceOf(Session& session, const std::string& path) {
+  RefuseFolder(path);
+  const auto file = session.System().OpenShared(path, 0);
+  if (file == nullptr) throw NotOpened(path);
+  std::istream in(file.get());
   std::string error;
-  std::optional<Trace> read = trace::ReadTrace(file, error);
+  std::optional<Trace> read = trace::ReadTrace(in, error);
   if (!read) throw Failure(Exit::kBadInput, Printable(path) + ": " + Printable(error));
   return std::move(*read);
 }
 
 // A call a line, and one for each place where some are missing.
-std::string JsonLines(const Trace& shown, const trace::ViewOptions& options) {
-  std::string lines;
-  const auto onCall = [&](const trace::ToldBox& box, std::uint64_t number, const TracedCall& each) {
-    if (!IsShown(each, options)) return;
-    const Json json = {{"number", number},          {"time", each.time},
-                       {"duration", each.duration}, {"write", each.call.IsWrite()},
-                       {"call", TextOf(each.call)}, {"words", trace::InWords(box, each.call)},
-                       {"result", each.call.result}};
-    lines += LineOf(json) + "\n";
-  };
-  const auto onLost = [&](std::uint64_t number, std::uint64_t count) {
-    lines += LineOf({{"number", number}, {"lost", count}}) + "\n";
-  };
-  trace::TraceWalk(onCall, onLost).Take(shown);
-  return lines;
-}
+class JsonView {
+ public:
+  JsonView(const trace::ViewOptions& theOptions, std::ostream& theOut)
+      : options(theOptions), out(theOut) {}
+  JsonView(const JsonView&) = delete;
+  JsonView& operator=(const JsonView&) = delete;
 
-std::string TextOfCalls(const Trace& shown, const TraceOptions& options, bool isJson) {
-  const trace::ViewOptions view = {options.writes, options.slow};
-  if (isJson) return JsonLines(shown, view);
-  std::ostringstream lines;
-  trace::TraceView(view, lines).Show(shown);
-  return lines.str();
+  void Show(const Trace& part) { walk.Take(part); }
+
+ private:
+  void ShowCall(const trace::ToldBox& box, std::uint64_t number, const TracedCall& each) {
+    if (!IsShown(each, options)) return;
+    out << LineOf({{"number", number},
+                   {"time", each.time},
+                   {"duration", each.duration},
+                   {"write", each.call.IsWrite()},
+                   {"call", TextOf(each.call)},
+                   {"words", trace::InWords(box, each.call)},
+                   {"result", each.call.result}})
+        << '\n';
+  }
+
+  trace::ViewOptions options;
+  std::ostream& out;
+  trace::TraceWalk walk{[this](const trace::ToldBox& box, std::uint64_t number,
+                               const TracedCall& each) { ShowCall(box, number, each); },
+                        [this](std::uint64_t number, std::uint64_t count) {
+                          out << LineOf({{"number", number}, {"lost", count}}) << '\n';
+                        }};
+};
+
+template <class View>
+void Show(Session& session, const std::string& path, View& view, bool follows) {
+  if (!follows) {
+    view.Show(TraceOf(session, path));
+    return;
+  }
+  RefuseFolder(path);
+  trace::TraceFollower follower(path, [&](const std::string& file, std::uint64_t from) {
+    return session.System().OpenShared(file, from);
+  });
+  for (;;) {
+    std::string error;
+    const bool isTrace = follower.Look([&](const Trace& part) { view.Show(part); }, error);
+    session.Out().flush();
+    if (!isTrace) throw Failure(Exit::kBadInput, Printable(error));
+    session.System().Sleep(kPeriod);
+    if (session.System().IsStopped()) return;
+  }
 }
 
 }  // namespace
 
 void ShowTrace(Session& session, const std::string& path, const TraceOptions& options) {
-  if (options.asTest) {
-    if (session.IsJson()) {
-      throw Failure(Exit::kBadInput, "a test is no JSON: leave out --json or --as-test");
-    }
-    trace::ShowAsTest(TraceOf(path), session.Out());
-    return;
+  const trace::ViewOptions shown = {options.writes, options.slow};
+  if (options.asTest && session.IsJson()) {
+    throw Failure(Exit::kBadInput, "a test is no JSON: leave out --json or --as-test");
   }
-  std::string before;
-  std::uint64_t size = 0;
-  do {
-    const std::uint64_t now = SizeOf(path);
-    if (before.empty() || now != size) {
-      const std::string lines = TextOfCalls(TraceOf(path), options, session.IsJson());
-      // A trace that was begun anew is shown from its beginning.
-      const bool goesOn = lines.starts_with(before);
-      session.Out() << lines.substr(goesOn ? before.size() : 0) << std::flush;
-      before = lines;
-      size = now;
-    }
-    if (options.follow) session.System().Sleep(kPeriod);
-  } while (options.follow && !session.System().IsStopped());
+  if (options.asTest) {
+    trace::ShowAsTest(TraceOf(session, path), session.Out());
+  } else if (session.IsJson()) {
+    JsonView view(shown, session.Out());
+    Show(session, path, view, options.follow);
+  } else {
+    trace::TraceView view(shown, session.Out());
+    Show(session, path, view, options.follow);
+  }
 }
 
 void Replay(Session& session, const std::string& path) {
   simulator::BoxControl control = session.Control();
-  const Trace read = TraceOf(path);
+  const Trace read = TraceOf(session, path);
   trace::ToldBox box;
   for (const Call& call : read.before) box.Hear(call);
   std::vector<Call> calls(read.calls.size());

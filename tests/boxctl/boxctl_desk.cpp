@@ -34,6 +34,14 @@ DeviceLink* TestHost::OpenLibrary(const std::string& path, std::string& error) {
   return nullptr;
 }
 
+std::unique_ptr<std::streambuf> TestHost::OpenShared(const std::string& path, std::uint64_t from) {
+  auto file = std::make_unique<std::filebuf>();
+  if (file->open(path, std::ios::in | std::ios::binary) == nullptr) return nullptr;
+  openedFrom = from;
+  file->pubseekpos(static_cast<std::streamoff>(from));
+  return file;
+}
+
 void TestHost::Sleep(std::uint32_t milliseconds) {
   now += milliseconds;
   if (whenSleeping) whenSleeping(sleeps);

@@ -24,6 +24,7 @@ class TestHost final : public Host, public simulator::BoxHost {
 
   Desk OpenDesk(std::string& error) override;
   DeviceLink* OpenLibrary(const std::string& path, std::string& error) override;
+  std::unique_ptr<std::streambuf> OpenShared(const std::string& path, std::uint64_t from) override;
   bool IsStopped() const override { return stopped; }
 
   bool Lock() override {
@@ -49,6 +50,7 @@ class TestHost final : public Host, public simulator::BoxHost {
   bool hasDesk = true;
   bool isKept = false;  // by another program
   std::uint64_t now = 0;
+  std::uint64_t openedFrom = 0;  // the place from which a file was opened last
   std::unique_ptr<simulator::SharedBox> desk;
   std::unique_ptr<simulator::SharedBox> real;
 

@@ -1,4 +1,9 @@
 // Traces: shown in words, followed, and replayed.
+#include <filesystem>
+#include <functional>
+#include <sstream>
+
+#include "boxctl/json.h"
 #include "tests/boxctl/boxctl_desk.h"
 #include "trace/trace_line.h"
 
@@ -68,6 +73,129 @@ TEST_F(Traces, AreFollowed) {
   EXPECT_TRUE(followed.out.starts_with(before));
   EXPECT_EQ(followed.out, Run({"trace", File("trace.txt")}).out);
   EXPECT_NE(followed.out.find("Contrast: 9"), std::string::npos);
+}
+
+// A trace that goes from file to file, as the tracing library writes it.
+class FollowedTraces : public Traces {
+ protected:
+  // The file's lines, of calls that all write the Hue.
+  static std::string Lines(std::uint64_t first, std::uint64_t last) {
+    std::string lines;
+    for (std::uint64_t number = first; number <= last; ++number) {
+      lines +=
+          LineOf(number, Call::SetProcAmp(0, proc_amp::kHue, static_cast<std::uint32_t>(number)));
+    }
+    return lines;
+  }
+  static std::string FileOf(std::uint64_t first, std::uint64_t last) {
+    return std::string(trace::Line::First(first).Text()) + Lines(first, last);
+  }
+  void PutTrace(const std::string& text) { Put(File("x.trace.txt"), text); }
+  void PutOlder(const std::string& text) { Put(File("x.trace.old.txt"), text); }
+
+  // What is in the files at each look, one after the other; the numbers that are shown, and how
+  // many are lost as negative ones.
+  std::vector<long> Follow(const std::vector<std::function<void()>>& looks, int code = 0) {
+    looks.front()();
+    host.whenSleeping = [&, next = std::size_t{1}](int) mutable {
+      host.stopped = next == looks.size();
+      if (!host.stopped) looks[next++]();
+    };
+    const Ran ran = Run({"trace", File("x.trace.txt"), "--follow", "--json"});
+    EXPECT_EQ(ran.code, code) << ran.err;
+    error = ran.err;
+    std::vector<long> numbers;
+    std::istringstream lines(ran.out);
+    for (std::string line; std::getline(lines, line);) {
+      const Json json = Json::parse(line);
+      const bool isLost = json.contains("lost");
+      numbers.push_back(isLost ? -json["lost"].get<long>() : json["number"].get<long>());
+    }
+    return numbers;
+  }
+
+  static std::vector<long> Numbers(long first, long last) {
+    std::vector<long> numbers;
+    for (; first <= last; ++first) numbers.push_back(first);
+    return numbers;
+  }
+
+  std::string error;
+};
+
+TEST_F(FollowedTraces, GoOnInANewFileWithoutAGap) {
+  EXPECT_EQ(Follow({[&] { PutTrace(FileOf(1, 10)); },
+                    [&] {  // 11 to 15 came between the last look and the new file
+                      PutOlder(FileOf(1, 15));
+                      PutTrace(FileOf(16, 20));
+                    },
+                    [&] { PutTrace(FileOf(16, 22)); },
+                    [&] {
+                      PutOlder(FileOf(16, 22));
+                      PutTrace("");
+                    },
+                    [&] { PutTrace(FileOf(23, 24)); }}),
+            Numbers(1, 24));
+}
+
+TEST_F(FollowedTraces, WaitWhereThereIsNoFile) {
+  const auto remove = [&] { std::filesystem::remove(File("x.trace.txt")); };
+  EXPECT_EQ(Follow({remove, [&] { PutTrace(""); }, [&] { PutTrace("Panelora tra"); },
+                    [&] { PutTrace(FileOf(1, 3)); },
+                    [&] {
+                      PutOlder(FileOf(1, 4));
+                      remove();
+                    },
+                    [&] { PutTrace(FileOf(5, 6)); }}),
+            Numbers(1, 6));
+}
+
+TEST_F(FollowedTraces, HaveNoHalfOfALine) {
+  const std::string whole = FileOf(1, 3);
+  std::vector<std::function<void()>> looks;
+  for (std::size_t size = 0; size <= whole.size(); size += 7) {
+    looks.emplace_back([&, size] { PutTrace(whole.substr(0, size)); });
+  }
+  looks.emplace_back([&] { PutTrace(whole); });
+  EXPECT_EQ(Follow(looks), Numbers(1, 3));
+}
+
+TEST_F(FollowedTraces, AreReadOnlyWhereTheyAreNew) {
+  Follow({[&] { PutTrace(FileOf(1, 100)); }, [&] { PutTrace(FileOf(1, 101)); }, [] {}});
+  EXPECT_EQ(host.openedFrom, FileOf(1, 100).size());
+}
+
+TEST_F(FollowedTraces, TellWhatIsNoLongerKept) {
+  std::vector<long> expected = Numbers(1, 10);
+  expected.push_back(-20);
+  for (const long number : Numbers(31, 50)) expected.push_back(number);
+  EXPECT_EQ(Follow({[&] { PutTrace(FileOf(1, 10)); },
+                    [&] {
+                      PutOlder(FileOf(31, 40));
+                      PutTrace(FileOf(41, 50));
+                    }}),
+            expected);
+}
+
+TEST_F(FollowedTraces, BeginAnewWithTheNextRun) {
+  std::vector<long> expected = Numbers(1, 12);
+  for (const long number : Numbers(1, 3)) expected.push_back(number);
+  EXPECT_EQ(Follow({[&] { PutTrace(FileOf(1, 10)); },
+                    [&] {  // it was killed while it wrote
+                      PutOlder(FileOf(1, 12) + Lines(13, 13).substr(0, 30));
+                      PutTrace(FileOf(1, 3));
+                    }}),
+            expected);
+}
+
+TEST_F(FollowedTraces, NameTheLineThatIsDamaged) {
+  EXPECT_EQ(
+      Follow({[&] { PutTrace(FileOf(1, 10)); }, [&] { PutTrace(FileOf(1, 12) + "nonsense\n"); }},
+             2),
+      Numbers(1, 10));
+  EXPECT_EQ(error, "boxctl: " + File("x.trace.txt") +
+                       ": line 14: the line is damaged: take an untouched copy of the trace\n");
+  EXPECT_EQ(Run({"trace", File(""), "--follow"}).code, 2);
 }
 
 TEST_F(Traces, AreReplayed) {
