@@ -8,6 +8,7 @@ if(NOT WIN32)
     boxctl/guide_test.cpp
     boxctl/panel_settings_test.cpp
     boxctl/reading_test.cpp
+    boxctl/replay_test.cpp
     boxctl/script_test.cpp
     boxctl/settings_test.cpp
     boxctl/trace_test.cpp
