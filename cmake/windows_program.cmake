@@ -45,12 +45,13 @@ panelora_read_once(panelora_win32 ${PANELORA_OFTEN_INCLUDED}
 
 # The art is rendered from its vector sources into bitmaps and a resource script that names them. The
 # presets share it.
+find_package(Python3 3.9 COMPONENTS Interpreter REQUIRED)
 set(PANELORA_ART_DIR ${PROJECT_BINARY_DIR}/art CACHE PATH "Where the rendered artwork is kept")
 file(GLOB PANELORA_ART_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/res/art/*)
 file(GLOB PANELORA_DIALOGS CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/res/dialogs/*.inc)
 add_custom_command(
   OUTPUT ${PANELORA_ART_DIR}/art.rc
-  COMMAND ${PROJECT_SOURCE_DIR}/tools/render_art ${PANELORA_ART_DIR}
+  COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/render_art ${PANELORA_ART_DIR}
   DEPENDS ${PROJECT_SOURCE_DIR}/tools/render_art ${PANELORA_ART_SOURCES}
   COMMENT "Rendering the artwork"
   VERBATIM)
