@@ -61,8 +61,8 @@ add_custom_target(panelora_art DEPENDS ${PANELORA_ART_DIR}/art.rc)
 set(PANELORA_SHOWN_ART_DIR ${PROJECT_BINARY_DIR}/shown_art)
 add_custom_command(
   OUTPUT ${PANELORA_SHOWN_ART_DIR}/art.rc
-  COMMAND ${PROJECT_SOURCE_DIR}/tools/admitted_art ${PANELORA_ART_DIR}/art.rc
-          ${PANELORA_SHOWN_ART_DIR}/art.rc ${PANELORA_ADMITTED_BOX_TYPES}
+  COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/admitted_art
+          ${PANELORA_ART_DIR}/art.rc ${PANELORA_SHOWN_ART_DIR}/art.rc ${PANELORA_ADMITTED_BOX_TYPES}
   DEPENDS ${PROJECT_SOURCE_DIR}/tools/admitted_art ${PANELORA_ART_DIR}/art.rc
           ${PROJECT_SOURCE_DIR}/app/device_picture.cpp ${PROJECT_SOURCE_DIR}/catalogue/wall.cpp
   COMMENT "Choosing the pictures that the admitted boxes show"

@@ -16,7 +16,7 @@ using TypesOfPictures = std::map<std::string, std::set<int>>;
 constexpr char kScreens[] = "WND";
 
 TypesOfPictures ReadTable() {
-  const std::string command = std::string(PANELORA_SOURCE_DIR) + "/tools/admitted_art --table";
+  const std::string command = "'" PANELORA_SOURCE_DIR "/tools/admitted_art' --table";
   std::FILE* const pipe = popen(command.c_str(), "r");
   std::string text;
   for (std::array<char, 4096> part; std::fgets(part.data(), part.size(), pipe) != nullptr;) {
