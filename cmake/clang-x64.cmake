@@ -1,4 +1,5 @@
 # clang as a second compiler for 64-bit Windows, with the headers and libraries of mingw-w64 and its g++.
+# It reads the sources as MSVC does, and warns of what GNU has added to the language.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_C_COMPILER clang-14)
@@ -14,7 +15,10 @@ execute_process(COMMAND x86_64-w64-mingw32-g++-posix -print-libgcc-file-name
 cmake_path(GET PANELORA_LIBGCC PARENT_PATH PANELORA_GCC_DIR)
 string(CONCAT CMAKE_CXX_FLAGS_INIT
   "-stdlib++-isystem ${PANELORA_GCC_DIR}/include/c++ "
-  "-stdlib++-isystem ${PANELORA_GCC_DIR}/include/c++/x86_64-w64-mingw32")
+  "-stdlib++-isystem ${PANELORA_GCC_DIR}/include/c++/x86_64-w64-mingw32 "
+  "-fms-compatibility -fms-compatibility-version=19.29 -Wgnu "
+  # What these headers need of GNU's compiler, which it is not any more with the former.
+  "-fgnuc-version=4.2.1 -D__STRICT_ANSI__")
 foreach(kind EXE SHARED)
   set(CMAKE_${kind}_LINKER_FLAGS_INIT "-L${PANELORA_GCC_DIR} -pthread")  # its libstdc++ needs pthreads
 endforeach()
