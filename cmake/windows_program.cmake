@@ -5,9 +5,8 @@ enable_language(RC)
 # place in memory with every start, out of the whole range where addresses have 64 bits, and for data
 # that is never run as code.
 if(MSVC)
-  set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
-  add_compile_options(/guard:cf)
-  add_link_options(/GUARD:CF /DYNAMICBASE /NXCOMPAT)
+  # The resources have the manifest; the linker's own would be a second one.
+  add_link_options(/MANIFEST:NO /GUARD:CF /DYNAMICBASE /NXCOMPAT)
   if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     add_link_options(/HIGHENTROPYVA)
   endif()
@@ -49,9 +48,13 @@ find_package(Python3 3.9 COMPONENTS Interpreter REQUIRED)
 set(PANELORA_ART_DIR ${PROJECT_BINARY_DIR}/art CACHE PATH "Where the rendered artwork is kept")
 file(GLOB PANELORA_ART_SOURCES CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/res/art/*)
 file(GLOB PANELORA_DIALOGS CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/res/dialogs/*.inc)
+if(MSVC)
+  set(PANELORA_ART_OPTIONS --plain-names)
+endif()
 add_custom_command(
   OUTPUT ${PANELORA_ART_DIR}/art.rc
-  COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/render_art ${PANELORA_ART_DIR}
+  COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/render_art ${PANELORA_ART_OPTIONS}
+          ${PANELORA_ART_DIR}
   DEPENDS ${PROJECT_SOURCE_DIR}/tools/render_art ${PANELORA_ART_SOURCES}
   COMMENT "Rendering the artwork"
   VERBATIM)
