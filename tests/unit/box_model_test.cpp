@@ -30,7 +30,8 @@ class BoxModelTest : public ::testing::Test {
 };
 
 TEST_F(BoxModelTest, AnswersEverythingThatThePagesOfModel26Read) {
-  for (const std::uint32_t item : {4, 2, 7, 12, 10, 15, 19, 11, 6, 16, 21, 5}) ReadWord(item);
+  for (const std::uint32_t item : {4U, 2U, 7U, 12U, 10U, 15U, 19U, 11U, 6U, 16U, 21U, 5U})
+    ReadWord(item);
   for (const std::uint8_t property : Bytes{254, 1, 14, 17, 18, 22, 23}) ReadBlock(property, 4);
   ProcAmpBytes picture;
   EXPECT_EQ(box.GetKiraboxProcAmp(handle, picture), kSuccess);

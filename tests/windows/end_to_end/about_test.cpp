@@ -53,7 +53,7 @@ TEST_F(AboutTest, LowBitsOfTheCommandDoNotCount) {
 
 TEST_F(AboutTest, EnterAndEscapeClose) {
   PanelProcess& panel = Start();
-  for (const WPARAM key : {VK_RETURN, VK_ESCAPE}) {
+  for (const WPARAM key : {WPARAM{VK_RETURN}, WPARAM{VK_ESCAPE}}) {
     SCOPED_TRACE(key);
     OpenAbout(panel);
     panel.PostKey(panel.Control(res::kAbout, 1), key);
