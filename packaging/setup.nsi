@@ -1,0 +1,503 @@
+; The installer, one for both bitnesses. ./package gives it what differs by version: PRODUCT, VERSION,
+; DESCRIPTION, DEVELOPERS, YEAR, OUTPUT, the folder GENERATED with files.nsh, and SIGN when it is signed.
+; It is a 32-bit program, which every Windows runs, unless TARGET names another.
+;
+;   setup.exe [/S] [/CURRENTUSER] [/LIBRARY=PATH] [/LOG=FILE] [/D=FOLDER]
+;
+;   /S            asks nothing and shows nothing
+;   /CURRENTUSER  installs for the user who runs it, also with administrator rights
+;   /LIBRARY=     the DEVLNK.dll that decides the bitness; it is copied beside the program
+;   /LOG=         writes what was decided and done into this file as well
+;   /D=           the folder; must be the last, and takes no quotes
+;
+; Ends with 0, or with 1 when the user cancelled, 2 when files can't be written, 3 when the library or the
+; folder is wrong, 4 when a program that is to be replaced runs.
+Unicode true
+!ifdef TARGET
+  Target ${TARGET}
+!endif
+!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\${PRODUCT}"
+!define CANNOT_INSTALL 3
+!define IS_RUNNING 4
+
+Name "${PRODUCT}"
+OutFile "${OUTPUT}"
+BrandingText "${PRODUCT} ${VERSION}"
+RequestExecutionLevel highest
+ManifestDPIAware true
+ManifestSupportedOS all
+SetCompressor /SOLID lzma
+ShowInstDetails show
+ShowUninstDetails show
+AllowSkipFiles off
+
+VIProductVersion ${VERSION}
+VIFileVersion ${VERSION}
+VIAddVersionKey "CompanyName" "${DEVELOPERS}"
+VIAddVersionKey "FileDescription" "${PRODUCT} setup"
+VIAddVersionKey "FileVersion" "${VERSION}"
+VIAddVersionKey "InternalName" "setup"
+VIAddVersionKey "LegalCopyright" "Copyright (c) ${YEAR} ${DEVELOPERS}"
+VIAddVersionKey "OriginalFilename" "${PRODUCT}-${VERSION}-setup.exe"
+VIAddVersionKey "ProductName" "${PRODUCT}"
+VIAddVersionKey "ProductVersion" "${VERSION}"
+
+!include LogicLib.nsh
+!include x64.nsh
+!include FileFunc.nsh
+!include nsDialogs.nsh
+!include MUI2.nsh
+
+Var Pointed      ; what the user pointed at as the library
+Var LogFile      ; /LOG=, if given
+Var PerMachine   ; 1 or 0
+Var FolderGiven  ; 1 when the folder follows from /D= or from an earlier installation
+Var Earlier      ; its folder
+Var Made         ; the first of the folders above that one that did not exist, if any
+Var Copied       ; the stamp of the library that the installer has copied there
+
+!include "device_library.nsh"
+!include "${GENERATED}\files.nsh"
+
+!ifdef SIGN
+  !uninstfinalize '"${SIGN}" "%1"' = 0
+!endif
+
+!define MUI_ICON "${ICON}"
+!define MUI_UNICON "${ICON}"
+!define MUI_ABORTWARNING
+Page custom ShowLibraryPage LeaveLibraryPage
+!define MUI_PAGE_CUSTOMFUNCTION_LEAVE LeaveFolderPage
+!insertmacro MUI_PAGE_DIRECTORY
+!insertmacro MUI_PAGE_INSTFILES
+!define MUI_FINISHPAGE_RUN
+!define MUI_FINISHPAGE_RUN_TEXT "Start ${PRODUCT}"
+!define MUI_FINISHPAGE_RUN_FUNCTION StartPanel
+!insertmacro MUI_PAGE_FINISH
+!insertmacro MUI_UNPAGE_CONFIRM
+!insertmacro MUI_UNPAGE_INSTFILES
+!insertmacro MUI_LANGUAGE "English"
+
+; --- What is said ---------------------------------------------------------------------------------
+
+; A line of the details and of the log.
+!macro Say text
+  Push "${text}"
+  Call Say
+!macroend
+!define Say "!insertmacro Say"
+
+Function Say
+  Exch $0
+  Push $1
+  DetailPrint "$0"
+  FileOpen $1 "$PLUGINSDIR\setup.log" a
+  FileSeek $1 0 END
+  FileWriteUTF16LE /BOM $1 "$0$\r$\n"
+  FileClose $1
+  ${If} $LogFile != ""
+    FileOpen $1 "$LogFile" a
+    FileSeek $1 0 END
+    FileWriteUTF16LE /BOM $1 "$0$\r$\n"
+    FileClose $1
+  ${EndIf}
+  Pop $1
+  Pop $0
+FunctionEnd
+
+; GiveUp CODE TEXT: says why, and ends.
+!macro GiveUp code text
+  ${Say} "${text}"
+  MessageBox MB_OK|MB_ICONSTOP "${text}" /SD IDOK
+  SetErrorLevel ${code}
+  Quit
+!macroend
+!define GiveUp "!insertmacro GiveUp"
+
+; --- For whom, and where --------------------------------------------------------------------------
+
+!macro UseScope
+  ${If} $PerMachine = 1
+    SetShellVarContext all
+  ${Else}
+    SetShellVarContext current
+  ${EndIf}
+!macroend
+
+; One place in the registry for both bitnesses, so that either finds the other.
+!macro UseRegistry
+  ${If} ${RunningX64}
+    SetRegView 64
+  ${EndIf}
+!macroend
+
+Function .onInit
+  InitPluginsDir
+  !insertmacro UseRegistry
+  ${GetParameters} $R0
+  ClearErrors
+  ${GetOptions} $R0 "/LIBRARY=" $Pointed
+  ${GetOptions} $R0 "/LOG=" $LogFile
+  ${If} $LogFile != ""
+    Delete "$LogFile"
+  ${EndIf}
+  UserInfo::GetAccountType
+  Pop $0
+  StrCpy $PerMachine 0
+  ${If} $0 == "Admin"
+    StrCpy $PerMachine 1
+  ${EndIf}
+  ClearErrors
+  ${GetOptions} $R0 "/CURRENTUSER" $0
+  ${IfNot} ${Errors}
+    StrCpy $PerMachine 0
+  ${EndIf}
+  !insertmacro UseScope
+  ReadRegStr $Earlier SHCTX "${UNINSTALL_KEY}" "InstallLocation"
+  ReadRegStr $Copied SHCTX "${UNINSTALL_KEY}" "CopiedLibrary"
+  StrCpy $FolderGiven 1
+  ${If} $INSTDIR == ""
+    StrCpy $INSTDIR $Earlier
+    ${If} $INSTDIR == ""
+      StrCpy $FolderGiven 0
+    ${EndIf}
+  ${EndIf}
+  Call Choose
+FunctionEnd
+
+; Where a library of an earlier installation may still lie.
+Function FindFolder
+  ${If} $FolderGiven = 1
+    Return
+  ${EndIf}
+  ${If} $PerMachine = 0
+    StrCpy $INSTDIR "$LOCALAPPDATA\Programs\${PRODUCT}"
+  ${Else}
+    StrCpy $INSTDIR "$PROGRAMFILES64\${PRODUCT}"
+    ${IfNot} ${FileExists} "$INSTDIR\DEVLNK.dll"
+    ${AndIf} ${FileExists} "$PROGRAMFILES32\${PRODUCT}\DEVLNK.dll"
+      StrCpy $INSTDIR "$PROGRAMFILES32\${PRODUCT}"
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+; The system's place for programs of the bitness, unless a folder is given or has the library already.
+Function SettleFolder
+  ${If} $FolderGiven = 0
+  ${AndIf} $PerMachine = 1
+  ${AndIf} $Library != "$INSTDIR\DEVLNK.dll"
+    StrCpy $INSTDIR "$PROGRAMFILES64\${PRODUCT}"
+    ${If} $Bits = 32
+      StrCpy $INSTDIR "$PROGRAMFILES32\${PRODUCT}"
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+; --- The pages ------------------------------------------------------------------------------------
+
+Var PathField
+Var Reason
+
+Function ShowLibraryPage
+  !insertmacro MUI_HEADER_TEXT "The device library" "${PRODUCT} reaches the box through the maker's DEVLNK.dll."
+  nsDialogs::Create 1018
+  Pop $0
+  ${NSD_CreateLabel} 0 0 100% 34u "The library has 32 or 64 bits, and ${PRODUCT} must have as many. Point at your DEVLNK.dll: it is copied beside the program and stays where it is. Without a library you can go on, and put it there later."
+  Pop $0
+  ${NSD_CreateFileRequest} 0 40u 78% 13u "$Pointed"
+  Pop $PathField
+  ${NSD_CreateBrowseButton} 80% 39u 20% 15u "Browse..."
+  Pop $0
+  ${NSD_OnClick} $0 BrowseLibrary
+  ${NSD_CreateLabel} 0 64u 100% 60u ""
+  Pop $Reason
+  ${NSD_OnChange} $PathField ReadLibraryField
+  Call ShowReason
+  nsDialogs::Show
+FunctionEnd
+
+Function ShowReason
+  ${If} $Trouble == ""
+    ${NSD_SetText} $Reason $Why
+  ${Else}
+    ${NSD_SetText} $Reason $Trouble
+  ${EndIf}
+FunctionEnd
+
+Function BrowseLibrary
+  Pop $0
+  nsDialogs::SelectFileDialog open "$Pointed" "Device library (DEVLNK.dll)|DEVLNK.dll|Libraries (*.dll)|*.dll"
+  Pop $0
+  ${If} $0 != ""
+    ${NSD_SetText} $PathField $0  ; which tells of the change
+  ${EndIf}
+FunctionEnd
+
+Function ReadLibraryField
+  Pop $0
+  ${NSD_GetText} $PathField $Pointed
+  Call Choose
+  Call ShowReason
+FunctionEnd
+
+Function LeaveLibraryPage
+  ${If} $Trouble != ""
+    MessageBox MB_OK|MB_ICONEXCLAMATION $Trouble
+    Abort
+  ${EndIf}
+  Call SettleFolder
+FunctionEnd
+
+; In the chosen folder there may be a library of the other bitness.
+Function LeaveFolderPage
+  StrCpy $FolderGiven 1
+  Call Choose
+  ${If} $Trouble != ""
+    MessageBox MB_OK|MB_ICONEXCLAMATION $Trouble
+    Abort
+  ${EndIf}
+FunctionEnd
+
+; By the shell, so that it does not run with the rights of the installer.
+Function StartPanel
+  Exec '"$WINDIR\explorer.exe" "$INSTDIR\${PRODUCT}.exe"'
+FunctionEnd
+
+; --- Installing -----------------------------------------------------------------------------------
+
+; A program that runs can't be replaced.
+!macro Free un file
+  ${If} ${FileExists} "$INSTDIR\${file}"
+    Push "$INSTDIR\${file}"
+    Call ${un}Free
+  ${EndIf}
+!macroend
+!macro FreeFunctions un
+Function ${un}Free
+  Exch $0
+  Push $1
+  again:
+  ClearErrors
+  FileOpen $1 "$0" a
+  ${If} ${Errors}
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$0 runs, or may not be written. Close it, then try again." /SD IDCANCEL IDRETRY again
+    !if "${un}" == ""
+      ${Say} "$0 runs, or may not be written: nothing was changed."
+    !endif
+    SetErrorLevel ${IS_RUNNING}
+    Quit
+  ${EndIf}
+  FileClose $1
+  Pop $1
+  Pop $0
+FunctionEnd
+
+; All that may keep a file of the folder.
+Function ${un}FreeAll
+  !insertmacro Free "${un}" "${PRODUCT}.exe"
+  !insertmacro Free "${un}" "simulator\BoxBench.exe"
+  !insertmacro Free "${un}" "simulator\boxctl.exe"
+FunctionEnd
+!macroend
+!insertmacro FreeFunctions ""
+!insertmacro FreeFunctions "un."
+
+; Which folders the installer makes, so that the uninstaller takes them away again.
+Function NoteMadeFolders
+  ${If} $Earlier == $INSTDIR
+    ReadRegStr $Made SHCTX "${UNINSTALL_KEY}" "MadeFolder"
+    Return
+  ${EndIf}
+  StrCpy $Made ""
+  StrCpy $0 $INSTDIR
+  ${DoUntil} ${FileExists} "$0\*.*"
+    StrCpy $Made $0
+    ${GetParent} $0 $0
+    ${If} $0 == ""
+      ${Break}
+    ${EndIf}
+  ${Loop}
+FunctionEnd
+
+; What was installed before goes first, with its own list of files. It leaves the library in the folder,
+; when that is the same.
+Function RemoveEarlier
+  ${If} $Earlier == ""
+  ${OrIfNot} ${FileExists} "$Earlier\uninstall.exe"
+    Return
+  ${EndIf}
+  StrCpy $0 "/S"
+  ${If} $Earlier == $INSTDIR
+    StrCpy $0 "/S /UPGRADE"
+  ${EndIf}
+  ReadRegStr $1 SHCTX "${UNINSTALL_KEY}" "DisplayVersion"
+  ${Say} "Removing version $1 from $Earlier"
+  ExecWait '"$Earlier\uninstall.exe" $0 _?=$Earlier' $2
+  ${If} $2 <> 0
+    ${GiveUp} $2 "Version $1 in $Earlier could not be removed."
+  ${EndIf}
+  Delete "$Earlier\uninstall.exe"  ; which did not end itself
+  ${If} $Earlier != $INSTDIR
+    StrCpy $Copied ""
+    RMDir "$Earlier"
+  ${EndIf}
+FunctionEnd
+
+; The library beside the program, unless the user has put one there.
+Function CopyLibrary
+  ${If} $Library == ""
+    ${Say} "Put the maker's DEVLNK.dll of $Bits bits into $INSTDIR."
+    Return
+  ${EndIf}
+  ${If} $Library == "$INSTDIR\DEVLNK.dll"
+    ${Say} "$Library stays as it is."
+    Return
+  ${EndIf}
+  ${If} ${IsUsersLibrary}
+    ${Say} "$INSTDIR\DEVLNK.dll stays as it is."
+    Return
+  ${EndIf}
+  ${DisableX64FSRedirection}
+  System::Call 'kernel32::CopyFileW(w "$Library", w "$INSTDIR\DEVLNK.dll", i 0) i .r0'
+  ${EnableX64FSRedirection}
+  ${If} $0 = 0
+    ${Say} "$Library could not be copied: put it into $INSTDIR."
+    Return
+  ${EndIf}
+  Push "$INSTDIR\DEVLNK.dll"
+  Call StampOf
+  Pop $Copied
+  ${Say} "$Library was copied beside the program."
+FunctionEnd
+
+Section
+  ${If} ${Silent}
+    Call Choose
+    ${If} $Trouble == ""
+      Call SettleFolder
+      StrCpy $FolderGiven 1
+    ${EndIf}
+  ${EndIf}
+  ${If} $Trouble != ""
+    ${GiveUp} ${CANNOT_INSTALL} "$Trouble"
+  ${EndIf}
+  ${Say} "${PRODUCT} ${VERSION}"
+  ${Say} "$Why"
+  ${If} $PerMachine = 1
+    ${Say} "It is installed for all users, in $INSTDIR."
+  ${Else}
+    ${Say} "It is installed for this user alone, in $INSTDIR."
+  ${EndIf}
+  Call FreeAll
+  Call NoteMadeFolders
+  Call RemoveEarlier
+  ; Kept over an upgrade, so that the library is still known as a copy.
+  ${If} $Copied != ""
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "CopiedLibrary" "$Copied"
+  ${EndIf}
+  ${If} $Bits = 64
+    !insertmacro InstallX64
+  ${Else}
+    !insertmacro InstallX86
+  ${EndIf}
+  SetOutPath "$INSTDIR"
+  Call CopyLibrary
+  WriteUninstaller "$INSTDIR\uninstall.exe"
+
+  CreateDirectory "$SMPROGRAMS\${PRODUCT}"
+  CreateShortcut "$SMPROGRAMS\${PRODUCT}\${PRODUCT}.lnk" "$INSTDIR\${PRODUCT}.exe" "" "" "" "" "" "${DESCRIPTION}"
+  SetOutPath "$INSTDIR\simulator"
+  CreateShortcut "$SMPROGRAMS\${PRODUCT}\${PRODUCT} BoxBench.lnk" "$INSTDIR\simulator\BoxBench.exe" "" "" "" "" "" "The simulated box, worked in a window"
+  SetOutPath "$INSTDIR"
+  ${If} ${FileExists} "$INSTDIR\guide\index.html"
+    CreateShortcut "$SMPROGRAMS\${PRODUCT}\${PRODUCT} guide.lnk" "$INSTDIR\guide\index.html"
+  ${EndIf}
+
+  WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayName" "${PRODUCT}"
+  WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
+  WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\${PRODUCT}.exe,0"
+  WriteRegStr SHCTX "${UNINSTALL_KEY}" "Publisher" "${DEVELOPERS}"
+  WriteRegStr SHCTX "${UNINSTALL_KEY}" "Comments" "$Why"
+  WriteRegStr SHCTX "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
+  WriteRegStr SHCTX "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
+  WriteRegStr SHCTX "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
+  ${If} $Copied != ""
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "CopiedLibrary" "$Copied"
+  ${EndIf}
+  ${If} $Made != ""
+    WriteRegStr SHCTX "${UNINSTALL_KEY}" "MadeFolder" "$Made"
+  ${EndIf}
+  WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoModify" 1
+  WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "NoRepair" 1
+  ${GetSize} "$INSTDIR" "/S=0K" $0 $1 $2
+  WriteRegDWORD SHCTX "${UNINSTALL_KEY}" "EstimatedSize" $0
+  ${Say} "Done."
+  CopyFiles /SILENT "$PLUGINSDIR\setup.log" "$INSTDIR"
+SectionEnd
+
+; --- Uninstalling ---------------------------------------------------------------------------------
+
+Function un.onInit
+  !insertmacro UseRegistry
+  StrCpy $PerMachine 0
+  ReadRegStr $0 HKLM "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $0 == $INSTDIR
+    StrCpy $PerMachine 1
+    UserInfo::GetAccountType
+    Pop $0
+    ${If} $0 != "Admin"
+      MessageBox MB_OK|MB_ICONSTOP "${PRODUCT} was installed for all users: an administrator can remove it." /SD IDOK
+      SetErrorLevel 2
+      Quit
+    ${EndIf}
+  ${EndIf}
+  !insertmacro UseScope
+FunctionEnd
+
+; The folders above that the installer had made, as far as nobody else has come to use them.
+Function un.RemoveMadeFolders
+  ReadRegStr $1 SHCTX "${UNINSTALL_KEY}" "MadeFolder"
+  ${If} $1 == ""
+    Return
+  ${EndIf}
+  StrCpy $0 $INSTDIR
+  ${DoUntil} $0 == $1
+    ${GetParent} $0 $0
+    ${If} $0 == ""
+      ${Break}
+    ${EndIf}
+    RMDir "$0"
+  ${Loop}
+FunctionEnd
+
+; What the installer made, by name: what else lies in the folder is somebody's.
+Section "Uninstall"
+  Call un.FreeAll
+  SetOutPath "$TEMP"
+  !insertmacro Remove
+  Delete "$INSTDIR\setup.log"
+  ${GetParameters} $R0
+  ClearErrors
+  ${GetOptions} $R0 "/UPGRADE" $0
+  ${If} ${Errors}
+    Push "$INSTDIR\DEVLNK.dll"
+    Call un.StampOf
+    Pop $0
+    ReadRegStr $1 SHCTX "${UNINSTALL_KEY}" "CopiedLibrary"
+    ${If} $0 != ""
+      ${If} $0 == $1
+        Delete "$INSTDIR\DEVLNK.dll"
+      ${Else}
+        DetailPrint "$INSTDIR\DEVLNK.dll stays: it was not put there by the installer."
+      ${EndIf}
+    ${EndIf}
+  ${EndIf}
+  Delete "$INSTDIR\uninstall.exe"
+  RMDir "$INSTDIR"
+  Call un.RemoveMadeFolders
+  Delete "$SMPROGRAMS\${PRODUCT}\${PRODUCT}.lnk"
+  Delete "$SMPROGRAMS\${PRODUCT}\${PRODUCT} BoxBench.lnk"
+  Delete "$SMPROGRAMS\${PRODUCT}\${PRODUCT} guide.lnk"
+  RMDir "$SMPROGRAMS\${PRODUCT}"
+  DeleteRegKey SHCTX "${UNINSTALL_KEY}"
+SectionEnd
