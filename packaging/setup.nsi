@@ -16,9 +16,12 @@ Unicode true
 !ifdef TARGET
   Target ${TARGET}
 !endif
-!define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\${PRODUCT}"
+!define UNINSTALL_KEYS "Software\Microsoft\Windows\CurrentVersion\Uninstall"
+!define UNINSTALL_KEY "${UNINSTALL_KEYS}\${PRODUCT}"
 !define CANNOT_INSTALL 3
 !define IS_RUNNING 4
+
+!pragma warning disable 6012  ; a label of LogicLib that nothing jumps to
 
 Name "${PRODUCT}"
 OutFile "${OUTPUT}"
@@ -500,4 +503,13 @@ Section "Uninstall"
   Delete "$SMPROGRAMS\${PRODUCT}\${PRODUCT} guide.lnk"
   RMDir "$SMPROGRAMS\${PRODUCT}"
   DeleteRegKey SHCTX "${UNINSTALL_KEY}"
+  ${If} $PerMachine = 0
+    DeleteRegKey /ifempty HKCU "${UNINSTALL_KEYS}"  ; which a new user does not have
+  ${EndIf}
+  ; The uninstaller runs as a copy among the temporary files, which goes with the next start of the system.
+  ; That copy is noted already, but after its folder, which stays then.
+  ${If} $EXEDIR != $INSTDIR
+    RMDir /REBOOTOK "$EXEDIR"
+    SetRebootFlag false
+  ${EndIf}
 SectionEnd
