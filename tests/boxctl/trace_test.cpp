@@ -46,7 +46,8 @@ TEST_F(Traces, AreShownInWords) {
   EXPECT_EQ(test.code, 0);
   EXPECT_NE(test.out.find("TEST_F("), std::string::npos) << test.out;
   EXPECT_EQ(Run({"trace", File("trace.txt"), "--as-test", "--json"}),
-            (Ran{2, "", "boxctl: a test is no JSON: leave out --json or --as-test\n"}));
+            (Ran{2, "",
+                 "{\"exit\":2,\"error\":\"a test is no JSON: leave out --json or --as-test\"}\n"}));
 }
 
 TEST_F(Traces, TellWhatIsLost) {
@@ -193,8 +194,8 @@ TEST_F(FollowedTraces, NameTheLineThatIsDamaged) {
       Follow({[&] { PutTrace(FileOf(1, 10)); }, [&] { PutTrace(FileOf(1, 12) + "nonsense\n"); }},
              2),
       Numbers(1, 10));
-  EXPECT_EQ(error, "boxctl: " + File("x.trace.txt") +
-                       ": line 14: the line is damaged: take an untouched copy of the trace\n");
+  EXPECT_EQ(error, "{\"exit\":2,\"error\":\"" + File("x.trace.txt") +
+                       ": line 14: the line is damaged: take an untouched copy of the trace\"}\n");
   EXPECT_EQ(Run({"trace", File(""), "--follow"}).code, 2);
 }
 
