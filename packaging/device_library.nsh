@@ -151,7 +151,15 @@ Function Choose
     ${BitsOf} "$INSTDIR\DEVLNK.dll" $Bits
     ${If} $Bits != ""
       StrCpy $Library "$INSTDIR\DEVLNK.dll"
-    ${Else}
+    ${EndIf}
+    ${If} $Bits == ""
+    ${AndIf} $Earlier != ""
+      ${BitsOf} "$Earlier\DEVLNK.dll" $Bits
+      ${If} $Bits != ""
+        StrCpy $Library "$Earlier\DEVLNK.dll"
+      ${EndIf}
+    ${EndIf}
+    ${If} $Bits == ""
       ${BitsOf} "$EXEDIR\DEVLNK.dll" $Bits
       ${If} $Bits != ""
         StrCpy $Library "$EXEDIR\DEVLNK.dll"

@@ -57,6 +57,7 @@ Var PerMachine   ; 1 or 0
 Var FolderGiven  ; 1 when the folder follows from /D= or from an earlier installation
 Var Earlier      ; its folder
 Var Made         ; the first of the folders above that one that did not exist, if any
+Var Source       ; where the library is copied from
 Var Copied       ; the stamp of the library that the installer has copied there
 
 !include "device_library.nsh"
@@ -325,6 +326,7 @@ FunctionEnd
 ; What was installed before goes first, with its own list of files. It leaves the library in the folder,
 ; when that is the same.
 Function RemoveEarlier
+  StrCpy $Source $Library
   ${If} $Earlier == ""
   ${OrIfNot} ${FileExists} "$Earlier\uninstall.exe"
     Return
@@ -332,6 +334,10 @@ Function RemoveEarlier
   StrCpy $0 "/S"
   ${If} $Earlier == $INSTDIR
     StrCpy $0 "/S /UPGRADE"
+  ${EndIf}
+  ${If} $Library == "$Earlier\DEVLNK.dll"
+    CopyFiles /SILENT "$Library" "$PLUGINSDIR"
+    StrCpy $Source "$PLUGINSDIR\DEVLNK.dll"
   ${EndIf}
   ReadRegStr $1 SHCTX "${UNINSTALL_KEY}" "DisplayVersion"
   ${Say} "Removing version $1 from $Earlier"
@@ -341,7 +347,7 @@ Function RemoveEarlier
   ${EndIf}
   Delete "$Earlier\uninstall.exe"  ; which did not end itself
   ${If} $Earlier != $INSTDIR
-    StrCpy $Copied ""
+    StrCpy $Copied ""  ; which went with it
     RMDir "$Earlier"
   ${EndIf}
 FunctionEnd
@@ -361,7 +367,7 @@ Function CopyLibrary
     Return
   ${EndIf}
   ${DisableX64FSRedirection}
-  System::Call 'kernel32::CopyFileW(w "$Library", w "$INSTDIR\DEVLNK.dll", i 0) i .r0'
+  System::Call 'kernel32::CopyFileW(w "$Source", w "$INSTDIR\DEVLNK.dll", i 0) i .r0'
   ${EnableX64FSRedirection}
   ${If} $0 = 0
     ${Say} "$Library could not be copied: put it into $INSTDIR."
