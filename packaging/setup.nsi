@@ -323,6 +323,26 @@ Function NoteMadeFolders
   ${Loop}
 FunctionEnd
 
+; From the folder in $0 up to the one in $1, which the installer had made, as far as nobody else has come to
+; use them.
+!macro RemoveMadeFolders un
+Function ${un}RemoveMadeFolders
+  RMDir "$0"
+  ${If} $1 == ""
+    Return
+  ${EndIf}
+  ${DoUntil} $0 == $1
+    ${GetParent} $0 $0
+    ${If} $0 == ""
+      ${Break}
+    ${EndIf}
+    RMDir "$0"
+  ${Loop}
+FunctionEnd
+!macroend
+!insertmacro RemoveMadeFolders ""
+!insertmacro RemoveMadeFolders "un."
+
 ; What was installed before goes first, with its own list of files. It leaves the library in the folder,
 ; when that is the same.
 Function RemoveEarlier
@@ -339,6 +359,7 @@ Function RemoveEarlier
     CopyFiles /SILENT "$Library" "$PLUGINSDIR"
     StrCpy $Source "$PLUGINSDIR\DEVLNK.dll"
   ${EndIf}
+  ReadRegStr $3 SHCTX "${UNINSTALL_KEY}" "MadeFolder"
   ReadRegStr $1 SHCTX "${UNINSTALL_KEY}" "DisplayVersion"
   ${Say} "Removing version $1 from $Earlier"
   ExecWait '"$Earlier\uninstall.exe" $0 _?=$Earlier' $2
@@ -348,7 +369,9 @@ Function RemoveEarlier
   Delete "$Earlier\uninstall.exe"  ; which did not end itself
   ${If} $Earlier != $INSTDIR
     StrCpy $Copied ""  ; which went with it
-    RMDir "$Earlier"
+    StrCpy $0 $Earlier
+    StrCpy $1 $3
+    Call RemoveMadeFolders
   ${EndIf}
 FunctionEnd
 
@@ -463,22 +486,6 @@ Function un.onInit
   !insertmacro UseScope
 FunctionEnd
 
-; The folders above that the installer had made, as far as nobody else has come to use them.
-Function un.RemoveMadeFolders
-  ReadRegStr $1 SHCTX "${UNINSTALL_KEY}" "MadeFolder"
-  ${If} $1 == ""
-    Return
-  ${EndIf}
-  StrCpy $0 $INSTDIR
-  ${DoUntil} $0 == $1
-    ${GetParent} $0 $0
-    ${If} $0 == ""
-      ${Break}
-    ${EndIf}
-    RMDir "$0"
-  ${Loop}
-FunctionEnd
-
 ; What the installer made, by name: what else lies in the folder is somebody's.
 Section "Uninstall"
   Call un.FreeAll
@@ -502,7 +509,8 @@ Section "Uninstall"
     ${EndIf}
   ${EndIf}
   Delete "$INSTDIR\uninstall.exe"
-  RMDir "$INSTDIR"
+  StrCpy $0 $INSTDIR
+  ReadRegStr $1 SHCTX "${UNINSTALL_KEY}" "MadeFolder"
   Call un.RemoveMadeFolders
   Delete "$SMPROGRAMS\${PRODUCT}\${PRODUCT}.lnk"
   Delete "$SMPROGRAMS\${PRODUCT}\${PRODUCT} BoxBench.lnk"
