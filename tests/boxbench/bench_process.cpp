@@ -140,6 +140,29 @@ void BenchProcess::Rescale(int dpi, RECT place) {
   VirtualFreeEx(process.hProcess, there, 0, MEM_RELEASE);
 }
 
+// Wine starts the display's own tool like a program of its own, but tells nothing of its end.
+void BenchProcess::TypeKeys(const std::vector<std::string>& keys) {
+  std::string line = "xdotool key --delay 20";
+  for (const std::string& key : keys) line += " " + key;
+  STARTUPINFOA start{};
+  start.cb = sizeof start;
+  PROCESS_INFORMATION tool{};
+  if (!CreateProcessA("Z:\\usr\\bin\\xdotool", line.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                      nullptr, &start, &tool)) {
+    throw std::runtime_error("xdotool can't be started: install the package xdotool");
+  }
+}
+
+control::Id BenchProcess::Focus() const {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &info);
+  // The edit of a combo box is its child.
+  HWND focus = info.hwndFocus;
+  while (focus != nullptr && GetParent(focus) != window) focus = GetParent(focus);
+  return focus != nullptr ? static_cast<Id>(GetDlgCtrlID(focus)) : control::kNone;
+}
+
 std::string BenchProcess::Text(Id id) {
   const HWND handle = Control(id);
   std::string text(static_cast<std::size_t>(Send(handle, WM_GETTEXTLENGTH)) + 1, '\0');

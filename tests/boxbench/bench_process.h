@@ -51,6 +51,9 @@ class BenchProcess {
   void Resize(int width, int height);
   // As the system does when the window comes to a monitor of another scale.
   void Rescale(int dpi, RECT place);
+  // Keys of the display's keyboard, by their names in X. Those that the window does not get are
+  // lost.
+  void TypeKeys(const std::vector<std::string>& keys);
   void Close();  // and waits for the end
   void Kill();
 
@@ -60,6 +63,7 @@ class BenchProcess {
   std::string Text(Id id);
   bool IsShown(Id id) const;
   bool IsChecked(Id id);
+  Id Focus() const;  // kNone = on none of its controls
   int RowCount(Id list);
   std::string Cell(Id list, int row, int column);
   // The first row whose cell is the text; -1 = none.

@@ -510,6 +510,53 @@ TEST_F(BenchTest, ItsLeastSizeFitsItsMonitorAtAnyScale) {
   EXPECT_LE(place.bottom - place.top, work.bottom - work.top);
 }
 
+// As between two monitors. Back at the first scale everything stands where it stood.
+TEST_F(BenchTest, NothingIsCutOrCoveredAfterAChangeOfScale) {
+  StartBench();
+  bench->Rescale(96, {0, 0, 1016, 728});
+  const auto before = bench->ShownPlaces();
+  bench->Rescale(144, {0, 0, 1500, 1092});
+  const auto larger = bench->ShownPlaces();
+  ASSERT_EQ(larger.size(), before.size());
+  for (std::size_t i = 0; i < larger.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) {
+      EXPECT_FALSE(Overlap(larger[i].second, larger[j].second))
+          << larger[i].first << " on " << larger[j].first;
+    }
+    // A list is as high as there is room, text as its letters.
+    if (larger[i].second.height < 100) {
+      EXPECT_NEAR(larger[i].second.height, before[i].second.height * 3 / 2, 4) << larger[i].first;
+    }
+  }
+  bench->Rescale(96, {0, 0, 1016, 728});
+  EXPECT_EQ(bench->ShownPlaces(), before);
+}
+
+// A value is found, edited and set, the log paused, the cable pulled.
+TEST_F(BenchTest, IsWorkedByTheKeyboardAlone) {
+  StartBench();
+  SetForegroundWindow(bench->Window());
+  const auto awaitFocus = [this](const char* what, Id id) {
+    Await(what, [&] { return bench->Focus() == id; });
+  };
+  bench->TypeKeys({"ctrl+f"});
+  awaitFocus("focus on the filter", kPropertyFilter);
+  bench->TypeKeys({"h", "u", "e"});
+  Await("one row", [this] { return bench->RowCount(kProperties) == 1; });
+  bench->TypeKeys({"Tab"});
+  awaitFocus("focus on the list", kProperties);
+  bench->TypeKeys({"Home", "space", "F2"});
+  awaitFocus("focus on the value", kValue);
+  bench->TypeKeys({"ctrl+a", "7", "7", "Return"});
+  Await("new value", [this] { return bench->Cell(kProperties, 0, PropertyList::kWords) == "77"; });
+  bench->TypeKeys({"ctrl+p"});
+  Await("pause", [this] { return bench->Text(kLogCounts).find("paused") != std::string::npos; });
+  bench->TypeKeys({"alt+a"});
+  AwaitText(kTitle, "Type 26: the cable is out");
+  bench->TypeKeys({"alt+a"});
+  AwaitText(kTitle, "Type 26: connected");
+}
+
 // Alt and a letter lead to one control that is seen.
 TEST_F(BenchTest, EveryLetterLeadsToOneControl) {
   StartBench();
