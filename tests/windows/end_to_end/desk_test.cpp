@@ -22,6 +22,7 @@ using boxbench::testing::BenchProcess;
 namespace control = boxbench::control;
 
 constexpr DWORD kPatience = 60000;  // ms
+constexpr int kStartAttempts = 5;
 
 unsigned FromEnvironment(const char* name, unsigned usual) {
   const char* value = std::getenv(name);
@@ -35,9 +36,15 @@ class BoxctlProcess {
     std::string line = "\"" + TheParts().boxctl.string() + "\" " + arguments;
     STARTUPINFOA start{};
     start.cb = sizeof start;
-    if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, CREATE_NO_WINDOW, nullptr,
-                        nullptr, &start, &process)) {
-      throw std::runtime_error("boxctl can't be started: error " + std::to_string(GetLastError()));
+    // Wine has been seen to refuse a start that it grants the next moment.
+    for (int attempt = 1; !CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE,
+                                          CREATE_NO_WINDOW, nullptr, nullptr, &start, &process);
+         ++attempt) {
+      const DWORD error = GetLastError();
+      if (attempt == kStartAttempts) {
+        throw std::runtime_error("boxctl can't be started: error " + std::to_string(error));
+      }
+      Sleep(5);
     }
   }
   ~BoxctlProcess() {
