@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "platform/win32/dpi.h"
+#include "tests/support/start_win32.h"
 
 namespace panelora::boxbench::testing {
 
@@ -57,13 +58,7 @@ void Await(const char* what, const std::function<bool()>& condition) {
 }
 
 BenchProcess::BenchProcess(const std::string& logFile) {
-  std::string line = "\"" + TheParts().bench + "\" \"" + logFile + "\"";
-  STARTUPINFOA startup{};
-  startup.cb = sizeof startup;
-  if (!CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                      &process)) {
-    throw std::runtime_error("BoxBench.exe does not start: " + TheParts().bench);
-  }
+  process = panelora::testing::StartByLine("\"" + TheParts().bench + "\" \"" + logFile + "\"");
   Await("window of BoxBench", [this] {
     Search search{process.dwProcessId, nullptr};
     EnumWindows(FindWindowOf, reinterpret_cast<LPARAM>(&search));

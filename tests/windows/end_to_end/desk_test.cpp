@@ -13,6 +13,7 @@
 #include <sstream>
 
 #include "tests/boxbench/bench_process.h"
+#include "tests/support/start_win32.h"
 #include "tests/windows/end_to_end/panel_process.h"
 
 namespace panelora::testing::end_to_end {
@@ -22,7 +23,6 @@ using boxbench::testing::BenchProcess;
 namespace control = boxbench::control;
 
 constexpr DWORD kPatience = 60000;  // ms
-constexpr int kStartAttempts = 5;
 
 unsigned FromEnvironment(const char* name, unsigned usual) {
   const char* value = std::getenv(name);
@@ -32,21 +32,9 @@ unsigned FromEnvironment(const char* name, unsigned usual) {
 // A running boxctl.exe.
 class BoxctlProcess {
  public:
-  explicit BoxctlProcess(const std::string& arguments) {
-    std::string line = "\"" + TheParts().boxctl.string() + "\" " + arguments;
-    STARTUPINFOA start{};
-    start.cb = sizeof start;
-    // Wine has been seen to refuse a start that it grants the next moment.
-    for (int attempt = 1; !CreateProcessA(nullptr, line.data(), nullptr, nullptr, FALSE,
-                                          CREATE_NO_WINDOW, nullptr, nullptr, &start, &process);
-         ++attempt) {
-      const DWORD error = GetLastError();
-      if (attempt == kStartAttempts) {
-        throw std::runtime_error("boxctl can't be started: error " + std::to_string(error));
-      }
-      Sleep(5);
-    }
-  }
+  explicit BoxctlProcess(const std::string& arguments)
+      : process(
+            StartByLine("\"" + TheParts().boxctl.string() + "\" " + arguments, CREATE_NO_WINDOW)) {}
   ~BoxctlProcess() {
     Kill();
     CloseHandle(process.hThread);
@@ -69,7 +57,7 @@ class BoxctlProcess {
   }
 
  private:
-  PROCESS_INFORMATION process{};
+  PROCESS_INFORMATION process;
 };
 
 class DeskTest : public ::testing::Test {
