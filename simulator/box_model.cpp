@@ -71,7 +71,8 @@ KeptBlock& BoxModel::Block(std::uint8_t property, std::uint8_t sub) {
   if (property == multiview::InputLabel(sub).number && sub < BoxMemory::kSubs) {
     return memory.labels[sub - 1U];
   }
-  return noBlock = {};
+  noBlock.resize(0);
+  return noBlock;
 }
 
 WordBuffer& BoxModel::Word(std::uint32_t item) {
