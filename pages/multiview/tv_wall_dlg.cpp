@@ -73,6 +73,7 @@ void CTVWallDlg::ReadWall() {
 void CTVWallDlg::Layout() {
   const Grid* grid = GridOf(panel.wallSize);
   if (grid == nullptr) return;
+  chosen = kNone;
   for (int tile = 0; tile < kMaxTiles; ++tile) {
     const bool shown = tile < Tiles();
     if (shown) {
@@ -85,7 +86,7 @@ void CTVWallDlg::Layout() {
 }
 
 // One picture for released and pressed, so that a chosen tile stays drawn as chosen.
-void CTVWallDlg::ShowChosen(int chosen) {
+void CTVWallDlg::ShowChosen() {
   const int size = static_cast<int>(panel.wallSize);
   for (int tile = 0; tile < Tiles(); ++tile) {
     const std::string picture = PictureOf(size, tile, tile == chosen);
@@ -93,10 +94,18 @@ void CTVWallDlg::ShowChosen(int chosen) {
   }
 }
 
-void CTVWallDlg::OnMousePress(int control) {
-  const int tile = control - kFirstTile;
+void CTVWallDlg::OnMousePress(int control) { Choose(control - kFirstTile); }
+
+void CTVWallDlg::OnCommand(int control, ui::Notification what) {
+  if (what == ui::Notification::kClicked && control != kFirstTile + chosen) {
+    Choose(control - kFirstTile);
+  }
+}
+
+void CTVWallDlg::Choose(int tile) {
   if (tile < 0 || tile >= Tiles()) return;
-  ShowChosen(tile);
+  chosen = tile;
+  ShowChosen();
   panel.tilePosition = static_cast<std::uint8_t>(tile);
   WriteChoice();
 }

@@ -1,6 +1,6 @@
 // The TV Wall page (template 110): which screen of a square video wall the box shows. The main
-// window's 1X1 to 4X4 buttons choose the grid; a mouse press on a tile is written at once, grid and
-// tile together. There is nothing to apply and nothing to restore.
+// window's 1X1 to 4X4 buttons choose the grid; a press on a tile, by mouse or key, is written at
+// once, grid and tile together. There is nothing to apply and nothing to restore.
 //
 // Models: those of wall_store.h; on all others the pictures change and nothing is written.
 #pragma once
@@ -27,14 +27,21 @@ class CTVWallDlg final : public Page {
 
   // Chooses a tile before its button sees the press.
   void OnMousePress(int control) override;
+  // The same for a press that is none of the mouse, unless the tile is chosen already: as it is
+  // when the mouse that pressed it is let go.
+  void OnCommand(int control, ui::Notification what) override;
 
   std::optional<ui::Colour> BackgroundColour() override { return ui::Colour{0, 0, 0}; }
 
  private:
   void ReadWall();
   int Tiles() const;
-  void ShowChosen(int chosen);
+  void Choose(int tile);
+  void ShowChosen();
   void WriteChoice();
+
+  static constexpr int kNone = -1;
+  int chosen = kNone;  // the tile that is drawn so
 };
 
 }  // namespace panelora

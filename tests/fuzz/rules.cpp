@@ -388,7 +388,7 @@ AllowedWrites OnVideoSettings(const Step& step, const Situation& now) {
 
 AllowedWrites OnTvWall(const Step& step, const Situation& now) {
   const int type = now.identity.boxType;
-  if (step.act != Act::kMouse) return {};
+  if (step.act != Act::kMouse && step.act != Act::kPress) return {};
   const int tile = step.control - 1021;
   if (tile >= now.wallSize * now.wallSize) return {};  // while no size is known, none is a tile
   const auto at = [&](AllowedWrite write) {
@@ -396,11 +396,14 @@ AllowedWrites OnTvWall(const Step& step, const Situation& now) {
     write.last = tile;
     return write;
   };
-  if (In(type, {37, 38, 39, 40, 46, 47, 48, 49})) return {{at(Block(16, 2))}};
-  if (In(type, {14, 36})) return {{at(Block(8, 2))}};
-  if (In(type, {18, 20, 30, 32, 33, 43})) return {{Word(8, now.wallSize), Word(9, tile)}};
-  if (In(type, {17, 35})) return {{Word(10, now.wallSize), Word(11, tile)}};
-  return {};
+  AllowedWrites told;
+  if (In(type, {37, 38, 39, 40, 46, 47, 48, 49})) told = {{at(Block(16, 2))}};
+  if (In(type, {14, 36})) told = {{at(Block(8, 2))}};
+  if (In(type, {18, 20, 30, 32, 33, 43})) told = {{Word(8, now.wallSize), Word(9, tile)}};
+  if (In(type, {17, 35})) told = {{Word(10, now.wallSize), Word(11, tile)}};
+  // Not again by a key that presses the one that is chosen.
+  for (AllowedWrite& write : told.writes) write.needed = step.act == Act::kMouse;
+  return told;
 }
 
 // What a slider of the page stands for; empty = no picture value.

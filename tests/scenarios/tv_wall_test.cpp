@@ -257,16 +257,40 @@ TEST_F(TvWall, GridButtonsChooseTheFirstTileWithoutShowingIt) {
   EXPECT_EQ(panel->Panel().tilePosition, 4U);
 }
 
-// A press that is no press of the mouse, and Apply, write nothing.
-TEST_F(TvWall, OnlyAPressOfTheMouseChooses) {
+TEST_F(TvWall, ApplyAndHiddenTilesWriteNothing) {
   Open(14, 2, 1);
   TakeCalls();
-  desk.Press(kPage, kFirst + 3);
   Press(kApplyButton);
   EXPECT_EQ(TakeCalls(), Calls{});
   EXPECT_EQ(Shown(), Grid(2));
-  desk.PressMouse(kPage, kFirst + 7);  // hidden
+  desk.PressMouse(kPage, kFirst + 7);
   EXPECT_EQ(TakeCalls(), Calls{});
+}
+
+// By Space or Enter, or by a screen reader.
+TEST_F(TvWall, APressThatIsNoneOfTheMouseChoosesToo) {
+  Open(14, 2, 1);
+  TakeCalls();
+  desk.Press(kPage, kFirst + 3);
+  EXPECT_EQ(TakeCalls(), Calls{"set block 8,0,2: 02 03"});
+  EXPECT_EQ(Shown(), Chosen(2, 3));
+  desk.PressKey(kPage, kFirst + 1, ui::Key::kEnter);
+  EXPECT_EQ(TakeCalls(), Calls{"set block 8,0,2: 02 01"});
+  EXPECT_EQ(Shown(), Chosen(2, 1));
+}
+
+// The button of a tile that the mouse pressed is pressed when the mouse is let go.
+TEST_F(TvWall, AMouseThatIsLetGoChoosesNotAgain) {
+  Open(14, 2, 1);
+  TakeCalls();
+  desk.PressMouse(kPage, kFirst + 2);
+  desk.Press(kPage, kFirst + 2);
+  EXPECT_EQ(TakeCalls(), Calls{"set block 8,0,2: 02 02"});
+  desk.PressMouse(kPage, kFirst + 2);
+  EXPECT_EQ(TakeCalls(), Calls{"set block 8,0,2: 02 02"});
+  Press(kWall2Button);  // none is drawn as chosen
+  desk.Press(kPage, kFirst + 2);
+  EXPECT_EQ(TakeCalls(), Calls{"set block 8,0,2: 02 02"});
 }
 
 TEST_F(TvWall, TakesTheHandleOfABoxThatCameBack) {
