@@ -137,6 +137,10 @@ void BenchProcess::Rescale(int dpi, RECT place) {
 
 // Wine starts the display's own tool like a program of its own, but tells nothing of its end.
 void BenchProcess::TypeKeys(const std::vector<std::string>& keys) {
+  // Those before may still hold one that would change what these mean.
+  for (const int held : {VK_CONTROL, VK_MENU, VK_SHIFT}) {
+    Await("key that is let go", [held] { return GetAsyncKeyState(held) >= 0; });
+  }
   std::string line = "xdotool key --delay 20";
   for (const std::string& key : keys) line += " " + key;
   STARTUPINFOA start{};
