@@ -194,7 +194,11 @@ std::vector<std::uint64_t> NumbersOf(const std::string& file) {
   std::string line;
   std::getline(lines, line);
   std::vector<std::uint64_t> numbers;
-  while (std::getline(lines, line)) numbers.push_back(std::strtoull(line.c_str(), nullptr, 10));
+  while (std::getline(lines, line)) {
+    std::string number = line.substr(0, line.find('\t'));
+    std::erase(number, ',');
+    numbers.push_back(std::strtoull(number.c_str(), nullptr, 10));
+  }
   return numbers;
 }
 
