@@ -441,9 +441,7 @@ Section
   SetOutPath "$INSTDIR\simulator"
   CreateShortcut "$SMPROGRAMS\${PRODUCT}\${PRODUCT} BoxBench.lnk" "$INSTDIR\simulator\BoxBench.exe" "" "" "" "" "" "The simulated box, worked in a window"
   SetOutPath "$INSTDIR"
-  ${If} ${FileExists} "$INSTDIR\guide\index.html"
-    CreateShortcut "$SMPROGRAMS\${PRODUCT}\${PRODUCT} guide.lnk" "$INSTDIR\guide\index.html"
-  ${EndIf}
+  CreateShortcut "$SMPROGRAMS\${PRODUCT}\${PRODUCT} guide.lnk" "$INSTDIR\guide\index.html"
 
   WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayName" "${PRODUCT}"
   WriteRegStr SHCTX "${UNINSTALL_KEY}" "DisplayVersion" "${VERSION}"
