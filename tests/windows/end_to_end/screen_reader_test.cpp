@@ -18,18 +18,8 @@ class ScreenReaderTest : public ProgramTest {
 
   // The control that is seen and has this name; null for none.
   static HWND Named(PanelProcess& panel, const std::string& name) {
-    struct Search {
-      const std::string& name;
-      HWND found;
-    } search = {name, nullptr};
-    EnumChildWindows(
-        panel.Main(),
-        [](HWND window, LPARAM wanted) -> BOOL {
-          auto& its = *reinterpret_cast<Search*>(wanted);
-          if (IsWindowVisible(window) && NameOf(window) == its.name) its.found = window;
-          return its.found == nullptr;
-        },
-        reinterpret_cast<LPARAM>(&search));
+    Search search = {name, nullptr};
+    EnumChildWindows(panel.Main(), Look, reinterpret_cast<LPARAM>(&search));
     return search.found;
   }
 
@@ -39,6 +29,19 @@ class ScreenReaderTest : public ProgramTest {
     ASSERT_NE(control, nullptr) << name;
     EXPECT_EQ(AccessibleOf(control)->accDoDefaultAction(Self()), S_OK) << name;
     panel.Description();  // the press is posted
+  }
+
+ private:
+  struct Search {
+    const std::string& name;
+    HWND found;
+  };
+
+  // No lambda: in 32 bits those have another way of being called.
+  static BOOL CALLBACK Look(HWND window, LPARAM wanted) {
+    auto& search = *reinterpret_cast<Search*>(wanted);
+    if (IsWindowVisible(window) && NameOf(window) == search.name) search.found = window;
+    return search.found == nullptr;
   }
 };
 
