@@ -40,6 +40,7 @@ add_library(panelora_win32 STATIC
   platform/win32/look.cpp
   platform/win32/serial_port.cpp
   platform/win32/speaking.cpp
+  platform/win32/system_library.cpp
   platform/win32/tab_order.cpp
   platform/win32/win32_dialog.cpp
   platform/win32/win32_toolkit.cpp)
@@ -81,7 +82,7 @@ add_dependencies(panelora_shown_art panelora_art)
 
 # The program's resources. Tests that open its windows themselves, or admit every box, have all pictures;
 # the program has those of its boxes: which art.rc is read is the first of the folders that are named.
-panelora_manifest(Panelora "Panelora control panel")
+panelora_manifest(Panelora)
 add_library(panelora_resources OBJECT res/panelora.rc)
 target_include_directories(panelora_resources PRIVATE
   ${PROJECT_SOURCE_DIR}/res ${PANELORA_VERSION_DIR} ${PANELORA_ART_DIR})
@@ -95,7 +96,7 @@ set_source_files_properties(res/panelora.rc PROPERTIES OBJECT_DEPENDS
 
 add_executable(Panelora WIN32 platform/win32/main.cpp $<TARGET_OBJECTS:panelora_shown_resources>)
 target_link_libraries(Panelora PRIVATE panelora_win32)
-panelora_version(Panelora Panelora.exe "Panelora control panel")
+panelora_version(Panelora Panelora.exe)
 
 # The box that the programs of a desk share.
 add_library(panelora_mapped_box STATIC simulator/mapped_box.cpp)
@@ -105,7 +106,7 @@ target_link_libraries(panelora_mapped_box PUBLIC panelora_simulator)
 # In a folder of its own, so that it never stands beside the program unasked.
 add_library(DEVLNK SHARED simulator/devlnk_dll.cpp simulator/devlnk.def)
 target_link_libraries(DEVLNK PRIVATE panelora_mapped_box panelora_options)
-panelora_version(DEVLNK DEVLNK.dll "Panelora simulated box, a device library")
+panelora_version(DEVLNK DEVLNK.dll)
 if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND NOT MSVC)
   target_link_options(DEVLNK PRIVATE -Wl,--enable-stdcall-fixup)  # exports the plain names
 endif()

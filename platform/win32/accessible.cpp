@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "platform/win32/system_library.h"
 #include "platform/win32/tab_order.h"
 
 namespace panelora::win32 {
@@ -26,29 +27,17 @@ struct Library {
   }
 };
 
-// From the system's folder alone.
-HMODULE LoadFromSystem(const wchar_t* name) {
-  wchar_t path[MAX_PATH + 16] = L"";
-  GetSystemDirectoryW(path, MAX_PATH);
-  lstrcatW(path, name);
-  return LoadLibraryW(path);
-}
-
-template <class Function>
-void Bind(Function& function, HMODULE module, const char* name) {
-  if (module == nullptr) return;
-  function = reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
-}
-
 // Questions from other processes come as calls in the messages of this thread.
 Library Load() {
   Library library;
-  const HMODULE oleacc = LoadFromSystem(L"\\oleacc.dll");
-  Bind(library.createStandard, oleacc, "CreateStdAccessibleObject");
-  Bind(library.resultFrom, oleacc, "LresultFromObject");
-  Bind(library.allocText, LoadFromSystem(L"\\oleaut32.dll"), "SysAllocStringLen");
-  decltype(&::CoInitializeEx) initialise = nullptr;
-  Bind(initialise, LoadFromSystem(L"\\ole32.dll"), "CoInitializeEx");
+  const HMODULE oleacc = LoadFromSystem(L"oleacc.dll");
+  library.createStandard =
+      Bind<decltype(library.createStandard)>(oleacc, "CreateStdAccessibleObject");
+  library.resultFrom = Bind<decltype(library.resultFrom)>(oleacc, "LresultFromObject");
+  library.allocText =
+      Bind<decltype(library.allocText)>(LoadFromSystem(L"oleaut32.dll"), "SysAllocStringLen");
+  const auto initialise =
+      Bind<decltype(&::CoInitializeEx)>(LoadFromSystem(L"ole32.dll"), "CoInitializeEx");
   if (initialise != nullptr) initialise(nullptr, COINIT_APARTMENTTHREADED);
   return library;
 }

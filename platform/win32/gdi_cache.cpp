@@ -10,16 +10,11 @@
 #include <algorithm>
 #include <set>
 
+#include "platform/win32/system_library.h"
+
 namespace panelora::win32 {
 
 namespace {
-
-// The system's picture decoder, bound when the first fine picture is drawn: at 96 dpi it is never
-// loaded.
-template <class Function>
-Function Bind(HMODULE module, const char* name) {
-  return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
-}
 
 // The narrowest that letters get, in percent of their own width.
 constexpr int kNarrowest = 70;
@@ -224,13 +219,10 @@ HBITMAP GdiCache::LoadPlain(const std::string& name) {
   return bitmap;
 }
 
-// From the system's folder alone, and without the thread of its own that it would start: the
-// program has one.
+// The system's picture decoder, when the first fine picture is drawn: at 96 dpi it is never loaded.
+// Without the thread of its own that it would start: the program has one.
 void GdiCache::StartGdiplus() {
-  wchar_t path[MAX_PATH + 16] = L"";
-  GetSystemDirectoryW(path, MAX_PATH);
-  lstrcatW(path, L"\\gdiplus.dll");
-  gdiplus = LoadLibraryW(path);
+  gdiplus = LoadFromSystem(L"gdiplus.dll");
   if (gdiplus == nullptr) return;
   using Startup =
       int(WINAPI*)(ULONG_PTR*, const Gdiplus::GdiplusStartupInput*, Gdiplus::GdiplusStartupOutput*);

@@ -1,6 +1,6 @@
 #include "platform/win32/guide.h"
 
-#include "platform/win32/windows_headers.h"
+#include "platform/win32/system_library.h"
 
 namespace panelora::win32 {
 
@@ -20,12 +20,9 @@ std::wstring GuideBeside(const std::wstring& folder) {
 
 // The shell is loaded when it is first wanted: a start does without it.
 bool ShowFile(const std::wstring& file) {
-  const HMODULE shell = LoadLibraryExW(L"shell32.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-  if (shell == nullptr) return false;
   using Execute =
       HINSTANCE(WINAPI*)(HWND, const wchar_t*, const wchar_t*, const wchar_t*, const wchar_t*, int);
-  const auto execute =
-      reinterpret_cast<Execute>(reinterpret_cast<void*>(GetProcAddress(shell, "ShellExecuteW")));
+  const auto execute = Bind<Execute>(LoadFromSystem(L"shell32.dll"), "ShellExecuteW");
   constexpr INT_PTR kLastError = 32;  // greater is success
   return execute != nullptr &&
          reinterpret_cast<INT_PTR>(

@@ -25,6 +25,21 @@ TEST(Guide, IsTheFileBesideTheProgramAndNothingElse) {
   std::filesystem::remove_all(folder);
 }
 
+// A file that the system knows to open, as it does a page of the guide: a batch file, which writes.
+TEST(Guide, IsOpenedByTheSystem) {
+  const std::filesystem::path folder =
+      std::filesystem::temp_directory_path() /
+      (L"panelora guide " + std::to_wstring(GetCurrentProcessId()));
+  std::filesystem::create_directories(folder);
+  const std::filesystem::path opened = folder / "opened.txt";
+  std::ofstream(folder / "open.bat") << "@echo opened>\"%~dp0opened.txt\"\r\n";
+  EXPECT_FALSE(ShowFile((folder / "none.bat").wstring()));
+  EXPECT_TRUE(ShowFile((folder / "open.bat").wstring()));
+  while (!std::filesystem::exists(opened)) Sleep(10);
+  std::error_code inUse;
+  while (std::filesystem::remove_all(folder, inUse) == static_cast<std::uintmax_t>(-1)) Sleep(10);
+}
+
 TEST(Guide, LiesInTheFolderOfTheProgram) {
   wchar_t program[MAX_PATH] = L"";
   GetModuleFileNameW(nullptr, program, MAX_PATH);
