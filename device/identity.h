@@ -9,7 +9,7 @@ namespace panelora {
 // `boxType` of no box.
 constexpr std::uint8_t kNoBoxType = 255;
 
-// Bytes 0 to 4 of the identity block (property block::kIdentity). All 255 until a box was
+// Bytes 0 to 4 of the identity block (property kIdentityBlock). All 255 until a box was
 // identified.
 struct Identity {
   std::uint8_t boxType = 255;        // model code; kNoBoxType = no box

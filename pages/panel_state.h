@@ -16,8 +16,9 @@ using ProcAmpCache = std::array<std::uint8_t, 10>;
 constexpr ProcAmpCache kProcAmpStart = {128, 128, 128, 128, 128, 128, 128, 128, 128, 128};
 
 // Owned by the main window, given to each page by reference. Pages write only `tickSkip`,
-// `forceDisconnect`, (the Information page) `firmwareVersion`, (the TV Wall page) `tilePosition`
-// and (the Proc Amp page, on types without picture values) `procAmpCache`.
+// `forceDisconnect`, (the Information page) `firmwareVersion`, (the TV Wall page) `wallSize` and
+// `tilePosition`, (Video settings, when it is opened) `cycleState` and (the Proc Amp page, on types
+// without picture values) `procAmpCache`.
 struct PanelState {
   DeviceHandle deviceHandle = kNoBox;  // the live handle, of which pages keep copies
   Identity identity;

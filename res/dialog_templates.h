@@ -31,7 +31,6 @@ constexpr int kIcon = 128;
 
 // String table.
 constexpr int kAboutMenuText = 101;
-constexpr int kAboutTitleText = 102;
 
 // Every template, by number.
 std::span<const ui::DialogTemplate> Dialogs();

@@ -2,7 +2,7 @@
 // window's 1X1 to 4X4 buttons choose the grid; a press on a tile, by mouse or key, is written at
 // once, grid and tile together. There is nothing to apply and nothing to restore.
 //
-// Models: those of wall_store.h; on all others the pictures change and nothing is written.
+// Models: those of catalogue/wall.h; on all others the pictures change and nothing is written.
 #pragma once
 
 #include <optional>
