@@ -77,6 +77,9 @@ class GuidePage : public BoxctlTest, public testing::WithParamInterface<std::str
     for (std::size_t i = 0; i + 1 < words.size(); ++i) {
       if (words[i] == "--library") words[i + 1] = "real.dll";
     }
+    for (std::string& word : words) {
+      if (word == "..\\" + std::string(kTraceFile)) word = kTraceFile;
+    }
     host.stopped = false;
     host.sleeps = 0;
     // Sleeps, until the operator presses Ctrl+C; what has an end of its own reaches it.
