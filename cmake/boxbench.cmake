@@ -25,7 +25,7 @@ if(WIN32)
     VERBATIM)
   add_custom_target(panelora_bench_art DEPENDS ${PANELORA_BENCH_ART_DIR}/bench_art.rc)
   add_dependencies(panelora_bench_art panelora_art)
-  panelora_manifest(BoxBench "Panelora BoxBench")
+  panelora_manifest(BoxBench)
   add_library(panelora_bench_resources OBJECT boxbench/win32/box_bench.rc)
   target_include_directories(panelora_bench_resources PRIVATE
     ${PANELORA_VERSION_DIR} ${PANELORA_BENCH_ART_DIR} ${PANELORA_ART_DIR})
@@ -44,7 +44,7 @@ if(WIN32)
     $<TARGET_OBJECTS:panelora_bench_resources>)
   target_link_libraries(BoxBench PRIVATE panelora_boxbench panelora_mapped_box panelora_win32
     comdlg32)
-  panelora_version(BoxBench BoxBench.exe "Panelora BoxBench, the simulated box beside the panel")
+  panelora_version(BoxBench BoxBench.exe)
   panelora_read_once(BoxBench ${PANELORA_OFTEN_INCLUDED}
     ${PROJECT_SOURCE_DIR}/platform/win32/windows_headers.h)
 endif()

@@ -14,7 +14,7 @@ if(WIN32)
   add_library(devlnk_trace SHARED trace/devlnk_trace.cpp simulator/devlnk.def)
   target_compile_definitions(devlnk_trace PRIVATE ${PANELORA_WINDOWS_DEFINITIONS})
   target_link_libraries(devlnk_trace PRIVATE panelora_trace panelora_core panelora_options)
-  panelora_version(devlnk_trace DEVLNK.dll "Panelora trace, a device library that writes calls down")
+  panelora_version(devlnk_trace DEVLNK.dll)
   if(CMAKE_SIZEOF_VOID_P EQUAL 4 AND NOT MSVC)
     target_link_options(devlnk_trace PRIVATE -Wl,--enable-stdcall-fixup)  # exports the plain names
   endif()

@@ -3,10 +3,17 @@
 set(PANELORA_DEVELOPERS "The Panelora developers")
 set(PANELORA_YEAR 2026)  # of the first release
 set(PANELORA_VERSION_DIR ${PROJECT_BINARY_DIR}/version)
+set(PANELORA_DESCRIPTION_Panelora "${PROJECT_NAME} - ${PROJECT_DESCRIPTION}")
+set(PANELORA_DESCRIPTION_BoxBench "${PROJECT_NAME} BoxBench - The simulated box beside the panel")
+set(PANELORA_DESCRIPTION_boxctl "${PROJECT_NAME} boxctl - A box from the command line")
+set(PANELORA_DESCRIPTION_DEVLNK "${PROJECT_NAME} simulated box - A device library")
+set(PANELORA_DESCRIPTION_devlnk_trace "${PROJECT_NAME} trace - A device library that writes calls down")
+set(PANELORA_DESCRIPTION_setup "${PROJECT_NAME} setup")
 
-# panelora_version(TARGET FILE DESCRIPTION): gives the target a version resource.
-function(panelora_version target file description)
+# panelora_version(TARGET FILE): gives the target a version resource.
+function(panelora_version target file)
   cmake_path(GET file STEM name)
+  set(description "${PANELORA_DESCRIPTION_${target}}")
   string(REPLACE "." ", " numbers ${PROJECT_VERSION})
   set(type VFT_APP)
   if(file MATCHES "dll$")
@@ -17,8 +24,9 @@ function(panelora_version target file description)
   target_sources(${target} PRIVATE ${resource})
 endfunction()
 
-# panelora_manifest(NAME DESCRIPTION): writes NAME.manifest into PANELORA_VERSION_DIR.
-function(panelora_manifest name description)
+# panelora_manifest(TARGET): writes TARGET.manifest into PANELORA_VERSION_DIR.
+function(panelora_manifest name)
+  set(description "${PANELORA_DESCRIPTION_${name}}")
   configure_file(${PROJECT_SOURCE_DIR}/res/program.manifest.in
                  ${PANELORA_VERSION_DIR}/${name}.manifest @ONLY)
 endfunction()
@@ -28,6 +36,14 @@ file(CONFIGURE OUTPUT ${PANELORA_VERSION_DIR}/product @ONLY CONTENT
 "product='@PROJECT_NAME@'
 version='@PROJECT_VERSION@'
 description='@PROJECT_DESCRIPTION@'
+declare -A descriptions=(
+  [Panelora.exe]='@PANELORA_DESCRIPTION_Panelora@'
+  [simulator/BoxBench.exe]='@PANELORA_DESCRIPTION_BoxBench@'
+  [simulator/boxctl.exe]='@PANELORA_DESCRIPTION_boxctl@'
+  [simulator/DEVLNK.dll]='@PANELORA_DESCRIPTION_DEVLNK@'
+  [trace/DEVLNK.dll]='@PANELORA_DESCRIPTION_devlnk_trace@'
+  [setup]='@PANELORA_DESCRIPTION_setup@'
+)
 developers='@PANELORA_DEVELOPERS@'
 year='@PANELORA_YEAR@'
 ")

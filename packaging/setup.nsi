@@ -1,5 +1,6 @@
 ; The installer, one for both bitnesses. ./package gives it what differs by version: PRODUCT, VERSION,
-; DESCRIPTION, DEVELOPERS, YEAR, OUTPUT, the folder GENERATED with files.nsh, and SIGN when it is signed.
+; DESCRIPTION, WHAT the installer is, DEVELOPERS, YEAR, OUTPUT, the folder GENERATED with files.nsh and side.bmp,
+; and SIGN when it is signed.
 ; It is a 32-bit program, which every Windows runs, unless TARGET names another.
 ;
 ;   setup.exe [/S] [/CURRENTUSER] [/LIBRARY=PATH] [/LOG=FILE] [/D=FOLDER]
@@ -37,7 +38,7 @@ AllowSkipFiles off
 VIProductVersion ${VERSION}
 VIFileVersion ${VERSION}
 VIAddVersionKey "CompanyName" "${DEVELOPERS}"
-VIAddVersionKey "FileDescription" "${PRODUCT} setup"
+VIAddVersionKey "FileDescription" "${WHAT}"
 VIAddVersionKey "FileVersion" "${VERSION}"
 VIAddVersionKey "InternalName" "setup"
 VIAddVersionKey "LegalCopyright" "Copyright (c) ${YEAR} ${DEVELOPERS}"
