@@ -70,6 +70,7 @@ Var Copied       ; the stamp of the library that the installer has copied there
 
 !define MUI_ICON "${ICON}"
 !define MUI_UNICON "${ICON}"
+!define MUI_WELCOMEFINISHPAGE_BITMAP "${GENERATED}\side.bmp"
 !define MUI_ABORTWARNING
 Page custom ShowLibraryPage LeaveLibraryPage
 !define MUI_PAGE_CUSTOMFUNCTION_LEAVE LeaveFolderPage
