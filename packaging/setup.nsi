@@ -303,6 +303,8 @@ Function ${un}FreeAll
   !insertmacro Free "${un}" "${PRODUCT}.exe"
   !insertmacro Free "${un}" "simulator\BoxBench.exe"
   !insertmacro Free "${un}" "simulator\boxctl.exe"
+  !insertmacro Free "${un}" "simulator\DEVLNK.dll"
+  !insertmacro Free "${un}" "trace\DEVLNK.dll"
 FunctionEnd
 !macroend
 !insertmacro FreeFunctions ""
