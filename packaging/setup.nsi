@@ -406,6 +406,21 @@ Function CopyLibrary
   ${Say} "$Library was copied beside the program."
 FunctionEnd
 
+; One for all users and one for this user alone don't know each other.
+Function TellOfOther
+  ${If} $PerMachine = 1
+    ReadRegStr $0 HKCU "${UNINSTALL_KEY}" "InstallLocation"
+    ${If} $0 != ""
+      ${Say} "There is another one for this user alone, in $0, which stays as it is."
+    ${EndIf}
+  ${Else}
+    ReadRegStr $0 HKLM "${UNINSTALL_KEY}" "InstallLocation"
+    ${If} $0 != ""
+      ${Say} "There is another one for all users, in $0, which stays as it is."
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
 Section
   ${If} ${Silent}
     Call Choose
@@ -424,6 +439,7 @@ Section
   ${Else}
     ${Say} "It is installed for this user alone, in $INSTDIR."
   ${EndIf}
+  Call TellOfOther
   Call FreeAll
   Call NoteMadeFolders
   Call RemoveEarlier
