@@ -199,6 +199,41 @@ Function SettleFolder
   ${EndIf}
 FunctionEnd
 
+; In the folder lie files of somebody else, which the installer might replace and the uninstaller remove.
+; What was installed there before is its own, and a DEVLNK.dll is no hindrance.
+!macro _IsForeign _a _b _t _f
+  !insertmacro _LOGICLIB_TEMP
+  Call IsForeign
+  Pop $_LOGICLIB_TEMP
+  StrCmp $_LOGICLIB_TEMP 1 `${_t}` `${_f}`
+!macroend
+!define IsForeign `"" IsForeign ""`
+
+Function IsForeign
+  Push $0
+  Push $1
+  Push $2
+  StrCpy $0 0
+  ${If} $INSTDIR != $Earlier
+    ${DisableX64FSRedirection}
+    ClearErrors
+    FindFirst $1 $2 "$INSTDIR\*.*"
+    ${DoUntil} ${Errors}
+      ${If} $2 != "."
+      ${AndIf} $2 != ".."
+      ${AndIf} $2 != "DEVLNK.dll"
+        StrCpy $0 1
+      ${EndIf}
+      FindNext $1 $2
+    ${Loop}
+    FindClose $1
+    ${EnableX64FSRedirection}
+  ${EndIf}
+  Pop $2
+  Pop $1
+  Exch $0
+FunctionEnd
+
 ; --- The pages ------------------------------------------------------------------------------------
 
 Var PathField
@@ -254,9 +289,27 @@ Function LeaveLibraryPage
   Call SettleFolder
 FunctionEnd
 
-; In the chosen folder there may be a library of the other bitness.
+; In the chosen folder there may be what is somebody else's, and a library of the other bitness. A folder that
+; is in use gets one for the program, and a library in it, such as the maker's own, is one that was pointed at.
 Function LeaveFolderPage
   StrCpy $FolderGiven 1
+  ${If} ${IsForeign}
+    ${If} $Pointed == ""
+    ${AndIf} ${FileExists} "$INSTDIR\DEVLNK.dll"
+      StrCpy $Pointed "$INSTDIR\DEVLNK.dll"
+    ${EndIf}
+    StrCpy $INSTDIR "$INSTDIR\${PRODUCT}"
+    ${If} ${IsForeign}
+      MessageBox MB_OK|MB_ICONEXCLAMATION "$INSTDIR holds other files. Choose an empty folder, or a new one."
+      Abort
+    ${EndIf}
+    FindWindow $0 "#32770" "" $HWNDPARENT
+    GetDlgItem $0 $0 1019
+    SendMessage $0 ${WM_SETTEXT} 0 "STR:$INSTDIR"
+    MessageBox MB_OKCANCEL|MB_ICONINFORMATION "That folder holds other files: ${PRODUCT} goes into $INSTDIR." IDOK go_on
+    Abort
+    go_on:
+  ${EndIf}
   Call Choose
   ${If} $Trouble != ""
     MessageBox MB_OK|MB_ICONEXCLAMATION $Trouble
@@ -427,6 +480,10 @@ Section
     ${If} $Trouble == ""
       Call SettleFolder
       StrCpy $FolderGiven 1
+    ${EndIf}
+    ${If} $Trouble == ""
+    ${AndIf} ${IsForeign}
+      StrCpy $Trouble "$INSTDIR holds other files: give an empty folder, or a new one."
     ${EndIf}
   ${EndIf}
   ${If} $Trouble != ""
