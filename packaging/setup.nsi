@@ -5,20 +5,23 @@
 ;
 ;   setup.exe [/S] [/CURRENTUSER] [/LIBRARY=PATH] [/LOG=FILE] [/D=FOLDER]
 ;
+; A switch with blanks in it stands in quotes as a whole, or has them behind its =.
+;
 ;   /S            asks nothing and shows nothing
 ;   /CURRENTUSER  installs for the user who runs it, also with administrator rights
 ;   /LIBRARY=     the DEVLNK.dll that decides the bitness; it is copied beside the program
 ;   /LOG=         writes what was decided and done into this file as well
-;   /D=           the folder; must be the last, and takes no quotes
+;   /D=           the folder: the last, when it has blanks and no quotes
 ;
-; Ends with 0, or with 1 when the user cancelled, 2 when files can't be written, 3 when the library or the
-; folder is wrong, 4 when a program that is to be replaced runs.
+; Ends with 0, or with 1 when the user cancelled, 2 when files can't be written, 3 when the library, the
+; folder or a switch is wrong, 4 when a program that is to be replaced runs.
 Unicode true
 !ifdef TARGET
   Target ${TARGET}
 !endif
 !define UNINSTALL_KEYS "Software\Microsoft\Windows\CurrentVersion\Uninstall"
 !define UNINSTALL_KEY "${UNINSTALL_KEYS}\${PRODUCT}"
+!define CANNOT_WRITE 2
 !define CANNOT_INSTALL 3
 !define IS_RUNNING 4
 
@@ -447,10 +450,14 @@ Function CopyLibrary
     Return
   ${EndIf}
   ${DisableX64FSRedirection}
+  SetFileAttributes "$INSTDIR\DEVLNK.dll" NORMAL  ; a copy from a disc can't be written
   System::Call 'kernel32::CopyFileW(w "$Source", w "$INSTDIR\DEVLNK.dll", i 0) i .r0'
+  SetFileAttributes "$INSTDIR\DEVLNK.dll" NORMAL
   ${EnableX64FSRedirection}
   ${If} $0 = 0
     ${Say} "$Library could not be copied: put it into $INSTDIR."
+    MessageBox MB_OK|MB_ICONEXCLAMATION "$Library could not be copied: put it into $INSTDIR." /SD IDOK
+    SetErrorLevel ${CANNOT_WRITE}
     Return
   ${EndIf}
   Push "$INSTDIR\DEVLNK.dll"
