@@ -143,7 +143,7 @@ Function Choose
     ${If} ${IsUsersLibrary}
       ${BitsOf} "$INSTDIR\DEVLNK.dll" $0
       ${If} $0 != $Bits
-        StrCpy $Trouble "$Library is a $Bits-bit library, but $INSTDIR has another DEVLNK.dll, which Panelora would load. Take that one away, or point at it."
+        StrCpy $Trouble "$Library is a $Bits-bit library, but $INSTDIR has another DEVLNK.dll, which ${PRODUCT} would load. Take that one away, or point at it."
         Return
       ${EndIf}
     ${EndIf}
@@ -167,7 +167,7 @@ Function Choose
     ${EndIf}
   ${EndIf}
   ${If} $Library != ""
-    StrCpy $Why "The $Bits-bit Panelora is installed, because $Library is a $Bits-bit library."
+    StrCpy $Why "The $Bits-bit ${PRODUCT} is installed, because $Library is a $Bits-bit library."
     ${If} $Bits = 64
     ${AndIfNot} ${RunningX64}
       StrCpy $Trouble "$Library is a 64-bit library, which this 32-bit Windows can't load."
@@ -178,5 +178,5 @@ Function Choose
   ${If} ${RunningX64}
     StrCpy $Bits 64
   ${EndIf}
-  StrCpy $Why "The $Bits-bit Panelora is installed, because this Windows has $Bits bits and no usable DEVLNK.dll was found beside the installer or in $INSTDIR."
+  StrCpy $Why "The $Bits-bit ${PRODUCT} is installed, because this Windows has $Bits bits and no usable DEVLNK.dll was found beside the installer or in $INSTDIR."
 FunctionEnd

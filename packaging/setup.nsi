@@ -60,6 +60,7 @@ Var LogFile      ; /LOG=, if given
 Var PerMachine   ; 1 or 0
 Var FolderGiven  ; 1 when the folder follows from /D= or from an earlier installation
 Var Earlier      ; its folder
+Var Unknown      ; a switch that is none
 Var Made         ; the first of the folders above that one that did not exist, if any
 Var Source       ; where the library is copied from
 Var Copied       ; the stamp of the library that the installer has copied there
@@ -140,26 +141,70 @@ FunctionEnd
   ${EndIf}
 !macroend
 
+; Whole: the path in $0 as seen from the folder in which the installer was started, whether it exists or not.
+Function Whole
+  System::Call 'kernel32::GetFullPathNameW(w r0, i ${NSIS_MAX_STRLEN}, w .r0, p 0)'
+FunctionEnd
+
+; The command line as every program reads it: a switch may be in quotes as a whole. Of /D= without quotes
+; NSIS has taken the rest of the line.
+Function ReadSwitches
+  System::Call 'kernel32::GetCommandLineW() p .r1'
+  System::Call 'shell32::CommandLineToArgvW(p r1, *i .r2) p .r1'
+  ${For} $3 1 $2  ; after the name of the program; one too many
+    ${If} $3 = $2
+      ${Break}
+    ${EndIf}
+    IntOp $4 $3 * ${NSIS_PTR_SIZE}
+    System::Call '*$1(&v$4, p .r5)'
+    System::Call 'kernel32::lstrcpynW(w .r0, p r5, i ${NSIS_MAX_STRLEN})'
+    StrCpy $6 $0 9
+    StrCpy $7 $0 5
+    StrCpy $8 $0 3
+    ${If} $6 == "/LIBRARY="
+      StrCpy $0 $0 "" 9
+      Call Whole
+      StrCpy $Pointed $0
+    ${ElseIf} $7 == "/LOG="
+      StrCpy $0 $0 "" 5
+      Call Whole
+      StrCpy $LogFile $0
+    ${ElseIf} $8 == "/D="
+      ${If} $INSTDIR == ""
+        StrCpy $0 $0 "" 3
+        Call Whole
+        StrCpy $4 $0 1 -1
+        ${If} $4 == "\"
+          StrCpy $0 $0 -1
+        ${EndIf}
+        StrCpy $INSTDIR $0
+      ${EndIf}
+      ${Break}
+    ${ElseIf} $0 == "/CURRENTUSER"
+      StrCpy $PerMachine 0
+    ${ElseIf} $0 != "/S"
+    ${AndIf} $0 != "/NCRC"
+      StrCpy $Unknown $0
+    ${EndIf}
+  ${Next}
+  System::Call 'kernel32::LocalFree(p r1)'
+FunctionEnd
+
 Function .onInit
   InitPluginsDir
   !insertmacro UseRegistry
-  ${GetParameters} $R0
-  ClearErrors
-  ${GetOptions} $R0 "/LIBRARY=" $Pointed
-  ${GetOptions} $R0 "/LOG=" $LogFile
-  ${If} $LogFile != ""
-    Delete "$LogFile"
-  ${EndIf}
   UserInfo::GetAccountType
   Pop $0
   StrCpy $PerMachine 0
   ${If} $0 == "Admin"
     StrCpy $PerMachine 1
   ${EndIf}
-  ClearErrors
-  ${GetOptions} $R0 "/CURRENTUSER" $0
-  ${IfNot} ${Errors}
-    StrCpy $PerMachine 0
+  Call ReadSwitches
+  ${If} $LogFile != ""
+    Delete "$LogFile"
+  ${EndIf}
+  ${If} $Unknown != ""
+    ${GiveUp} ${CANNOT_INSTALL} "$Unknown is no switch: there are /S, /CURRENTUSER, /LIBRARY=, /LOG= and /D=."
   ${EndIf}
   !insertmacro UseScope
   ReadRegStr $Earlier SHCTX "${UNINSTALL_KEY}" "InstallLocation"
