@@ -204,30 +204,28 @@ void BenchWindow::ShowFaults(const simulator::Faults& faults) {
   Check(kVanish, form.vanishes);
   Check(kFill, form.fills);
   isFilling = false;
-  EnableFaultFields();
+  ShowFaultsInWords();
 }
 
-void BenchWindow::EnableFaultFields() {
-  const bool isNth = Chosen(kHow) == FaultForm::kEveryNth;
-  EnableWindow(Control(kNth), isNth);
-  EnableWindow(Control(kNthLabel), isNth);
-  const bool hasResult = Chosen(kAnswer) == static_cast<int>(simulator::Faults::Answer::kResult);
-  EnableWindow(Control(kResult), hasResult);
-  EnableWindow(Control(kResultLabel), hasResult);
+// And which of the fields are of use.
+void BenchWindow::ShowFaultsInWords() {
   const auto latency = static_cast<int>(SendMessageA(Control(kLatency), TBM_GETPOS, 0, 0));
   SetText(kLatencyValue, Format("%d ms", latency));
   const std::string words = FaultsInWords(shownFaults);
   const std::string band = words.empty() ? "" : "   Faults: " + words + ".";
-  if (Text(kFaultBand) == band) return;
-  SetText(kFaultBand, band);
-  ShowWindow(Control(kFaultBand), band.empty() ? SW_HIDE : SW_SHOWNA);
-  Layout();
+  const bool isOther = Text(kFaultBand) != band;
+  if (isOther) {
+    SetText(kFaultBand, band);
+    ShowWindow(Control(kFaultBand), band.empty() ? SW_HIDE : SW_SHOWNA);
+  }
+  EnableControls();
+  if (isOther) Layout();
 }
 
 void BenchWindow::FaultsChanged() {
   const auto faults = FaultsOf(ReadFaults());
   if (!faults.value) {
-    EnableFaultFields();
+    ShowFaultsInWords();
     return Refuse(faults.problem);
   }
   const simulator::Faults chosen = *faults.value;
@@ -235,7 +233,7 @@ void BenchWindow::FaultsChanged() {
     return Refuse(kBusy);
   }
   shownFaults = chosen;
-  EnableFaultFields();
+  ShowFaultsInWords();
   const std::string words = FaultsInWords(chosen);
   Say(words.empty() ? "No faults." : words + ".");
 }

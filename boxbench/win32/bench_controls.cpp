@@ -139,6 +139,40 @@ void BenchWindow::MakeControls() {
   isFilling = false;
 }
 
+// The system finds the letters of what is hidden too: what nobody sees is disabled, and a label,
+// which leads to the control behind it even then, has no letter.
+void BenchWindow::EnableControls() {
+  for (const ControlRow& row : kControls) {
+    const HWND handle = Control(row.id);
+    const auto style = static_cast<DWORD>(GetWindowLongPtrA(handle, GWL_STYLE));
+    const bool isShown = (style & WS_VISIBLE) != 0;
+    EnableWindow(handle, isShown && IsOfUse(row.id));
+    if (row.kind != kLabel) continue;
+    const DWORD letters = isShown ? row.style & SS_NOPREFIX : SS_NOPREFIX;
+    const auto before = static_cast<DWORD>(GetWindowLongPtrA(handle, GWL_STYLE));
+    const DWORD wanted = (before & ~DWORD{SS_NOPREFIX}) | letters;
+    if (wanted != before) SetWindowLongPtrA(handle, GWL_STYLE, static_cast<LONG_PTR>(wanted));
+  }
+}
+
+bool BenchWindow::IsOfUse(int id) const {
+  switch (id) {
+    case kNthLabel:
+    case kNth:
+      return Chosen(kHow) == FaultForm::kEveryNth;
+    case kResultLabel:
+    case kResult:
+      return Chosen(kAnswer) == static_cast<int>(simulator::Faults::Answer::kResult);
+    case kValue:
+    case kAsWords:
+    case kAsBytes:
+    case kSetValue:
+      return edited.has_value();
+    default:
+      return true;
+  }
+}
+
 void BenchWindow::FillChoices() {
   const auto add = [this](Id id, const char* text) {
     SendMessageA(Control(id), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
@@ -206,5 +240,7 @@ void BenchWindow::Focus(Id id) {
   SetFocus(Control(id));
   if (HasFocus(id)) SendMessageA(GetFocus(), EM_SETSEL, 0, -1);
 }
+
+void BenchWindow::FocusFirst() { Focus(box != nullptr ? kType : kTryAgain); }
 
 }  // namespace panelora::boxbench

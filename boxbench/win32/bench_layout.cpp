@@ -306,6 +306,7 @@ void BenchWindow::ShowSections() {
     if (id == kTitle || id == kSubtitle || id == kStatus) shown = true;
     ShowWindow(child, shown ? SW_SHOWNA : SW_HIDE);
   }
+  EnableControls();
 }
 
 }  // namespace panelora::boxbench

@@ -232,9 +232,7 @@ void BenchWindow::ShowValue() {
   const PropertyRow* row = edited ? properties.Find(*edited) : nullptr;
   if (row == nullptr) edited.reset();
   isFilling = true;
-  for (const Id id : {kValue, kAsWords, kAsBytes, kSetValue}) {
-    EnableWindow(Control(id), row != nullptr);
-  }
+  EnableControls();
   SendMessageA(Control(kValue), CB_RESETCONTENT, 0, 0);
   if (row != nullptr) {
     SetText(kValueLabel, row->name + ", " + row->number + ":");

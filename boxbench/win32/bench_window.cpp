@@ -100,7 +100,7 @@ bool BenchWindow::Make(int show) {
                std::min<int>(Scaled(kFirstHeight), most.cy), SWP_NOMOVE | SWP_NOZORDER);
   OpenDesk();
   ShowWindow(window, show);
-  Focus(box != nullptr ? control::kType : control::kTryAgain);
+  FocusFirst();
   SetTimer(window, kPollTimer, kPollPeriod, nullptr);
   return true;
 }
@@ -144,7 +144,9 @@ LRESULT BenchWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       Command(LOWORD(wParam), HIWORD(wParam));
       return 0;
     case WM_HSCROLL:
-      if (reinterpret_cast<HWND>(lParam) == Control(control::kLatency)) FaultsChanged();
+      if (box != nullptr && reinterpret_cast<HWND>(lParam) == Control(control::kLatency)) {
+        FaultsChanged();
+      }
       return 0;
     case WM_NOTIFY:
       return Notify(*reinterpret_cast<const NMHDR*>(lParam), lParam);
@@ -209,6 +211,12 @@ void BenchWindow::OpenDesk() {
   Poll();
 }
 
+// What had the focus may be hidden now.
+void BenchWindow::TryAgain() {
+  OpenDesk();
+  FocusFirst();
+}
+
 // Calls are taken more often than they are shown: the journal holds only so many. They are named as
 // those of the box that was there when it was looked at last.
 void BenchWindow::TakeCalls() {
@@ -262,6 +270,8 @@ void BenchWindow::Refuse(const std::string& text) {
 
 void BenchWindow::Command(int id, int code) {
   if (isFilling) return;
+  const bool needsNoBox = id == control::kTryAgain || id == IDOK || id == IDCANCEL;
+  if (box == nullptr && !needsNoBox) return;
   const bool isEdited = code == EN_CHANGE;
   // While a list is open its choice may still be taken back.
   const bool isChosen = code == CBN_CLOSEUP ||
@@ -273,7 +283,7 @@ void BenchWindow::Command(int id, int code) {
     case IDCANCEL:
       return Cancel();
     case control::kTryAgain:
-      return OpenDesk();
+      return TryAgain();
     case control::kShowBox:
     case control::kShowFaults:
       showsFaults = id == control::kShowFaults;
@@ -348,7 +358,7 @@ void BenchWindow::Command(int id, int code) {
 }
 
 void BenchWindow::Confirm() {
-  if (box == nullptr) return OpenDesk();
+  if (box == nullptr) return TryAgain();
   if (HasFocus(control::kProperties)) return EditValue();
   if (HasFocus(control::kValue)) return SetValue();
   if (HasFocus(control::kSignal)) return SetInput();

@@ -48,6 +48,7 @@ class BenchWindow {
   void TakeCalls();
   void Poll();
   void OpenDesk();
+  void TryAgain();
   void Command(int id, int code);
   void Confirm();  // Enter
   void Cancel();   // Esc
@@ -57,6 +58,8 @@ class BenchWindow {
 
   // Its controls: bench_controls.cpp.
   void MakeControls();
+  void EnableControls();  // those that are shown and of use now
+  bool IsOfUse(int id) const;
   void FillChoices();
   HWND Control(Id id) const;
   std::string Text(Id id) const;
@@ -67,6 +70,7 @@ class BenchWindow {
   void ChooseItem(Id id, int index);
   bool HasFocus(Id id) const;
   void Focus(Id id);
+  void FocusFirst();
 
   // Where they stand: bench_layout.cpp.
   void UseDpi(int newDpi);
@@ -97,7 +101,7 @@ class BenchWindow {
   FaultForm ReadFaults() const;
   void FaultsChanged();
   void NoFaults();
-  void EnableFaultFields();
+  void ShowFaultsInWords();
   void FillOnly();
 
   // The lists: bench_lists.cpp.

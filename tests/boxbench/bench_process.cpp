@@ -171,9 +171,20 @@ std::string BenchProcess::Text(Id id) {
   return text;
 }
 
+std::vector<control::Id> BenchProcess::Controls() const {
+  std::vector<Id> ids;
+  for (HWND child = GetWindow(window, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    ids.push_back(static_cast<Id>(GetDlgCtrlID(child)));
+  }
+  return ids;
+}
+
 bool BenchProcess::IsShown(Id id) const {
   return (GetWindowLongPtrA(Control(id), GWL_STYLE) & WS_VISIBLE) != 0;
 }
+
+bool BenchProcess::IsEnabled(Id id) const { return IsWindowEnabled(Control(id)) != FALSE; }
 
 bool BenchProcess::IsChecked(Id id) { return Send(Control(id), BM_GETCHECK) == BST_CHECKED; }
 

@@ -61,7 +61,9 @@ class BenchProcess {
   HWND Window() const { return window; }
   HWND Control(Id id) const { return GetDlgItem(window, id); }
   std::string Text(Id id);
+  std::vector<Id> Controls() const;  // shown or not
   bool IsShown(Id id) const;
+  bool IsEnabled(Id id) const;
   bool IsChecked(Id id);
   Id Focus() const;  // kNone = on none of its controls
   int RowCount(Id list);

@@ -1,6 +1,7 @@
 // What an operator does with the window of BoxBench, what the box makes of it, and what he sees.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
 #include <map>
 #include <sstream>
@@ -393,6 +394,26 @@ TEST_F(BenchTest, ItsEndLeavesTheDeskUsable) {
   EXPECT_EQ(Read(), 1);
 }
 
+// The texts that Alt and a letter may lead to. The system asks the controls that are hidden as
+// well, and labels even while they are disabled.
+std::map<int, std::vector<Id>> Letters(BenchProcess& bench) {
+  std::map<int, std::vector<Id>> letters;
+  for (const Id id : bench.Controls()) {
+    char kind[32] = "";
+    const HWND control = bench.Control(id);
+    GetClassNameA(control, kind, sizeof kind);
+    const bool isLabel = std::string(kind) == "Static";
+    if (!isLabel && std::string(kind) != "Button") continue;
+    if (isLabel && (GetWindowLongPtrA(control, GWL_STYLE) & SS_NOPREFIX) != 0) continue;
+    if (!isLabel && !bench.IsEnabled(id)) continue;
+    const std::string text = bench.Text(id);
+    const std::size_t mark = text.find('&');
+    if (mark == std::string::npos || mark + 1 == text.size()) continue;
+    letters[std::tolower(text[mark + 1])].push_back(id);
+  }
+  return letters;
+}
+
 // A desk whose memory was made by a program of another version.
 class OldDesk {
  public:
@@ -426,6 +447,13 @@ TEST_F(BenchTest, SaysWhenTheBoxCanNotBeOpened) {
   EXPECT_TRUE(bench->IsShown(kTryAgain));
   EXPECT_FALSE(bench->IsShown(kProperties));
   EXPECT_EQ(bench->Text(kDeskError).find("There is no box to show: "), 0U);
+  const auto letters = Letters(*bench);
+  ASSERT_EQ(letters.size(), 1U);
+  EXPECT_EQ(letters.begin()->second, (std::vector<Id>{kTryAgain}));
+  // Nothing that is told of a control finds a box to do it to.
+  for (const Id id : bench->Controls()) bench->Press(id);
+  for (const Id key : {kRefresh, kFind}) bench->Press(key);
+  bench->Slide(kLatency, 120);
   bench->Press(kTryAgain);
   EXPECT_TRUE(bench->IsShown(kDeskError));
   old.reset();
@@ -433,6 +461,7 @@ TEST_F(BenchTest, SaysWhenTheBoxCanNotBeOpened) {
   EXPECT_FALSE(bench->IsShown(kDeskError));
   EXPECT_TRUE(bench->IsShown(kProperties));
   EXPECT_EQ(bench->Text(kTitle), "Type 26: connected");
+  Await("focus on the model", [this] { return bench->Focus() == kType; });
 }
 
 TEST_F(BenchTest, ThePanelFindsTheBoxOnceItCanBeHad) {
@@ -557,32 +586,49 @@ TEST_F(BenchTest, IsWorkedByTheKeyboardAlone) {
   AwaitText(kTitle, "Type 26: connected");
 }
 
-// Alt and a letter lead to one control that is seen.
 TEST_F(BenchTest, EveryLetterLeadsToOneControl) {
   StartBench();
   for (const bool isPaused : {false, true}) {
     if (isPaused) bench->Press(kPause);
     for (const Id section : {kShowBox, kShowFaults}) {
       bench->Press(section);
-      std::map<int, std::string> letters;
-      for (const auto& [id, place] : bench->ShownPlaces()) {
-        char kind[32] = "";
-        const HWND control = bench->Control(static_cast<Id>(id));
-        GetClassNameA(control, kind, sizeof kind);
-        const LONG_PTR style = GetWindowLongPtrA(control, GWL_STYLE);
-        const bool isLabel = std::string(kind) == "Static";
-        if (!isLabel && std::string(kind) != "Button") continue;
-        if (isLabel && (style & SS_NOPREFIX) != 0) continue;
-        const std::string text = bench->Text(static_cast<Id>(id));
-        const std::size_t mark = text.find('&');
-        if (mark == std::string::npos || mark + 1 == text.size()) continue;
-        const int letter = std::tolower(text[mark + 1]);
-        EXPECT_EQ(letters[letter], "") << text;
-        letters[letter] = text;
+      const auto letters = Letters(*bench);
+      for (const auto& [letter, ids] : letters) {
+        EXPECT_EQ(ids.size(), 1U) << bench->Text(ids.back());
+        EXPECT_TRUE(bench->IsShown(ids.front())) << bench->Text(ids.front());
       }
       EXPECT_GT(letters.size(), 15U);
     }
   }
+}
+
+// Of what is shown alone the fields that are of no use are disabled.
+TEST_F(BenchTest, WhatIsHiddenIsDisabledUntilItIsShown) {
+  StartBench();
+  const std::vector<Id> useless = {kNthLabel, kNth, kResultLabel, kResult};
+  const std::vector<Id> valueless = {kValue, kAsWords, kAsBytes, kSetValue};
+  const auto check = [&](const std::vector<Id>& disabled) {
+    for (const Id id : bench->Controls()) {
+      const bool isUseless = std::find(disabled.begin(), disabled.end(), id) != disabled.end();
+      EXPECT_EQ(bench->IsEnabled(id), bench->IsShown(id) && !isUseless) << id;
+    }
+  };
+  std::vector<Id> both = useless;
+  both.insert(both.end(), valueless.begin(), valueless.end());
+  check(both);
+  bench->Press(kShowFaults);
+  check(both);
+  bench->SelectRow(kProperties, 0);
+  check(useless);
+  bench->Choose(kHow, "Every nth");
+  bench->Choose(kAnswer, "Another");
+  check({});
+  bench->Press(kShowBox);
+  check({});
+  bench->Press(kShowFaults);
+  check({});
+  bench->Press(kNoFaults);
+  check({kNthLabel, kNth});
 }
 
 TEST_F(BenchTest, EveryFieldHasANameBeforeIt) {
