@@ -268,7 +268,8 @@ void BenchWindow::SetValue() {
   Store(row->at, *bytes.value);
 }
 
-void BenchWindow::Store(const Address& at, std::span<const std::uint8_t> bytes) {
+// The address may be that of a row: the look at the box moves the rows away.
+void BenchWindow::Store(Address at, std::span<const std::uint8_t> bytes) {
   const std::string problem = StoreValue(*box, at, bytes);
   if (!problem.empty()) return Refuse(problem);
   Poll();

@@ -120,7 +120,7 @@ class BenchWindow {
   void OfferValues(const PropertyRow& row);
   void EditValue();
   void SetValue();
-  void Store(const Address& at, std::span<const std::uint8_t> bytes);
+  void Store(Address at, std::span<const std::uint8_t> bytes);
   void ResetValue();
   void FilterLog();
   void Pause();
