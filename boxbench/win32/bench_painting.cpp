@@ -124,7 +124,7 @@ LRESULT CALLBACK BenchWindow::ButtonProcedure(HWND button, UINT message, WPARAM 
     TrackMouseEvent(&leaving);
     InvalidateRect(button, nullptr, FALSE);
   } else if (message == WM_MOUSELEAVE) {
-    bench.hot = nullptr;
+    if (bench.hot == button) bench.hot = nullptr;  // it may be told late, after the next one's move
     InvalidateRect(button, nullptr, FALSE);
   } else if (message == WM_NCDESTROY) {
     RemoveWindowSubclass(button, ButtonProcedure, id);
