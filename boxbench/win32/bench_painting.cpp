@@ -41,7 +41,8 @@ bool IsQuiet(int id) {
 void BenchWindow::UseSystemLook() {
   look = win32::LookOf(win32::IsHighContrast());
   gdi.ForgetPictures();
-  if (window != nullptr) InvalidateRect(window, nullptr, TRUE);
+  if (window == nullptr) return;
+  RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void BenchWindow::Paint() {
