@@ -319,7 +319,7 @@ std::vector<std::size_t> BenchWindow::SelectedCalls() const {
 
 void BenchWindow::Copy() {
   const std::vector<std::size_t> rows = SelectedCalls();
-  PutOnClipboard(rows.empty() ? log.AllText(toLocal) : log.Text(rows, toLocal));
+  if (!PutOnClipboard(rows.empty() ? log.AllText(toLocal) : log.Text(rows, toLocal))) return;
   const std::size_t count = rows.empty() ? log.Shown() : rows.size();
   Say(CountText(count, "call is", "calls are") + " on the clipboard.");
 }
@@ -332,21 +332,32 @@ void BenchWindow::CopyProperty() {
     text +=
         (column == 0 ? "" : "\t") + properties.Cell(static_cast<std::size_t>(row), column, toLocal);
   }
-  PutOnClipboard(text + "\r\n");
-  Say("The property is on the clipboard.");
+  if (PutOnClipboard(text + "\r\n")) Say("The property is on the clipboard.");
 }
 
-void BenchWindow::PutOnClipboard(const std::string& text) {
-  if (!OpenClipboard(window)) return Refuse("another program keeps the clipboard: try again");
-  EmptyClipboard();
+bool BenchWindow::PutOnClipboard(const std::string& text) {
   const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
   void* copy = memory != nullptr ? GlobalLock(memory) : nullptr;
-  if (copy != nullptr) {
-    std::memcpy(copy, text.c_str(), text.size() + 1);
-    GlobalUnlock(memory);
-    SetClipboardData(CF_TEXT, memory);
+  if (copy == nullptr) {
+    if (memory != nullptr) GlobalFree(memory);
+    Refuse("there is no memory for so many calls: select fewer");
+    return false;
   }
+  std::memcpy(copy, text.c_str(), text.size() + 1);
+  GlobalUnlock(memory);
+  if (!OpenClipboard(window)) {
+    GlobalFree(memory);
+    Refuse("another program keeps the clipboard: try again");
+    return false;
+  }
+  EmptyClipboard();
+  const bool isTaken = SetClipboardData(CF_TEXT, memory) != nullptr;
+  const DWORD error = GetLastError();
   CloseClipboard();
+  if (isTaken) return true;
+  GlobalFree(memory);
+  Refuse(Format("the clipboard does not take it: error %lu", error));
+  return false;
 }
 
 void BenchWindow::Save() {

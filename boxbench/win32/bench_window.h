@@ -127,7 +127,7 @@ class BenchWindow {
   void Clear();
   void Copy();
   void CopyProperty();
-  void PutOnClipboard(const std::string& text);
+  bool PutOnClipboard(const std::string& text);  // says why not
   void Save();
   std::vector<std::size_t> SelectedCalls() const;
 

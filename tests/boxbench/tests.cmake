@@ -1,6 +1,7 @@
 # What the lists and fields of BoxBench mean, and its window driven from outside.
 if(WIN32)
   add_executable(boxbench_window
+    boxbench/bench_files_test.cpp
     boxbench/bench_main.cpp
     boxbench/bench_process.cpp
     boxbench/bench_window_test.cpp)
