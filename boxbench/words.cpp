@@ -134,18 +134,23 @@ std::string Tidied(std::string_view text) {
   return tidied;
 }
 
-std::string FileOf(std::string_view commandLine) {
-  constexpr std::string_view kBlanks = " \t";
-  const std::size_t begin = commandLine.find_first_not_of(kBlanks);
-  if (begin == std::string_view::npos) return "";
-  std::string_view file = commandLine.substr(begin);
-  if (file.front() == '"') {
+std::wstring FileOf(std::wstring_view commandLine) {
+  constexpr std::wstring_view kBlanks = L" \t";
+  std::size_t end = 0;  // of the program, whose blanks are in quotation marks
+  for (bool isQuoted = false; end < commandLine.size(); ++end) {
+    if (commandLine[end] == L'"') isQuoted = !isQuoted;
+    if (!isQuoted && kBlanks.find(commandLine[end]) != std::wstring_view::npos) break;
+  }
+  const std::size_t begin = commandLine.find_first_not_of(kBlanks, end);
+  if (begin == std::wstring_view::npos) return L"";
+  std::wstring_view file = commandLine.substr(begin);
+  if (file.front() == L'"') {
     file.remove_prefix(1);
-    file = file.substr(0, file.find('"'));
+    file = file.substr(0, file.find(L'"'));
   } else {
     file = file.substr(0, file.find_last_not_of(kBlanks) + 1);
   }
-  return std::string(file);
+  return std::wstring(file);
 }
 
 bool IsSameText(std::string_view left, std::string_view right) {

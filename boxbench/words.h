@@ -48,8 +48,9 @@ std::optional<std::uint32_t> ParseWhole(std::string_view text, std::uint32_t mos
 
 // Without blanks at its ends, and one for several.
 std::string Tidied(std::string_view text);
-// The file of a command line that names one, in quotation marks or not; its blanks stay.
-std::string FileOf(std::string_view commandLine);
+// The file that a command line names behind the program, in quotation marks or not; its blanks
+// stay.
+std::wstring FileOf(std::wstring_view commandLine);
 bool IsSameText(std::string_view left, std::string_view right);  // whatever case
 bool Contains(std::string_view text, std::string_view part);     // whatever case
 

@@ -8,6 +8,7 @@ add_library(panelora_boxbench STATIC
   boxbench/models.cpp
   boxbench/plug_switches.cpp
   boxbench/property_list.cpp
+  boxbench/save_text.cpp
   boxbench/words.cpp)
 target_link_libraries(panelora_boxbench PUBLIC panelora_core panelora_simulator)
 panelora_read_once(panelora_boxbench ${PANELORA_OFTEN_INCLUDED})

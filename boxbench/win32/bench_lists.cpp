@@ -8,10 +8,10 @@
 
 #include <algorithm>
 #include <cstring>
-#include <fstream>
 
 #include "base/text.h"
 #include "boxbench/edit_value.h"
+#include "boxbench/save_text.h"
 
 namespace panelora::boxbench {
 
@@ -29,6 +29,7 @@ constexpr Column kPropertyColumns[] = {{"Number", 68}, {"Name", 150},      {"Byt
 constexpr int kCallColumns[] = {54, 84, 50, 64, 200, 52, 70, 190};
 constexpr int kRowHeight = 19;
 constexpr int kScrollBar = 22;
+constexpr DWORD kLongestPath = 32768;  // letters, with the end
 
 std::size_t CountOf(HWND list) {
   return static_cast<std::size_t>(SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
@@ -360,27 +361,36 @@ bool BenchWindow::PutOnClipboard(const std::string& text) {
   return false;
 }
 
+std::filesystem::path BenchWindow::AskForLogFile() {
+  std::wstring chosen = L"calls.txt";
+  chosen.resize(kLongestPath);
+  OPENFILENAMEW ask{};
+  ask.lStructSize = sizeof ask;
+  ask.hwndOwner = window;
+  ask.lpstrFilter = L"Text, tab separated (*.txt)\0*.txt\0All files\0*.*\0";
+  ask.lpstrFile = chosen.data();
+  ask.nMaxFile = kLongestPath;
+  ask.lpstrDefExt = L"txt";
+  ask.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
+  if (GetSaveFileNameW(&ask)) return chosen.c_str();
+  const DWORD error = CommDlgExtendedError();
+  if (error != 0)
+    Refuse(Format("the log can't be saved: no file can be asked for, error %lu", error));
+  return {};
+}
+
+// Names are not of the system's code page alone.
 void BenchWindow::Save() {
-  if (box == nullptr) return;
-  std::string name = logFile;
-  if (name.empty()) {
-    char chosen[MAX_PATH] = "calls.txt";
-    OPENFILENAMEA ask{};
-    ask.lStructSize = sizeof ask;
-    ask.hwndOwner = window;
-    ask.lpstrFilter = "Text, tab separated (*.txt)\0*.txt\0All files\0*.*\0";
-    ask.lpstrFile = chosen;
-    ask.nMaxFile = sizeof chosen;
-    ask.lpstrDefExt = "txt";
-    ask.Flags = OFN_OVERWRITEPROMPT | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_PATHMUSTEXIST;
-    if (!GetSaveFileNameA(&ask)) return;
-    name = chosen;
+  const std::filesystem::path file = logFile.empty() ? AskForLogFile() : logFile;
+  if (file.empty()) return;
+  const std::wstring name = file.wstring();
+  if (!SaveText(file, log.AllText(toLocal))) {
+    Say(L"The log can't be written to " + name + L": choose another place.");
+    MessageBeep(MB_ICONWARNING);
+    return;
   }
-  std::ofstream file(name, std::ios::binary | std::ios::trunc);
-  file << log.AllText(toLocal);
-  file.close();
-  if (!file) return Refuse("the log can't be written to " + name + ": choose another place");
-  Say(CountText(log.Shown(), "call is", "calls are") + " saved in " + name + ".");
+  const std::string count = CountText(log.Shown(), "call is", "calls are");
+  Say(std::wstring(count.begin(), count.end()) + L" saved in " + name + L".");
 }
 
 }  // namespace panelora::boxbench

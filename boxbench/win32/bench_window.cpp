@@ -59,7 +59,7 @@ HACCEL MakeKeys() {
 
 }  // namespace
 
-BenchWindow::BenchWindow(HINSTANCE theInstance, std::string theLogFile)
+BenchWindow::BenchWindow(HINSTANCE theInstance, std::filesystem::path theLogFile)
     : instance(theInstance),
       logFile(std::move(theLogFile)),
       deskName(simulator::BoxName()),
@@ -257,6 +257,10 @@ void BenchWindow::Poll() {
 
 void BenchWindow::Say(const std::string& text) {
   SendMessageA(Control(control::kStatus), SB_SETTEXTA, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void BenchWindow::Say(const std::wstring& text) {
+  SendMessageA(Control(control::kStatus), SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 void BenchWindow::Refuse(const std::string& text) {

@@ -3,7 +3,7 @@
 
 #include "platform/win32/windows_headers.h"
 
-#include <map>
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
@@ -24,7 +24,7 @@ namespace panelora::boxbench {
 class BenchWindow {
  public:
   // `theLogFile` is where the log is saved without asking; empty = ask.
-  BenchWindow(HINSTANCE theInstance, std::string theLogFile);
+  BenchWindow(HINSTANCE theInstance, std::filesystem::path theLogFile);
   ~BenchWindow();
   BenchWindow(const BenchWindow&) = delete;
   BenchWindow& operator=(const BenchWindow&) = delete;
@@ -54,6 +54,7 @@ class BenchWindow {
   void Cancel();   // Esc
   void Find();
   void Say(const std::string& text);
+  void Say(const std::wstring& text);
   void Refuse(const std::string& text);  // what was typed stays
 
   // Its controls: bench_controls.cpp.
@@ -128,11 +129,12 @@ class BenchWindow {
   void Copy();
   void CopyProperty();
   bool PutOnClipboard(const std::string& text);  // says why not
+  std::filesystem::path AskForLogFile();         // empty = none was chosen
   void Save();
   std::vector<std::size_t> SelectedCalls() const;
 
   HINSTANCE instance;
-  std::string logFile;
+  std::filesystem::path logFile;
   std::string deskName;
   win32::GdiCache gdi;
   win32::Look look{};

@@ -3,6 +3,7 @@
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
+#include <system_error>
 
 #include "base/text.h"
 #include "platform/win32/dpi.h"
@@ -57,8 +58,10 @@ void Await(const char* what, const std::function<bool()>& condition) {
   }
 }
 
-BenchProcess::BenchProcess(const std::string& logFile) {
-  process = panelora::testing::StartByLine("\"" + TheParts().bench + "\" \"" + logFile + "\"");
+BenchProcess::BenchProcess(const std::filesystem::path& logFile) {
+  const std::filesystem::path bench = TheParts().bench;
+  process = panelora::testing::StartByLine(L"\"" + bench.wstring() + L"\" \"" + logFile.wstring() +
+                                           L"\"");
   Await("window of BoxBench", [this] {
     Search search{process.dwProcessId, nullptr};
     EnumWindows(FindWindowOf, reinterpret_cast<LPARAM>(&search));
@@ -247,9 +250,7 @@ BenchTest::BenchTest() {
   static int desks = 0;
   desk = Format("bench-test-%lu-%d", GetCurrentProcessId(), ++desks);
   SetEnvironmentVariableA("PANELORA_BOX", desk.c_str());
-  char folder[MAX_PATH] = "";
-  GetTempPathA(sizeof folder, folder);
-  logFile = folder + desk + ".txt";
+  logFile = std::filesystem::temp_directory_path() / (desk + ".txt");
   mapped = std::make_unique<simulator::MappedBox>(desk);
   if (!mapped->IsOpen()) throw std::runtime_error(mapped->Error());
   box = std::make_unique<simulator::BoxControl>(mapped->Shared(), *mapped, simulator::By::kBoxctl);
@@ -269,7 +270,8 @@ BenchTest::~BenchTest() {
   bench.reset();
   panel.reset();
   FreeLibrary(library);
-  DeleteFileA(logFile.c_str());
+  std::error_code ignored;
+  std::filesystem::remove(logFile, ignored);
 }
 
 simulator::BoxControl::Look BenchTest::LookAt() {

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -36,7 +37,7 @@ class BenchProcess {
   using Id = control::Id;
 
   // Starts it on the desk that the environment names, and waits for its window.
-  explicit BenchProcess(const std::string& logFile);
+  explicit BenchProcess(const std::filesystem::path& logFile);
   ~BenchProcess();
   BenchProcess(const BenchProcess&) = delete;
   BenchProcess& operator=(const BenchProcess&) = delete;
@@ -103,7 +104,7 @@ class BenchTest : public ::testing::Test {
   void AwaitText(control::Id id, const std::string& text);
 
   std::string desk;
-  std::string logFile;
+  std::filesystem::path logFile;
   std::unique_ptr<simulator::MappedBox> mapped;
   std::unique_ptr<simulator::BoxControl> box;
   HMODULE library = nullptr;

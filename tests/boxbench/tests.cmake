@@ -25,6 +25,7 @@ else()
     boxbench/input_signal_test.cpp
     boxbench/models_test.cpp
     boxbench/property_list_test.cpp
+    boxbench/save_text_test.cpp
     boxbench/words_test.cpp)
   target_link_libraries(boxbench_units PRIVATE panelora_boxbench)
 endif()

@@ -59,12 +59,14 @@ TEST(BenchWords, WholeNumbersHaveNothingRoundThem) {
 }
 
 TEST(BenchWords, AFileIsCalledAsItIsTyped) {
-  EXPECT_EQ(FileOf(""), "");
-  EXPECT_EQ(FileOf("  \t"), "");
-  EXPECT_EQ(FileOf("calls.txt "), "calls.txt");
-  EXPECT_EQ(FileOf(" C:\\my  calls\\a.txt"), "C:\\my  calls\\a.txt");
-  EXPECT_EQ(FileOf("\"C:\\my  calls\\a.txt\" "), "C:\\my  calls\\a.txt");
-  EXPECT_EQ(FileOf("\" a.txt\""), " a.txt");
+  EXPECT_EQ(FileOf(L""), L"");
+  EXPECT_EQ(FileOf(L"BoxBench.exe"), L"");
+  EXPECT_EQ(FileOf(L"\"C:\\my bench\\BoxBench.exe\"  \t"), L"");
+  EXPECT_EQ(FileOf(L"BoxBench.exe calls.txt "), L"calls.txt");
+  EXPECT_EQ(FileOf(L"BoxBench.exe\tC:\\my  calls\\a.txt"), L"C:\\my  calls\\a.txt");
+  EXPECT_EQ(FileOf(L"C:\\\"my bench\"\\BoxBench.exe a.txt"), L"a.txt");
+  EXPECT_EQ(FileOf(L"\"BoxBench.exe\" \"C:\\my  calls\\a.txt\" "), L"C:\\my  calls\\a.txt");
+  EXPECT_EQ(FileOf(L"BoxBench.exe \" a.txt\""), L" a.txt");
 }
 
 TEST(BenchWords, CaseAndBlanksMakeNoDifference) {
