@@ -176,7 +176,7 @@ const CallLog::Texts& CallLog::TextsOf(const Row& row) {
   if (found != known.end()) return found->second;
   if (known.size() >= kMostKnown) known.clear();
   const Box& box = boxes[row.box];
-  Texts texts{CallText(row.call), Describe(box.identity, box.firmware, row.call),
+  Texts texts{CallText(row.call), Printable(Describe(box.identity, box.firmware, row.call)),
               ResultText(row.call)};
   return known.emplace(key, std::move(texts)).first->second;
 }

@@ -63,6 +63,12 @@ std::string Joined(const std::vector<std::string>& texts) {
   return all;
 }
 
+// What the property makes of the bytes, in one line.
+std::string ReadingOf(const Identity& box, const Property& property,
+                      std::span<const std::uint8_t> bytes) {
+  return Printable(ValueOf(box, property, CallWith(property, bytes)));
+}
+
 // Those that count where a number means several things.
 void DropAsides(std::vector<Property>& means) {
   const auto isAside = [](const Property& each) { return each.isAside; };
@@ -115,7 +121,7 @@ std::string WordsOfValue(const Identity& box, const PropertyRow& row,
   std::vector<std::string> texts;
   for (const Property& each : row.means) {
     if (each.command != Property::kAnyValue) continue;
-    const std::string words = ValueOf(box, each, CallWith(each, bytes));
+    const std::string words = ReadingOf(box, each, bytes);
     AddOnce(texts, hasNames ? std::string(each.name) + ": " + words : words);
   }
   return Joined(texts);
@@ -126,7 +132,7 @@ std::vector<std::string> ReadingsOfValue(const Identity& box, const PropertyRow&
   std::vector<std::string> texts;
   for (const Property& each : row.means) {
     if (bytes.empty() || each.command != Property::kAnyValue) continue;
-    AddOnce(texts, ValueOf(box, each, CallWith(each, bytes)));
+    AddOnce(texts, ReadingOf(box, each, bytes));
   }
   return texts;
 }

@@ -120,6 +120,20 @@ std::optional<std::uint32_t> ParseWhole(std::string_view text, std::uint32_t mos
   return static_cast<std::uint32_t>(number);
 }
 
+std::string Printable(std::string_view text) {
+  constexpr char kDelete = 0x7F;
+  std::string printable;
+  for (const char letter : text) {
+    const auto code = static_cast<unsigned char>(letter);
+    if (code < ' ' || letter == kDelete) {
+      printable += Format("\\x%02X", code);
+    } else {
+      printable += letter;
+    }
+  }
+  return printable;
+}
+
 std::string Tidied(std::string_view text) {
   std::string tidied;
   for (const char letter : text) {

@@ -46,6 +46,8 @@ Typed<std::vector<std::uint8_t>> ParseHex(std::string_view text);
 // A whole number of a range, and nothing else.
 std::optional<std::uint32_t> ParseWhole(std::string_view text, std::uint32_t most);
 
+// In one line: control characters, which would end it or its column, stand as \xNN.
+std::string Printable(std::string_view text);
 // Without blanks at its ends, and one for several.
 std::string Tidied(std::string_view text);
 // The file that a command line names behind the program, in quotation marks or not; its blanks

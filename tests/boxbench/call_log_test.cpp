@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "catalogue/codecs.h"
+#include "catalogue/multiview.h"
 #include "tests/boxbench/desk_box.h"
 
 namespace panelora::boxbench {
@@ -204,6 +206,16 @@ TEST_F(CallLogTest, SelectedRowsAreText) {
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 3);
   EXPECT_NE(text.find("\r\n2\t"), std::string::npos);
   EXPECT_NE(text.find("\r\n4\t"), std::string::npos);
+}
+
+TEST_F(CallLogTest, ControlCharactersOfALabelTearNoRow) {
+  desk.control.Become({13, 0, 0, 0, 0}, 0x0126);
+  desk.control.Store(multiview::InputLabel(1), CentredLabel("A\n\tB"));
+  Poll();
+  EXPECT_EQ(log.Cell(1, CallLog::kWords, 0), "Input 2 Label: A\\x0A\\x09B");
+  const std::string text = log.AllText(0);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 3);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\t'), 3 * (CallLog::kColumnCount - 1));
 }
 
 TEST_F(CallLogTest, ACallIsNamedAsOfTheBoxThatWasAsked) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "boxbench/input_signal.h"
+#include "catalogue/codecs.h"
 #include "tests/boxbench/desk_box.h"
 
 namespace panelora::boxbench {
@@ -80,6 +81,15 @@ TEST_F(EditValueTest, CaseAndBlanksMakeNoDifference) {
 TEST_F(EditValueTest, LabelsAreTypedAsTheyAreRead) {
   Become(13);
   EXPECT_EQ(Typed("Input 2 Label", "CAMERA"), "CAMERA");
+}
+
+TEST_F(EditValueTest, ALabelWithControlCharactersStaysWhenItIsSetAsItIsShown) {
+  Become(13);
+  const Address at = Row("Input 2 Label").at;
+  desk.control.Store(at, CentredLabel("A\n\tB"));
+  const PropertyRow& row = Row("Input 2 Label");
+  EXPECT_EQ(row.words, "A\\x0A\\x09B");
+  EXPECT_EQ(*ParseWords(box, row, row.words).value, row.bytes);
 }
 
 TEST_F(EditValueTest, SignalsAreTypedAsTheyAreRead) {

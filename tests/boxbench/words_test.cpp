@@ -69,6 +69,12 @@ TEST(BenchWords, AFileIsCalledAsItIsTyped) {
   EXPECT_EQ(FileOf(L"BoxBench.exe \" a.txt\""), L" a.txt");
 }
 
+TEST(BenchWords, ControlCharactersAreSpelledOut) {
+  EXPECT_EQ(Printable("A b~"), "A b~");
+  EXPECT_EQ(Printable("\xE9"), "\xE9");  // a letter of the system's code page
+  EXPECT_EQ(Printable(std::string_view("A\n\tB\x7F\0", 6)), "A\\x0A\\x09B\\x7F\\x00");
+}
+
 TEST(BenchWords, CaseAndBlanksMakeNoDifference) {
   EXPECT_EQ(Tidied("  a \t b\r\n"), "a b");
   EXPECT_TRUE(IsSameText("Vga", "vGA"));
