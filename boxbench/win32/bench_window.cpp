@@ -240,7 +240,8 @@ void BenchWindow::Poll() {
   if (!seen || !shownBox) return;
   log.SeeLast(seen->last);
   const std::size_t rows = properties.Count();
-  const bool isOther = rows == 0 || shownBox->identity != seen->box.identity;
+  const bool isOther = rows == 0 || shownBox->identity != seen->box.identity ||
+                       shownBox->firmware != seen->box.firmware;
   if (properties.Update(*seen, writes, desk->Time(), desk->Milliseconds() + 1)) {
     InvalidateRect(Control(control::kProperties), nullptr, FALSE);
   }

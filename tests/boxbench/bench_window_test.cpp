@@ -161,6 +161,14 @@ TEST_F(BenchTest, EditsAValueOfAndBytes) {
   EXPECT_EQ(Status().find("\"0G\" is no byte"), 0U) << Status();
 }
 
+TEST_F(BenchTest, ShowsTheValuesOfAnotherFirmware) {
+  StartBench();
+  bench->SelectRow(kProperties, bench->FindRow(kProperties, PropertyList::kNumber, "word 5"));
+  ASSERT_EQ(bench->Text(kValue), "0.1.2.6");
+  box->Become(LookAt().box.identity, 0x0127);
+  AwaitText(kValue, "0.1.2.7");
+}
+
 TEST_F(BenchTest, ShowsWhatThePanelWrites) {
   StartBench();
   Write(proc_amp::kHue, 77);
