@@ -93,6 +93,7 @@ std::vector<Address> KeptPlaces(const BoxMemory& box) {
 }
 
 std::optional<Address> PlaceOf(const Entry& entry) {
+  if (entry.item >= BoxMemory::kNumbers) return std::nullopt;  // the box keeps nothing there
   switch (entry.operation) {
     case Call::Operation::kSetBlock:
       return Block(static_cast<std::uint8_t>(entry.item), entry.length, entry.sub);

@@ -85,6 +85,13 @@ TEST_F(PropertyListTest, AFailedWriteIsNobodys) {
   EXPECT_EQ(Cell(kBrightness, PropertyList::kBy), "");
 }
 
+TEST_F(PropertyListTest, AWriteBeyondTheNumbersIsOfNoRow) {
+  Update();
+  ASSERT_EQ(desk.Write(256 + 4, 2), 1);
+  Update();
+  EXPECT_EQ(Cell(Word(4), PropertyList::kBy), "");
+}
+
 TEST_F(PropertyListTest, WhatChangesWithoutAHandIsTheBoxesOwn) {
   Update();
   desk.host.time = 2000000;
