@@ -131,10 +131,10 @@ LRESULT CALLBACK BenchWindow::Procedure(HWND handle, UINT message, WPARAM wParam
   }
   auto* self = reinterpret_cast<BenchWindow*>(GetWindowLongPtrA(handle, GWLP_USERDATA));
   if (self == nullptr) return DefWindowProcA(handle, message, wParam, lParam);
-  return self->Handle(message, wParam, lParam);
+  return self->Handle(handle, message, wParam, lParam);
 }
 
-LRESULT BenchWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT BenchWindow::Handle(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_TIMER:
       TakeCalls();
@@ -190,7 +190,7 @@ LRESULT BenchWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
       PostQuitMessage(0);
       return 0;
     default:
-      return DefWindowProcA(window, message, wParam, lParam);
+      return DefWindowProcA(handle, message, wParam, lParam);
   }
 }
 

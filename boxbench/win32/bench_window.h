@@ -41,7 +41,7 @@ class BenchWindow {
                                     LPARAM lParam) noexcept;
   static LRESULT CALLBACK ButtonProcedure(HWND button, UINT message, WPARAM wParam, LPARAM lParam,
                                           UINT_PTR id, DWORD_PTR self) noexcept;
-  LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT Handle(HWND handle, UINT message, WPARAM wParam, LPARAM lParam);
   bool TakeKeyboard(const MSG& message);
 
   // The window itself: bench_window.cpp.
