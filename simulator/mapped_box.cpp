@@ -32,12 +32,16 @@ MappedBox::~MappedBox() { Close(); }
 
 void MappedBox::Open() {
   mutex = CreateMutexA(nullptr, FALSE, (path + ".lock").c_str());
-  if (mutex == nullptr || !TakeMutex()) {
-    error = "the simulated box can't be had: another program keeps it";
+  if (mutex == nullptr) {
+    error = Format("the simulated box can't be had: error %lu", GetLastError());
     return;
   }
-  Map();
-  ReleaseMutex(mutex);
+  if (TakeMutex()) {
+    Map();
+    ReleaseMutex(mutex);
+  } else {
+    error = "the simulated box can't be had: another program keeps it";
+  }
   // As long as it is held, nobody can make another one.
   if (!error.empty()) Close();
 }

@@ -500,6 +500,16 @@ TEST_F(BenchTest, WhoCanGiveNoSignOfLifeHasNoBox) {
   EXPECT_TRUE(simulator::MappedBox(desk + "-life").IsOpen());
 }
 
+// A name that is something else's.
+TEST_F(BenchTest, WhoCanNotWaitForTheBoxSaysWhy) {
+  const std::string lock = "Local\\PaneloraBox." + desk + "-lock.lock";
+  const HANDLE taken = CreateEventA(nullptr, TRUE, FALSE, lock.c_str());
+  simulator::MappedBox none(desk + "-lock");
+  EXPECT_FALSE(none.IsOpen());
+  EXPECT_EQ(none.Error(), "the simulated box can't be had: error 6");
+  CloseHandle(taken);
+}
+
 // A combo box that is closed is as high as a field.
 bool Overlap(const ui::Rect& one, const ui::Rect& other) {
   return one.x < other.x + other.width && other.x < one.x + one.width &&
