@@ -4,12 +4,13 @@
 
 #include "base/text.h"
 #include "simulator/box_control.h"
+#include "simulator/wait_for_box.h"
 
 namespace panelora::simulator {
 
 namespace {
 
-constexpr DWORD kPatience = 1000;  // ms
+constexpr std::uint32_t kPatience = 1000;  // ms
 constexpr std::size_t kLongestName = 100;
 constexpr std::uint64_t kFrom1601To1970 = 11644473600000000;  // microseconds
 
@@ -36,9 +37,9 @@ void MappedBox::Open() {
     error = Format("the simulated box can't be had: error %lu", GetLastError());
     return;
   }
-  if (TakeMutex()) {
+  if (TakeTurn(kPatience)) {
     Map();
-    ReleaseMutex(mutex);
+    EndTurn();
   } else {
     error = "the simulated box can't be had: another program keeps it";
   }
@@ -85,9 +86,16 @@ void MappedBox::Close() {
   }
 }
 
-bool MappedBox::TakeMutex() {
-  const DWORD waited = WaitForSingleObject(mutex, kPatience);
+bool MappedBox::TakeTurn(std::uint32_t patience) {
+  const DWORD waited = WaitForSingleObject(mutex, patience);
   return waited == WAIT_OBJECT_0 || waited == WAIT_ABANDONED;
+}
+
+void MappedBox::EndTurn() { ReleaseMutex(mutex); }
+
+bool MappedBox::TryBox() {
+  const std::uint32_t owner = *const_cast<volatile std::uint32_t*>(&shared->owner);
+  return TryLock(0) || (owner != 0 && !IsAlive(owner) && TryLock(owner));
 }
 
 bool MappedBox::TryLock(std::uint32_t from) {
@@ -105,19 +113,7 @@ bool MappedBox::IsAlive(std::uint32_t process) const {
   return true;
 }
 
-bool MappedBox::Lock() {
-  if (TryLock(0)) return true;
-  if (!TakeMutex()) return false;
-  const std::uint64_t begin = Milliseconds();
-  bool taken = false;
-  while (!taken && Milliseconds() - begin < kPatience) {
-    const std::uint32_t owner = *const_cast<volatile std::uint32_t*>(&shared->owner);
-    taken = TryLock(0) || (owner != 0 && !IsAlive(owner) && TryLock(owner));
-    if (!taken) ::Sleep(0);
-  }
-  ReleaseMutex(mutex);
-  return taken;
-}
+bool MappedBox::Lock() { return TryLock(0) || WaitForBox(*this, kPatience); }
 
 void MappedBox::Unlock() {
   InterlockedExchange(reinterpret_cast<volatile LONG*>(&shared->owner), 0);

@@ -32,7 +32,7 @@ class MappedBox final : public BoxHost {
   SharedBox& Shared() { return *shared; }
 
   // A program that died at the box leaves it to the next one. False when another one stays there
-  // for a second, since the panel must not stand for it.
+  // for a second, however many wait for it, since the panel must not stand for it.
   bool Lock() override;
   void Unlock() override;
   std::uint64_t Milliseconds() const override;
@@ -45,7 +45,11 @@ class MappedBox final : public BoxHost {
   void Open();
   void Map();
   void Close();
-  bool TakeMutex();
+  template <class Queue>
+  friend bool WaitForBox(Queue& queue, std::uint32_t patience);
+  bool TakeTurn(std::uint32_t patience);  // ms
+  void EndTurn();
+  bool TryBox();
   bool TryLock(std::uint32_t from);
   bool IsAlive(std::uint32_t process) const;
   std::string LifeOf(std::uint32_t process) const;
