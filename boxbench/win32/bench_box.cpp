@@ -31,7 +31,7 @@ void BenchWindow::ShowBox(const simulator::BoxControl::Look& seen) {
   Check(kPower, switches.power);
   Check(kCable, switches.cable);
   const Connection connection = ConnectionOf(seen, switches, desk->Milliseconds());
-  SetText(kTitle, Format("Type %d: ", identity.boxType) + connection.text);
+  ShowConnection({connection.isThere, Format("Type %d: ", identity.boxType) + connection.text});
   SetText(kSubtitle, TextOf(identity, seen.box.firmware));
   const std::string calls = CountText(seen.last, "call so far", "calls so far");
   const std::string count = deskName == "desk" ? calls : deskName + ": " + calls;
@@ -49,13 +49,14 @@ void BenchWindow::ShowBox(const simulator::BoxControl::Look& seen) {
     shownBox = WantedBox{identity, seen.box.firmware};
     ShowForm(FormOf(identity, seen.box.firmware));
   }
-  if (isOther || isThere != connection.isThere) {
-    isThere = connection.isThere;
-    RECT head{};
-    GetClientRect(window, &head);
-    head.bottom = Scaled(60);
-    InvalidateRect(window, &head, FALSE);
-  }
+  if (isOther) DrawHead();
+}
+
+void BenchWindow::ShowConnection(const Connection& connection) {
+  SetText(kTitle, connection.text);
+  if (isThere == connection.isThere) return;
+  isThere = connection.isThere;
+  DrawHead();
 }
 
 void BenchWindow::ShowForm(const BoxForm& form) {

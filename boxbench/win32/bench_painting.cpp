@@ -45,6 +45,13 @@ void BenchWindow::UseSystemLook() {
   RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
+void BenchWindow::DrawHead() {
+  RECT head{};
+  GetClientRect(window, &head);
+  head.bottom = Scaled(kHeadHeight);
+  InvalidateRect(window, &head, FALSE);
+}
+
 void BenchWindow::Paint() {
   PAINTSTRUCT painting;
   const HDC context = BeginPaint(window, &painting);

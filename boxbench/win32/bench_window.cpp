@@ -18,6 +18,7 @@ constexpr UINT_PTR kPollTimer = 1;
 constexpr UINT kPollPeriod = 15;
 // What is shown changes with each third look.
 constexpr unsigned kLooksPerShow = 3;
+constexpr std::uint64_t kPauseWhenBusy = 1000;  // ms
 
 // Of the whole window, at 96 dpi.
 constexpr int kFirstWidth = 1000;
@@ -35,6 +36,11 @@ std::int64_t UtcToLocal() {
     return (static_cast<std::int64_t>(time.dwHighDateTime) << 32) | time.dwLowDateTime;
   };
   return (tenths(local) - tenths(utc)) / 10;
+}
+
+std::string Capitalised(std::string text) {
+  if (text[0] >= 'a' && text[0] <= 'z') text[0] = static_cast<char>(text[0] - 'a' + 'A');
+  return text;
 }
 
 // What the taskbar and its like leave free of the window's monitor.
@@ -137,8 +143,7 @@ LRESULT CALLBACK BenchWindow::Procedure(HWND handle, UINT message, WPARAM wParam
 LRESULT BenchWindow::Handle(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_TIMER:
-      TakeCalls();
-      if (++looks % kLooksPerShow == 0) Poll();
+      Tick();
       return 0;
     case WM_COMMAND:
       Command(LOWORD(wParam), HIWORD(wParam));
@@ -217,27 +222,36 @@ void BenchWindow::TryAgain() {
   FocusFirst();
 }
 
+void BenchWindow::Tick() {
+  if (box == nullptr || desk->Milliseconds() < nextLook) return;
+  if (!TakeCalls()) return ShowBusy();
+  if (++looks % kLooksPerShow == 0) Poll();
+}
+
 // Calls are taken more often than they are shown: the journal holds only so many. They are named as
 // those of the box that was there when it was looked at last.
-void BenchWindow::TakeCalls() {
-  if (box == nullptr || !shownBox) return;
+bool BenchWindow::TakeCalls() {
+  if (!shownBox) return true;
   auto calls = box->CallsFrom(log.Next());
-  if (!calls) return;
+  if (!calls) return false;
   log.Add(*calls, shownBox->identity, shownBox->firmware);
   std::copy_if(calls->entries.begin(), calls->entries.end(), std::back_inserter(writes),
                [](const simulator::Entry& entry) { return CallOf(entry).IsWrite(); });
+  return true;
 }
 
 // The calls come first: what they changed is then in the box that is looked at, and never the other
 // way round, in which nobody would have changed it.
-void BenchWindow::Poll() {
-  if (box == nullptr) return;
+bool BenchWindow::Poll() {
+  if (box == nullptr) return false;
   if (!shownBox) {
     if (const auto first = box->LookAt()) ShowBox(*first);
   }
-  TakeCalls();
-  const auto seen = box->LookAt();
-  if (!seen || !shownBox) return;
+  const auto seen = shownBox && TakeCalls() ? box->LookAt() : std::nullopt;
+  if (!seen) {
+    ShowBusy();
+    return false;
+  }
   log.SeeLast(seen->last);
   const std::size_t rows = properties.Count();
   const bool isOther = rows == 0 || shownBox->identity != seen->box.identity ||
@@ -254,6 +268,15 @@ void BenchWindow::Poll() {
   ShowFaults(seen->faults);
   ShowProperties();
   ShowLog();
+  return true;
+}
+
+// Each look at a box that another program keeps takes a second, in which the window stands still
+// and the panel waits behind it: the next one is not made at once.
+void BenchWindow::ShowBusy() {
+  nextLook = desk->Milliseconds() + kPauseWhenBusy;
+  ShowConnection({false, shownBox ? Format("Type %d: ", shownBox->identity.boxType) + kBusy
+                                  : Capitalised(kBusy)});
 }
 
 void BenchWindow::Say(const std::string& text) {
@@ -265,11 +288,7 @@ void BenchWindow::Say(const std::wstring& text) {
 }
 
 void BenchWindow::Refuse(const std::string& text) {
-  std::string sentence = text + ".";
-  if (sentence[0] >= 'a' && sentence[0] <= 'z') {
-    sentence[0] = static_cast<char>(sentence[0] - 'a' + 'A');
-  }
-  Say(sentence);
+  Say(Capitalised(text) + ".");
   MessageBeep(MB_ICONWARNING);
 }
 
@@ -353,8 +372,7 @@ void BenchWindow::Command(int id, int code) {
     case control::kSave:
       return Save();
     case control::kRefresh:
-      Poll();
-      return Say("Read anew.");
+      return Poll() ? Say("Read anew.") : Refuse(kBusy);
     case control::kFind:
       return Find();
     default:

@@ -45,8 +45,10 @@ class BenchWindow {
   bool TakeKeyboard(const MSG& message);
 
   // The window itself: bench_window.cpp.
-  void TakeCalls();
-  void Poll();
+  void Tick();
+  bool TakeCalls();  // false when the box is busy
+  bool Poll();       // false when there is no box, or it is busy
+  void ShowBusy();
   void OpenDesk();
   void TryAgain();
   void Command(int id, int code);
@@ -82,12 +84,14 @@ class BenchWindow {
   // What is drawn here: bench_painting.cpp.
   void UseSystemLook();
   void Paint();
+  void DrawHead();  // anew
   void DrawButton(const DRAWITEMSTRUCT& item);
   LRESULT ColourOf(HDC context, HWND child);
   LRESULT DrawRow(const NMLVCUSTOMDRAW& drawing, LPARAM lParam);
 
   // The box and its faults: bench_box.cpp.
   void ShowBox(const simulator::BoxControl::Look& look);
+  void ShowConnection(const Connection& connection);  // in the words of the title
   void ShowForm(const BoxForm& form);
   void ChooseType(std::uint8_t type);
   void AddType(const Model& model);
@@ -165,6 +169,7 @@ class BenchWindow {
   CallLog log;
   std::vector<simulator::Entry> writes;  // since the properties were looked at
   unsigned looks = 0;
+  std::uint64_t nextLook = 0;  // of the timer, in ms of the box's clock
   std::uint64_t listedDropped = 0;
 };
 

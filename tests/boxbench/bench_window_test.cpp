@@ -117,6 +117,18 @@ TEST_F(BenchTest, CutsTheCableUntilItIsPluggedIn) {
   EXPECT_EQ(Read(), 1);
 }
 
+TEST_F(BenchTest, SaysThatAnotherProgramStaysAtTheBox) {
+  StartBench();
+  ASSERT_TRUE(mapped->Lock());
+  AwaitText(kTitle, "Type 26: the box is busy with another program: try again");
+  bench->Press(kRefresh);
+  EXPECT_EQ(Status(), "The box is busy with another program: try again.");
+  mapped->Unlock();
+  AwaitText(kTitle, "Type 26: connected");
+  bench->Press(kRefresh);
+  EXPECT_EQ(Status(), "Read anew.");
+}
+
 TEST_F(BenchTest, FollowsWhatOthersDo) {
   StartBench();
   box->Plug(false);
