@@ -93,10 +93,6 @@ void CallLog::Add(const simulator::BoxControl::Calls& calls, const Identity& box
 
 void CallLog::Append(Row row) { all.push_back(std::move(row)); }
 
-void CallLog::SeeLast(std::uint64_t last) {
-  if (last + 1 < next) next = 1;
-}
-
 void CallLog::ShowFrom(std::uint64_t from) {
   const std::uint64_t end = first + all.size();
   for (std::uint64_t place = std::max(from, first); place < end; ++place) {

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <deque>
-#include <functional>
 #include <span>
 #include <string>
 #include <unordered_map>
@@ -38,8 +37,6 @@ class CallLog {
   std::uint64_t Next() const { return next; }
   // Takes over what the journal has from Next() on; calls are named as those of this box.
   void Add(const simulator::BoxControl::Calls& calls, const Identity& box, std::uint32_t firmware);
-  // The journal's last number: a smaller one than was seen before means a new journal.
-  void SeeLast(std::uint64_t last);
 
   void SetFilter(Kind kind, const std::string& text);
   // Shows no more calls until it goes on; they are kept and counted all the same.
@@ -49,7 +46,6 @@ class CallLog {
 
   std::size_t Count() const { return all.size() - lostRows; }
   std::size_t Shown() const { return view.size(); }
-  std::uint64_t Lost() const { return lost; }
   std::uint64_t Dropped() const { return dropped; }
   // "12,345 calls, 3 shown, ..."; lost and dropped ones where there are any.
   std::string Counts() const;

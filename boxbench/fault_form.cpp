@@ -1,7 +1,6 @@
 #include "boxbench/fault_form.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <limits>
 
 #include "base/text.h"

@@ -123,10 +123,8 @@ void BenchWindow::ShowProperties() {
 // The list knows rows by their places, which a filter changes.
 void BenchWindow::SelectEdited() {
   const HWND list = Control(kProperties);
-  int wanted = -1;
-  for (std::size_t i = 0; edited && i < properties.Shown(); ++i) {
-    if (IsSamePlace(properties.Row(i).at, *edited)) wanted = static_cast<int>(i);
-  }
+  const auto index = edited ? properties.IndexOf(*edited) : std::nullopt;
+  const int wanted = index ? static_cast<int>(*index) : -1;
   if (Selected(list) == wanted) return;
   isFilling = true;
   LVITEMA item{};

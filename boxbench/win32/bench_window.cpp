@@ -252,7 +252,6 @@ bool BenchWindow::Poll() {
     ShowBusy();
     return false;
   }
-  log.SeeLast(seen->last);
   const std::size_t rows = properties.Count();
   const bool isOther = rows == 0 || shownBox->identity != seen->box.identity ||
                        shownBox->firmware != seen->box.firmware;
@@ -307,7 +306,8 @@ void BenchWindow::Command(int id, int code) {
     case IDCANCEL:
       return Cancel();
     case control::kTryAgain:
-      return TryAgain();
+      if (box == nullptr) TryAgain();
+      return;
     case control::kShowBox:
     case control::kShowFaults:
       showsFaults = id == control::kShowFaults;
