@@ -2,6 +2,7 @@
 // lists.
 #include <algorithm>
 
+#include "boxbench/win32/bench_metrics.h"
 #include "boxbench/win32/bench_window.h"
 
 namespace panelora::boxbench {
@@ -11,9 +12,7 @@ namespace {
 using namespace control;  // NOLINT: nearly every line names some
 
 // In pixels at 96 dpi.
-constexpr int kHeadHeight = 60;
 constexpr int kBandHeight = 28;
-constexpr int kMargin = 12;
 constexpr int kGap = 8;
 constexpr int kNarrow = 4;
 constexpr int kColumn = 296;
@@ -264,7 +263,7 @@ void BenchWindow::Layout() {
   const int height = MulDiv(client.bottom - (status.bottom - status.top), 96, dpi);
 
   Placer placer(window, dpi, lineHeight + Scaled(3) + kFieldFrame);
-  const int titleWidth = width < 860 ? width - 2 * kMargin - 26 : width - 400;
+  const int titleWidth = width < kLeastWidthForPicture ? width - 2 * kMargin - 26 : width - 400;
   placer.Put(kTitle, kMargin + 26, 8, titleWidth, 24);
   placer.Put(kSubtitle, kMargin + 26, 33, titleWidth, 20);
   int top = kHeadHeight;

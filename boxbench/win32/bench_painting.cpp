@@ -2,6 +2,7 @@
 #include <string>
 
 #include "app/device_picture.h"
+#include "boxbench/win32/bench_metrics.h"
 #include "boxbench/win32/bench_window.h"
 
 namespace panelora::boxbench {
@@ -20,11 +21,8 @@ constexpr COLORREF kFailed = RGB(0xB0, 0x2A, 0x1E);
 constexpr COLORREF kWritten = RGB(0x0A, 0x5E, 0x9B);
 
 // At 96 dpi.
-constexpr int kHeadHeight = 60;
 constexpr int kPictureWidth = 360;
 constexpr int kPictureHeight = 39;
-constexpr int kLeastWidthForPicture = 860;
-constexpr int kMargin = 12;
 constexpr int kFineDpi = 192;  // there are pictures of that scale alone
 
 bool IsHeading(int id) {
