@@ -38,10 +38,14 @@ class CallLog {
   // Takes over what the journal has from Next() on; calls are named as those of this box.
   void Add(const simulator::BoxControl::Calls& calls, const Identity& box, std::uint32_t firmware);
 
+  // Shows calls of the kind that have the text, whatever case, in who, meaning, result or call, or
+  // as their number; "" = all. Rows of lost calls are always shown. A paused log stays where it
+  // stood.
   void SetFilter(Kind kind, const std::string& text);
   // Shows no more calls until it goes on; they are kept and counted all the same.
   void Pause(bool pause);
   bool IsPaused() const { return paused; }
+  // Forgets all calls so far; Next(), filter and pause stay.
   void Clear();
 
   std::size_t Count() const { return all.size() - lostRows; }
@@ -51,11 +55,15 @@ class CallLog {
   std::string Counts() const;
 
   static const char* Title(int column);
+  // In one line; "" beyond the rows and columns. `toLocal` is added to times, in microseconds, here
+  // and below.
   std::string Cell(std::size_t shownIndex, int column, std::int64_t toLocal);
+  // Whether the box did not take the call, or it was lost; false beyond the rows, as below.
   bool HasFailed(std::size_t shownIndex) const;
   bool IsWrite(std::size_t shownIndex) const;
-  // Tab separated, a line each; without indices all that are shown. With a line of titles.
+  // These rows tab separated, a line each, below a line of titles; lines end with "\r\n".
   std::string Text(std::span<const std::size_t> shownIndices, std::int64_t toLocal);
+  // The same of all that are shown.
   std::string AllText(std::int64_t toLocal);
 
  private:

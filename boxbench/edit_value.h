@@ -14,6 +14,7 @@ std::vector<std::string> ValuesOffered(const Identity& box, const PropertyRow& r
 // The bytes that the box is to keep. Words are what the list shows for the value, or a number.
 Typed<std::vector<std::uint8_t>> ParseWords(const Identity& box, const PropertyRow& row,
                                             const std::string& text);
+// Bytes are hexadecimal, at most as many as the row has room for; or what is wrong with them.
 Typed<std::vector<std::uint8_t>> ParseBytes(const PropertyRow& row, const std::string& text);
 
 // Puts the bytes where the box keeps them; why not, in one line, or nothing.

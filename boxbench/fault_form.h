@@ -29,6 +29,8 @@ struct FaultForm {
 
 constexpr std::uint32_t kMostLatency = 500;  // ms
 
+// The faults that are chosen, with nothing counted yet and no cable cut; or what is wrong with a
+// number, and that no call is meant.
 Typed<simulator::Faults> FaultsOf(const FaultForm& form);
 // What can't be seen in the faults is as `before` has it.
 FaultForm FormOf(const simulator::Faults& faults, const FaultForm& before);

@@ -18,7 +18,9 @@ struct Signal {
 
 // The usual ones, as they are typed: "1920x1080 59.94p", "no signal".
 std::span<const char* const> UsualSignals();
+// Width and height in pixels and the rate in Hz, with the scan; or how a signal is typed.
 Typed<Signal> ParseSignal(std::string_view text);
+// As ParseSignal takes it, with two decimals of the rate; "no signal" without width or height.
 std::string TextOf(const Signal& signal);
 
 // Gives it to all inputs of the box; what became of it, in one line.

@@ -38,7 +38,9 @@ struct WantedBox {
   Identity identity;
   std::uint32_t firmware = 0;
 };
+// The box as typed, of whatever type; or which of its numbers can't be taken.
 Typed<WantedBox> WantedBoxOf(const BoxForm& form);
+// What is typed to make it, which WantedBoxOf takes.
 BoxForm FormOf(const Identity& identity, std::uint32_t firmware);
 
 // "shown as 0.1.2.6", or what is wrong.

@@ -50,6 +50,7 @@ class PropertyList {
   const PropertyRow* Find(const Address& at) const;
   // Where a place is shown, if it is.
   std::optional<std::size_t> IndexOf(const Address& at) const;
+  // In one line; "" beyond the rows and columns. `toLocal` is added to times, in microseconds.
   std::string Cell(std::size_t shownIndex, int column, std::int64_t toLocal) const;
   bool IsFlashing(std::size_t shownIndex, std::uint64_t now) const;
   // "41 properties" or "3 of 41 properties".

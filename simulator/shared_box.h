@@ -64,6 +64,7 @@ struct Entry {
   std::array<std::uint8_t, 256> bytes;
 };
 
+// The call that it was, with as many bytes as the entry has.
 Call CallOf(const Entry& entry);
 // Of a call, without what is the journal's: number, time, duration, process and who made it.
 Entry EntryOf(const Call& call);
