@@ -62,15 +62,22 @@ BenchProcess::BenchProcess(const std::filesystem::path& logFile) {
   const std::filesystem::path bench = TheParts().bench;
   process = panelora::testing::StartByLine(L"\"" + bench.wstring() + L"\" \"" + logFile.wstring() +
                                            L"\"");
-  Await("window of BoxBench", [this] {
-    Search search{process.dwProcessId, nullptr};
-    EnumWindows(FindWindowOf, reinterpret_cast<LPARAM>(&search));
-    window = search.found;
-    return window != nullptr;
-  });
+  try {
+    Await("window of BoxBench", [this] {
+      Search search{process.dwProcessId, nullptr};
+      EnumWindows(FindWindowOf, reinterpret_cast<LPARAM>(&search));
+      window = search.found;
+      return window != nullptr;
+    });
+  } catch (...) {  // what is not wholly made is not unmade
+    End();
+    throw;
+  }
 }
 
-BenchProcess::~BenchProcess() {
+BenchProcess::~BenchProcess() { End(); }
+
+void BenchProcess::End() {
   Kill();
   CloseHandle(process.hThread);
   CloseHandle(process.hProcess);
@@ -153,6 +160,8 @@ void BenchProcess::TypeKeys(const std::vector<std::string>& keys) {
                       nullptr, &start, &tool)) {
     throw std::runtime_error("xdotool can't be started: install the package xdotool");
   }
+  CloseHandle(tool.hThread);
+  CloseHandle(tool.hProcess);
 }
 
 control::Id BenchProcess::Focus() const {

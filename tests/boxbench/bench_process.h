@@ -77,6 +77,7 @@ class BenchProcess {
 
  private:
   LRESULT Send(HWND handle, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+  void End();                  // of the program and of what is known of it
   void Tell(Id id, int code);  // the window that something happened
   // Sends a list a message about an item, whose bytes must be in its own process.
   std::string WithItem(Id list, UINT message, int row, LVITEMA item);
