@@ -153,6 +153,12 @@ LRESULT BenchWindow::Handle(HWND handle, UINT message, WPARAM wParam, LPARAM lPa
         FaultsChanged();
       }
       return 0;
+    case WM_NEXTDLGCTL: {  // by which the letter of a label leads to its field; a dialog knows it
+      const bool isNamed = LOWORD(lParam) != 0;
+      SetFocus(isNamed ? reinterpret_cast<HWND>(wParam)
+                       : GetNextDlgTabItem(window, GetFocus(), wParam != 0));
+      return 0;
+    }
     case WM_NOTIFY:
       return Notify(*reinterpret_cast<const NMHDR*>(lParam), lParam);
     case WM_DRAWITEM:

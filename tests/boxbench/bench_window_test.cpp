@@ -614,6 +614,12 @@ TEST_F(BenchTest, IsWorkedByTheKeyboardAlone) {
   AwaitText(kTitle, "Type 26: the cable is out");
   bench->TypeKeys({"alt+a"});
   AwaitText(kTitle, "Type 26: connected");
+  // Of what is hidden no letter leads anywhere.
+  bench->TypeKeys({"alt+u", "alt+1", "alt+h"});
+  awaitFocus("focus on how often", kHow);
+  EXPECT_EQ(bench->Text(kTitle), "Type 26: connected");
+  bench->TypeKeys({"alt+b", "alt+t"});
+  awaitFocus("focus on the model", kType);
 }
 
 TEST_F(BenchTest, EveryLetterLeadsToOneControl) {
