@@ -22,8 +22,8 @@ constexpr char kAbout[] =
     "that the programs of a desk share; that box is there as long as one of them is running.\n"
     "Names and values are those that the panel shows.";
 constexpr char kExits[] =
-    "Exit codes: 0 done, 1 different, not found or refused by the box, 2 bad input, 3 timeout,\n"
-    "4 no box.";
+    "Exit codes: 0 done, 1 different, not found or refused by the box, 2 bad input, 3 timeout\n"
+    "or stopped, 4 no box.";
 constexpr char kOfSimulated[] = "Simulated box";
 constexpr char kOfAny[] = "Any box";
 constexpr char kOfTraces[] = "Traces";

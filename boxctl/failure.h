@@ -11,7 +11,7 @@ enum class Exit : int {
   kDone = 0,
   kDiffers = 1,   // something differs, was not found, or was refused by the box
   kBadInput = 2,  // arguments or a file; nothing was written
-  kTimeout = 3,
+  kTimeout = 3,   // or the operator wanted an end before it was done
   kNoBox = 4,
 };
 

@@ -62,16 +62,24 @@ void RunScript(Session& session, const std::string& path, const Executor& execut
   const bool isFile = path != "-";
   std::istringstream file(isFile ? ReadFile(path) : "");
   std::istream& lines = isFile ? file : session.In();
+  const std::string name = isFile ? Printable(path) : "the standard input";
   int number = 0;
+  const auto requireNoStop = [&] {
+    if (!session.System().IsStopped()) return;
+    throw Failure(Exit::kTimeout, name + Format(" line %d: stopped", number));
+  };
   for (std::string line; std::getline(lines, line);) {
     ++number;
+    requireNoStop();  // the line may have been waited for
     if (!line.empty() && line.back() == '\r') line.pop_back();
     const std::size_t begin = line.find_first_not_of(" \t");
     if (begin == std::string::npos || line[begin] == '#') continue;
     const Outcome outcome = ExecuteLine(line, execute);
     Answer(session, outcome);
-    if (outcome.code == Exit::kDone || !isFile) continue;
-    throw Failure(outcome.code, Printable(path) + Format(" line %d: ", number) + ReasonOf(outcome));
+    if (outcome.code != Exit::kDone && isFile) {
+      throw Failure(outcome.code, name + Format(" line %d: ", number) + ReasonOf(outcome));
+    }
+    requireNoStop();  // what waits ends well then
   }
 }
 

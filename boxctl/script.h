@@ -28,7 +28,7 @@ std::vector<std::string> WordsOf(const std::string& line);
 // Executes each line and answers it with what it prints and a line of its own: "." or "! " and
 // what went wrong, or how it ended as JSON. Empty lines and those that begin with # are left out. A
 // file ends with its first failure, which is that of the script; the standard input, which is
-// called "-", goes on.
+// called "-", goes on. Where the operator wants an end no further line is executed: Exit::kTimeout.
 void RunScript(Session& session, const std::string& path, const Executor& execute);
 
 }  // namespace panelora::boxctl

@@ -100,6 +100,22 @@ TEST_F(BoxctlTest, ScriptsFromAFileEndWithTheFirstFailure) {
             (Ran{2, "", "boxctl: " + File("none.txt") + " can't be opened: is the name right?\n"}));
 }
 
+// Ctrl+C ends what waits; what was to come after it is written to no box.
+TEST_F(BoxctlTest, AScriptThatIsStoppedExecutesNoFurtherLine) {
+  const std::string lines = "watch \"Input Format\" --count 1\nset Hue 1\n";
+  Put(File("script.txt"), lines);
+  host.whenSleeping = [&](int) { host.stopped = true; };
+  EXPECT_EQ(Run({"script", File("script.txt"), "--library", "real.dll"}),
+            (Ran{3, ".\n", "boxctl: " + File("script.txt") + " line 1: stopped\n"}));
+  host.stopped = false;
+  EXPECT_EQ(Run({"script", "-", "--library", "real.dll"}, lines),
+            (Ran{3, ".\n", "boxctl: the standard input line 1: stopped\n"}));
+  // Stopped while the next line was waited for.
+  EXPECT_EQ(Run({"script", "-", "--library", "real.dll"}, "set Hue 1\n"),
+            (Ran{3, "", "boxctl: the standard input line 1: stopped\n"}));
+  EXPECT_EQ(RealWrites(), Lines());
+}
+
 TEST_F(BoxctlTest, LinesOfAScriptHaveItsOptions) {
   EXPECT_EQ(Run({"script", "-", "--library", "real.dll", "--json"}, "read Hue\nplug\n"),
             (Ran{0,
