@@ -306,8 +306,12 @@ bool IsJsonWanted(const std::vector<std::string>& arguments) {
 
 int Run(const std::vector<std::string>& arguments, Host& host, std::istream& in, std::ostream& out,
         std::ostream& err) {
-  const Outcome outcome = Program(host, {in, out}, {}).Execute(arguments);
-  out.flush();
+  Outcome outcome = Program(host, {in, out}, {}).Execute(arguments);
+  try {
+    Flush(out);
+  } catch (const Failure& failure) {
+    if (outcome.message.empty()) outcome = {failure.Code(), failure.what()};
+  }
   if (!outcome.message.empty()) {
     err << (IsJsonWanted(arguments) ? LineOf(ToJson(outcome)) : "boxctl: " + outcome.message)
         << std::endl;

@@ -10,7 +10,7 @@ namespace panelora::boxctl {
 enum class Exit : int {
   kDone = 0,
   kDiffers = 1,   // something differs, was not found, or was refused by the box
-  kBadInput = 2,  // arguments or a file; nothing was written
+  kBadInput = 2,  // arguments or a file, and nothing was written; or answers can't be printed
   kTimeout = 3,   // or the operator wanted an end before it was done
   kNoBox = 4,
 };

@@ -24,10 +24,11 @@ std::string ReasonOf(const Outcome& outcome) {
 
 void Answer(Session& session, const Outcome& outcome) {
   if (session.IsJson()) {
-    session.Out() << LineOf(ToJson(outcome)) << std::endl;
+    session.Out() << LineOf(ToJson(outcome)) << '\n';
   } else {
-    session.Out() << (outcome.code == Exit::kDone ? "." : "! " + ReasonOf(outcome)) << std::endl;
+    session.Out() << (outcome.code == Exit::kDone ? "." : "! " + ReasonOf(outcome)) << '\n';
   }
+  Flush(session.Out());
 }
 
 }  // namespace

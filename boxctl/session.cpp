@@ -10,6 +10,13 @@ void Require(bool done) {
                 "another program keeps the simulated box: close that program and try again");
 }
 
+void Flush(std::ostream& out) {
+  out.flush();
+  if (out) return;
+  throw Failure(Exit::kBadInput,
+                "the answer can't be printed: is the disk full, or its reader gone?");
+}
+
 Host::Desk Session::Desk() {
   std::string error;
   const Host::Desk desk = host.OpenDesk(error);
@@ -52,7 +59,7 @@ void Session::Say(const std::string& lines, const Json& asJson) {
   } else {
     streams.out << lines;
   }
-  streams.out.flush();
+  Flush(streams.out);
 }
 
 }  // namespace panelora::boxctl

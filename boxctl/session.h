@@ -33,7 +33,7 @@ class Session {
   simulator::BoxControl::Look Look();
   bool IsSimulated() const { return library.empty(); }
 
-  // Prints lines, or the same as JSON.
+  // Prints lines, or the same as JSON, at once.
   void Say(const std::string& lines, const Json& asJson);
   bool IsJson() const { return json; }
   std::istream& In() { return streams.in; }
@@ -52,5 +52,8 @@ class Session {
 
 // What the simulated box could not do because another program keeps it.
 void Require(bool done);
+
+// Gives away what was printed; a failure when that, or anything before it, could not be written.
+void Flush(std::ostream& out);
 
 }  // namespace panelora::boxctl

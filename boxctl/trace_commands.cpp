@@ -76,7 +76,7 @@ void Show(Session& session, const std::string& path, View& view, bool follows) {
   for (;;) {
     std::string error;
     const bool isTrace = follower.Look([&](const Trace& part) { view.Show(part); }, error);
-    session.Out().flush();
+    Flush(session.Out());
     if (!isTrace) throw Failure(Exit::kBadInput, Printable(error));
     session.System().Sleep(kPeriod);
     if (session.System().IsStopped()) return;

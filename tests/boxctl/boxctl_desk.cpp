@@ -4,11 +4,35 @@
 #include <fstream>
 #include <iterator>
 #include <sstream>
+#include <streambuf>
 
 #include "boxctl/boxctl.h"
 #include "trace/trace_line.h"
 
 namespace panelora::boxctl {
+
+namespace {
+
+// A disk that becomes full, or a pipe whose reader goes.
+class LimitedOutput final : public std::streambuf {
+ public:
+  explicit LimitedOutput(std::size_t theRoom) : room(theRoom) {}
+
+  const std::string& Text() const { return text; }
+
+ protected:
+  int_type overflow(int_type letter) override {  // NOLINT(readability-identifier-naming)
+    if (text.size() == room) return traits_type::eof();
+    text += traits_type::to_char_type(letter);
+    return letter;
+  }
+
+ private:
+  std::size_t room;
+  std::string text;
+};
+
+}  // namespace
 
 using simulator::BenchedBox;
 using simulator::By;
@@ -70,6 +94,16 @@ BoxctlTest::Ran BoxctlTest::Run(const std::vector<std::string>& arguments,
   std::ostringstream err;
   const int code = boxctl::Run(arguments, host, in, out, err);
   return {code, out.str(), err.str()};
+}
+
+BoxctlTest::Ran BoxctlTest::RunWithRoom(std::size_t room, const std::vector<std::string>& arguments,
+                                        const std::string& input) {
+  LimitedOutput limited(room);
+  std::istringstream in(input);
+  std::ostream out(&limited);
+  std::ostringstream err;
+  const int code = boxctl::Run(arguments, host, in, out, err);
+  return {code, limited.Text(), err.str()};
 }
 
 std::string BoxctlTest::Content(const std::string& path) {

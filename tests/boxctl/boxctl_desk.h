@@ -75,6 +75,9 @@ class BoxctlTest : public testing::Test {
   ~BoxctlTest() override;
 
   Ran Run(const std::vector<std::string>& arguments, const std::string& input = "");
+  // The same where no more than so many bytes of what is printed can be written.
+  Ran RunWithRoom(std::size_t room, const std::vector<std::string>& arguments,
+                  const std::string& input = "");
   // The path of a file of the test's.
   std::string File(const std::string& name) const { return folder + "/" + name; }
   static std::string Content(const std::string& path);

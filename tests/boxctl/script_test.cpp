@@ -116,6 +116,40 @@ TEST_F(BoxctlTest, AScriptThatIsStoppedExecutesNoFurtherLine) {
   EXPECT_EQ(RealWrites(), Lines());
 }
 
+constexpr char kNotPrinted[] =
+    "boxctl: the answer can't be printed: is the disk full, or its reader gone?\n";
+
+TEST_F(BoxctlTest, AnswersThatCanNotBePrintedAreAFailure) {
+  EXPECT_EQ(RunWithRoom(5, {"status"}), (Ran{2, "Model", kNotPrinted}));
+  EXPECT_EQ(RunWithRoom(0, {"read", "Hue", "--json"}).code, 2);
+  EXPECT_EQ(RunWithRoom(7, {"--help"}), (Ran{2, "boxctl ", kNotPrinted}));
+  EXPECT_EQ(RunWithRoom(0, {"diff"}).err, Run({"diff"}).err);
+  // A script ends, also one from a pipe.
+  EXPECT_EQ(RunWithRoom(2, {"script", "-"}, "set Hue 1\nset Hue 2\n"), (Ran{2, "Hu", kNotPrinted}));
+  EXPECT_EQ(RunWithRoom(8, {"script", "-"}, "set Hue 3\nset Hue 4\n"),
+            (Ran{2, "Hue: 3\n.", kNotPrinted}));
+  EXPECT_EQ(Run({"read", "Hue"}).out, "Hue: 3\n");
+}
+
+// Nobody would end what goes on until Ctrl+C: its reader is gone.
+TEST_F(BoxctlTest, WhatIsFollowedEndsWithItsReader) {
+  const std::vector<Lines> all = {
+      {"watch"}, {"calls", "--follow"}, {"trace", File("trace.txt"), "--follow"}};
+  for (const Lines& arguments : all) {
+    Put(File("trace.txt"), TraceOfDesk());
+    host.stopped = false;
+    host.sleeps = 0;
+    host.whenSleeping = [&](int sleep) {
+      const auto value = static_cast<std::uint8_t>(sleep);
+      Control().Store(ProcAmp(proc_amp::kHue), {&value, 1});
+      Put(File("trace.txt"), TraceOfDesk());
+      host.stopped = sleep == 10;
+    };
+    EXPECT_EQ(RunWithRoom(0, arguments), (Ran{2, "", kNotPrinted})) << arguments[0];
+    EXPECT_LT(host.sleeps, 5) << arguments[0];
+  }
+}
+
 TEST_F(BoxctlTest, LinesOfAScriptHaveItsOptions) {
   EXPECT_EQ(Run({"script", "-", "--library", "real.dll", "--json"}, "read Hue\nplug\n"),
             (Ran{0,

@@ -50,6 +50,22 @@ TEST_F(Traces, AreShownInWords) {
                  "{\"exit\":2,\"error\":\"a test is no JSON: leave out --json or --as-test\"}\n"}));
 }
 
+TEST_F(Traces, ThatAreShownInPartAreAFailure) {
+  ASSERT_EQ(Run({"set", "Hue", "4"}).code, 0);
+  Put(File("trace.txt"), TraceOfDesk());
+  const Lines lines[] = {{}, {"--json"}, {"--as-test"}};
+  for (const Lines& options : lines) {
+    Lines arguments = {"trace", File("trace.txt")};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    const std::string whole = Run(arguments).out;
+    const Ran part = RunWithRoom(whole.size() - 1, arguments);
+    EXPECT_EQ(part.code, 2);
+    EXPECT_EQ(part.out, whole.substr(0, whole.size() - 1));
+    EXPECT_NE(part.err.find("can't be printed"), std::string::npos) << part.err;
+    EXPECT_EQ(RunWithRoom(whole.size(), arguments).code, 0);
+  }
+}
+
 TEST_F(Traces, TellWhatIsLost) {
   const Call call = Call::SetProcAmp(0, proc_amp::kHue, 4);
   Put(File("trace.txt"), std::string(trace::Line::First(1).Text()) + LineOf(1, call) +
