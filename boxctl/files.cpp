@@ -66,6 +66,10 @@ Failure NotOpened(const std::string& path) {
   return {Exit::kBadInput, Printable(path) + " can't be opened: is the name right?"};
 }
 
+Failure NotRead(const std::string& path) {
+  return {Exit::kBadInput, Printable(path) + " can't be read to its end: is its disk all right?"};
+}
+
 std::string ReadFile(const std::string& path) {
   RefuseFolder(path);
   std::ifstream file(PathOf(path), std::ios::binary);
@@ -76,6 +80,7 @@ std::string ReadFile(const std::string& path) {
     file.read(piece.data(), piece.size());
     text.append(piece.data(), static_cast<std::size_t>(file.gcount()));
   } while (file && text.size() <= kMostFileBytes);
+  if (file.bad()) throw NotRead(path);
   if (text.size() <= kMostFileBytes) return text;
   throw Failure(Exit::kBadInput, Printable(path) + " is larger than 4 MB: no file of boxctl is");
 }

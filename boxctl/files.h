@@ -19,6 +19,8 @@ std::string ReadFile(const std::string& path);
 // Refuses what is no file that can be read.
 void RefuseFolder(const std::string& path);
 Failure NotOpened(const std::string& path);
+// Of a file that was opened: what was read of it is not all.
+Failure NotRead(const std::string& path);
 // Over a new file beside it, which takes its place in one go.
 void WriteFile(const std::string& path, const std::string& text);
 

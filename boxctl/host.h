@@ -26,7 +26,7 @@ class Host {
   // A device library by its path, in UTF-8; null with the reason in `error`.
   virtual DeviceLink* OpenLibrary(const std::string& path, std::string& error) = 0;
   // A file by its path, in UTF-8, from a place on; null when it can't be opened. Whoever writes it
-  // may move it meanwhile.
+  // may move it meanwhile. Reading it throws std::ios_base::failure where the system can't.
   virtual std::unique_ptr<std::streambuf> OpenShared(const std::string& path,
                                                      std::uint64_t from) = 0;
   virtual std::uint64_t Milliseconds() const = 0;  // since any moment

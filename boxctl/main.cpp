@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <ios>
 #include <iostream>
 #include <map>
 #include <memory>
@@ -93,10 +94,10 @@ class SharedFile final : public std::streambuf {
  protected:
   int_type underflow() override {  // NOLINT(readability-identifier-naming): overridden
     DWORD count = 0;
-    if (ReadFile(file, piece.data(), static_cast<DWORD>(piece.size()), &count, nullptr) == FALSE ||
-        count == 0) {
-      return traits_type::eof();
+    if (ReadFile(file, piece.data(), static_cast<DWORD>(piece.size()), &count, nullptr) == FALSE) {
+      throw std::ios_base::failure(Format("error %lu", GetLastError()));
     }
+    if (count == 0) return traits_type::eof();
     setg(piece.data(), piece.data(), piece.data() + count);
     return traits_type::to_int_type(piece[0]);
   }

@@ -1,6 +1,7 @@
 #include "boxctl/trace_commands.h"
 
 #include <algorithm>
+#include <ios>
 #include <istream>
 #include <ostream>
 
@@ -20,13 +21,23 @@ using trace::TracedCall;
 
 constexpr std::uint32_t kPeriod = 500;  // ms from look to look
 
+// What reads a trace; what the system can't read is a failure.
+template <class Action>
+auto Reading(const std::string& path, const Action& read) {
+  try {
+    return read();
+  } catch (const std::ios_base::failure&) {
+    throw NotRead(path);
+  }
+}
+
 Trace TraceOf(Session& session, const std::string& path) {
   RefuseFolder(path);
   const auto file = session.System().OpenShared(path, 0);
   if (file == nullptr) throw NotOpened(path);
   std::istream in(file.get());
   std::string error;
-  std::optional<Trace> read = trace::ReadTrace(in, error);
+  std::optional<Trace> read = Reading(path, [&] { return trace::ReadTrace(in, error); });
   if (!read) throw Failure(Exit::kBadInput, Printable(path) + ": " + Printable(error));
   return std::move(*read);
 }
@@ -75,7 +86,8 @@ void Show(Session& session, const std::string& path, View& view, bool follows) {
   });
   for (;;) {
     std::string error;
-    const bool isTrace = follower.Look([&](const Trace& part) { view.Show(part); }, error);
+    const bool isTrace = Reading(
+        path, [&] { return follower.Look([&](const Trace& part) { view.Show(part); }, error); });
     Flush(session.Out());
     if (!isTrace) throw Failure(Exit::kBadInput, Printable(error));
     session.System().Sleep(kPeriod);

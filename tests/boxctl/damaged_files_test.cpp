@@ -201,6 +201,22 @@ TEST_F(DamagedFiles, HugeFilesAreRefusedBySize) {
             (Ran{2, "", "boxctl: " + File("") + " is a folder: name a file\n"}));
 }
 
+#ifdef __linux__
+// The memory of a program can be opened, and not be read at its beginning.
+TEST_F(DamagedFiles, FilesThatCanNotBeReadToTheirEndAreRefused) {
+  const std::string file = "/proc/self/mem";
+  const Ran refused = {2, "",
+                       "boxctl: " + file + " can't be read to its end: is its disk all right?\n"};
+  const std::vector<Lines> all = {{"script"}, {"restore"}, {"load"},
+                                  {"trace"},  {"replay"},  {"trace", "--follow"}};
+  for (Lines arguments : all) {
+    arguments.push_back(file);
+    host.whenSleeping = [&](int) { host.stopped = true; };
+    EXPECT_EQ(Run(arguments), refused) << arguments[0];
+  }
+}
+#endif
+
 // However deep it is, it takes no more of the stack.
 TEST_F(DamagedFiles, DeepFilesAreRefused) {
   constexpr char kWhy[] = "is damaged: it goes more than 8 levels deep";
