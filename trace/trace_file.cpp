@@ -18,6 +18,7 @@ constexpr std::uint64_t kMostCalls = 1'000'000'000'000'000;
 constexpr std::uint64_t kMostWord = std::numeric_limits<std::uint32_t>::max();
 constexpr std::uint64_t kMostByte = std::numeric_limits<std::uint8_t>::max();
 constexpr std::size_t kPictureBytes = 4;
+constexpr std::string_view kBeforeResult = " -> ";
 constexpr std::size_t kCheckLength = 11;  // " [12345678]"
 constexpr std::size_t kMostInHead = 2;    // identity and firmware
 
@@ -158,6 +159,12 @@ bool TakesAnswer(Rest& rest, std::size_t count, Call& call) {
   return !rest.Takes(" =") || TakesBytes(rest, count, call.bytes);
 }
 
+// What was told. A caller that gave no buffer told nothing, whatever length it named.
+bool TakesTold(Rest& rest, Call& call) {
+  Rest further = rest;
+  return further.Takes(kBeforeResult) || TakesBytes(rest, call.length, call.bytes);
+}
+
 bool TakesCall(Rest& rest, Call& call) {
   using enum Call::Operation;
   const auto is = [&](std::string_view name, Call::Operation operation) {
@@ -170,7 +177,7 @@ bool TakesCall(Rest& rest, Call& call) {
     return TakesBlock(rest, call) && TakesAnswer(rest, call.length, call);
   }
   if (is("set block ", kSetBlock)) {
-    return TakesBlock(rest, call) && rest.Takes(":") && TakesBytes(rest, call.length, call.bytes);
+    return TakesBlock(rest, call) && rest.Takes(":") && TakesTold(rest, call);
   }
   if (is("get word ", kGetWord)) return TakesPair(rest, call) && TakesWords(rest, call);
   const auto takesValue = [&] {
@@ -190,7 +197,7 @@ bool TakesCall(Rest& rest, Call& call) {
 }
 
 bool TakesResult(Rest& rest, int& result) {
-  if (!rest.Takes(" -> ")) return false;
+  if (!rest.Takes(kBeforeResult)) return false;
   const bool isNegative = rest.Takes("-");
   std::uint32_t size = 0;
   if (!rest.TakesNumber(size, std::uint64_t{1} << 31)) return false;

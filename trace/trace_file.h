@@ -13,7 +13,8 @@
 // its identity and firmware: these calls have the number 0.
 //
 // number, UTC, duration, the call as TextOf writes it, behind " = " what was answered (bytes in
-// hexadecimal), behind " -> " the result, and in brackets a check of all that stands before it.
+// hexadecimal), behind " -> " the result, and in brackets a check of all that stands before it. A
+// block that was told without a buffer has its length and no bytes.
 #pragma once
 
 #include <cstdint>

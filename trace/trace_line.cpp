@@ -17,7 +17,6 @@ constexpr std::uint64_t kLastTime = 253'402'300'800 * kMicrosecondsPerSecond - 1
 std::size_t BytesOf(const Call& call) {
   switch (call.operation) {
     case Call::Operation::kSetBlock:
-      return call.length;
     case Call::Operation::kGetBlock:
       return call.bytes.empty() ? 0 : call.length;
     case Call::Operation::kGetPicture:

@@ -49,6 +49,7 @@ std::vector<Call> ManyCalls() {
       done(Call::SetBlock(22, 0, 1, sent), 1),
       done(Call::SetBlock(255, 3, 255, sent), 0),
       done(Call::SetBlock(1, 0, 0, sent), std::numeric_limits<int>::min()),
+      With(Call::SetBlock(14, 0, 5, sent), 0, {}),  // of a caller without a buffer
       With(Call::GetWord(0, 5), 1, {}, {38, 1}),
       With(Call::GetWord(0, 5), 1, {}, {0, 0}),
       With(Call::GetWord(kMost, kMost), std::numeric_limits<int>::max(), {}, {kMost, kMost}),
@@ -119,6 +120,7 @@ TEST(TraceLine, SaysWhatWasCalled) {
             start + "get proc amp = 01 02 03 04 -> 1");
   EXPECT_EQ(text(With(Call::GetProcAmp(0, 2), -1, {}, {7, 0})),
             start + "get proc amp 0,2 = 7 -> -1");
+  EXPECT_EQ(text(With(Call::SetBlock(14, 0, 5, {}), 0, {})), start + "set block 14,0,5: -> 0");
   EXPECT_EQ(text(Call::SetProcAmp(0, 255, 1)), start + "set proc amp 0,255 = 1 -> 0");
 }
 

@@ -208,6 +208,29 @@ TEST_F(TracedLibrary, TakesNoMoreWordsThanTheLibraryFills) {
   }
 }
 
+// What stands before and behind such a call is read too.
+TEST_F(TracedLibrary, TracesCallsWithoutABuffer) {
+  PutOver(Fake("fake_only_opens"));
+  std::vector<int> results;
+  {
+    const LoadedLibrary library(Tracing());
+    const std::uint32_t handle = library->open(kOpenMode);
+    results = {library->setKiraboxProperty(handle, 14, 0, 5, nullptr),
+               library->getKiraboxProperty(handle, 14, 0, 5, nullptr),
+               library->getBoxProperty(handle, 0, 5, nullptr),
+               library->getKiraboxProcAmp(handle, nullptr, nullptr, nullptr, nullptr),
+               library->getVideoProcAmp(handle, 0, 2, nullptr)};
+    library->open(kOpenMode);
+  }
+  const Trace trace = TraceIn(File());
+  ASSERT_EQ(trace.calls.size(), results.size() + 2);
+  for (std::size_t i = 0; i < results.size(); ++i) {
+    EXPECT_EQ(trace.calls[i + 1].call.result, results[i]) << i;
+    EXPECT_TRUE(trace.calls[i + 1].call.bytes.empty()) << i;
+  }
+  EXPECT_EQ(trace.calls[1].call.length, 5);
+}
+
 // The buffers of a call that the library did not make stay as they are.
 void ExpectEveryCallFails(const LoadedLibrary& library) {
   std::array<std::uint8_t, 4> bytes = {1, 2, 3, 4};
