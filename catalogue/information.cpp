@@ -178,6 +178,13 @@ bool HasTwoWords(std::uint8_t boxType, std::uint32_t item) {
   });
 }
 
+bool MayHaveTwoWords(std::uint32_t item) {
+  for (std::uint8_t boxType = 0; boxType != kNoBoxType; ++boxType) {
+    if (HasTwoWords(boxType, item)) return true;
+  }
+  return false;
+}
+
 std::string FirmwareText(std::uint32_t version) {
   return Format("%X.%X.%X.%X", (version >> 12) & 0xF, (version >> 8) & 0xF, (version >> 4) & 0xF,
                 version & 0xF);

@@ -17,6 +17,8 @@ Address FirmwareOf(std::uint8_t boxType);
 
 // Whether an item is answered with two words: the firmware version and the codes of formats are.
 bool HasTwoWords(std::uint8_t boxType, std::uint32_t item);
+// Whether it is on any model.
+bool MayHaveTwoWords(std::uint32_t item);
 
 // The rows of the page, each a caption and a value; the firmware version stands below them.
 enum Row : std::uint8_t {

@@ -27,7 +27,7 @@ class AnsweredWords {
   std::size_t Of(std::uint32_t item) const {
     const int known = boxType.load(std::memory_order_relaxed);
     const bool hasTwo = known == kUnknown
-                            ? (item >= 3 && item <= 5) || item == 8
+                            ? information::MayHaveTwoWords(item)
                             : information::HasTwoWords(static_cast<std::uint8_t>(known), item);
     return hasTwo ? 2 : 1;
   }

@@ -339,12 +339,13 @@ TEST(AnsweredWords, AreTwoWhereAnyBoxHasTwoUntilTheBoxIsKnown) {
     }
     return two;
   };
-  EXPECT_EQ(items(), (std::vector<std::uint32_t>{3, 4, 5, 8}));
+  const std::vector<std::uint32_t> any = {3, 4, 5, 7, 8, 14, 18};
+  EXPECT_EQ(items(), any);
   Call identity = Call::GetBlock(254, 0, 20);
   identity.bytes.assign(20, 0);
   identity.bytes[0] = 26;
   words.Hear(RecordOf({0, 0, identity}));  // failed
-  EXPECT_EQ(items().size(), 4U);
+  EXPECT_EQ(items(), any);
   identity.result = kSuccess;
   words.Hear(RecordOf({0, 0, identity}));
   EXPECT_EQ(items(), std::vector<std::uint32_t>{5});
