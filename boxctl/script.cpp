@@ -2,6 +2,7 @@
 
 #include <sstream>
 #include <string>
+#include <string_view>
 
 #include "base/text.h"
 #include "boxctl/files.h"
@@ -9,6 +10,8 @@
 namespace panelora::boxctl {
 
 namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";  // some editors and shells begin so
 
 Outcome ExecuteLine(const std::string& line, const Executor& execute) {
   try {
@@ -72,6 +75,7 @@ void RunScript(Session& session, const std::string& path, const Executor& execut
   for (std::string line; std::getline(lines, line);) {
     ++number;
     requireNoStop();  // the line may have been waited for
+    if (number == 1 && line.starts_with(kByteOrderMark)) line.erase(0, kByteOrderMark.size());
     if (!line.empty() && line.back() == '\r') line.pop_back();
     const std::size_t begin = line.find_first_not_of(" \t");
     if (begin == std::string::npos || line[begin] == '#') continue;

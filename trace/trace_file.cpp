@@ -283,6 +283,7 @@ class Reader {
   bool ReadFirstLine() {
     const bool isThere = lines.Next();
     Rest rest(lines.Text());
+    rest.Takes("\xEF\xBB\xBF");  // the byte order mark of an editor
     if (isThere && lines.IsWhole() && rest.Takes(kFirstLine) &&
         rest.TakesNumber(expected, kMostCalls) && rest.IsEmpty() && expected != 0) {
       trace.firstNumber = expected;

@@ -89,6 +89,22 @@ TEST_F(BoxctlTest, ScriptsFromThePipeGoOn) {
                  ""}));
 }
 
+TEST_F(BoxctlTest, FilesMayBeginWithAByteOrderMark) {
+  const std::string mark = "\xEF\xBB\xBF";
+  const std::string lines = mark + "read Hue\r\nread Contrast\r\n";
+  Put(File("script.txt"), lines);
+  const Ran read = {0, "Hue: 128\n.\nContrast: 128\n.\n", ""};
+  EXPECT_EQ(Run({"script", File("script.txt")}), read);
+  EXPECT_EQ(Run({"script", "-"}, lines), read);
+  // At the beginning alone.
+  EXPECT_EQ(Run({"script", "-"}, "\n" + lines).out.front(), '!');
+  ASSERT_EQ(Run({"save", File("a.json")}).code, 0);
+  Put(File("a.json"), mark + Content(File("a.json")));
+  EXPECT_EQ(Run({"diff", File("a.json")}).code, 0);
+  Put(File("trace.txt"), mark + TraceOfDesk());
+  EXPECT_EQ(Run({"trace", File("trace.txt")}).code, 0);
+}
+
 TEST_F(BoxctlTest, ScriptsFromAFileEndWithTheFirstFailure) {
   Put(File("script.txt"), "set Hue 1\nset Hue x\nset Hue 2\n");
   EXPECT_EQ(Run({"script", File("script.txt")}),
