@@ -2,6 +2,8 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <functional>
 #include <limits>
 
@@ -32,6 +34,11 @@ constexpr std::uint32_t kMostByte = 255;
 constexpr std::uint32_t kMostLatency = 500;  // ms
 constexpr std::uint32_t kMostPeriod = 60000;
 constexpr double kMostSeconds = 86400;
+
+// What is no number lies in no range, but CLI::Range lets it through.
+std::string RefuseNoNumber(const std::string& typed) {
+  return std::isnan(std::strtod(typed.c_str(), nullptr)) ? typed + " is no number" : "";
+}
 
 // What all commands have in common.
 struct Common {
@@ -169,7 +176,10 @@ class Program {
         [](Session& session) { Plug(session, false); });
     CLI::App& cut = Add("cut", "cut its cable for some time", "  boxctl cut 10", kOfSimulated,
                         [this](Session& session) { Cut(session, seconds); });
-    cut.add_option("SECONDS", seconds)->required()->check(CLI::Range(0.001, kMostSeconds));
+    cut.add_option("SECONDS", seconds)
+        ->required()
+        ->check(CLI::Range(0.001, kMostSeconds))
+        ->check(RefuseNoNumber);
     Add("reset", "set it as it left the factory", "  boxctl reset", kOfSimulated,
         [](Session& session) { Reset(session); });
     CLI::App& other = Add("become", "make it another box, with that one's defaults",
@@ -238,7 +248,9 @@ class Program {
                          "  boxctl wait-for-write \"Input Source\" --timeout 10", kOfSimulated,
                          [this](Session& session) { WaitForWrite(session, name, timeout); });
     wait.add_option("NAME", name, "as the panel captions it, or its address")->required();
-    wait.add_option("--timeout", timeout, "seconds")->check(CLI::Range(0.0, kMostSeconds));
+    wait.add_option("--timeout", timeout, "seconds")
+        ->check(CLI::Range(0.0, kMostSeconds))
+        ->check(RefuseNoNumber);
   }
 
   void AddTraces() {

@@ -17,10 +17,15 @@ TEST_F(BoxctlTest, WrongArgumentsAreOneLine) {
                                   {"set", "Hue", "1", "2"},
                                   {"cut", "soon"},
                                   {"cut", "0"},
+                                  {"cut", "nan"},
+                                  {"cut", "NAN"},
+                                  {"cut", "inf"},
                                   {"become"},
                                   {"watch", "--count", "many"},
                                   {"plug", "unplug"},
                                   {"wait-for-write", "Hue", "--timeout", "-1"},
+                                  {"wait-for-write", "Hue", "--timeout", "nan"},
+                                  {"wait-for-write", "Hue", "--timeout", "inf"},
                                   {"read", "--library"}};
   for (const Lines& arguments : all) {
     const Ran ran = Run(arguments);
