@@ -41,8 +41,9 @@ BenchedBox::BenchedBox(SharedBox& theShared, BoxHost& theHost, By theCaller)
       caller(theCaller),
       box(theShared.box, [this] { return host.Milliseconds(); }) {}
 
-Entry BenchedBox::Make(const Call& call, DeviceHandle handle) {
-  Entry entry = EntryOf(call);
+BenchedBox::Made BenchedBox::Make(const Call& call, DeviceHandle handle) {
+  Made made{EntryOf(call), 1};
+  Entry& entry = made;
   entry.result = kFailure;
   entry.time = host.Time();
   entry.by = caller;
@@ -55,9 +56,11 @@ Entry BenchedBox::Make(const Call& call, DeviceHandle handle) {
   std::uint32_t latency = 0;
   {
     const BoxLock lock(host);
-    if (!lock) return entry;
+    if (!lock) return made;
     box.Mend();
     Answer(entry, handle);
+    const bool isWord = entry.operation == Call::Operation::kGetWord;
+    if (isWord && box.HasTwoWords(entry.item)) made.wordCount = 2;
     latency = shared.faults.latency;
     if (latency == 0) addEntry();
   }
@@ -66,7 +69,7 @@ Entry BenchedBox::Make(const Call& call, DeviceHandle handle) {
     const BoxLock lock(host);
     if (lock) addEntry();
   }
-  return entry;
+  return made;
 }
 
 void BenchedBox::Answer(Entry& entry, DeviceHandle handle) {
@@ -219,6 +222,12 @@ int BenchedBox::GetBoxProperty(DeviceHandle handle, std::uint32_t group, std::ui
   const Entry made = Make(Call::GetWord(group, item), handle);
   if (made.result != kFailure) out = made.words;
   return made.result;
+}
+
+BenchedBox::WordAnswer BenchedBox::ReadWords(DeviceHandle handle, std::uint32_t group,
+                                             std::uint32_t item) {
+  const Made made = Make(Call::GetWord(group, item), handle);
+  return {made.result, made.result != kFailure ? made.wordCount : 0, made.words};
 }
 
 int BenchedBox::SetBoxProperty(DeviceHandle handle, std::uint32_t group, std::uint32_t item,

@@ -28,12 +28,23 @@ class BenchedBox final : public DeviceLink {
   int SetVideoProcAmp(DeviceHandle handle, std::uint32_t group, std::uint32_t control,
                       std::uint32_t value) override;
 
-  // Whether a word item is answered with two words.
-  bool HasTwoWords(std::uint32_t item) const { return box.HasTwoWords(item); }
+  // What a caller gets that may have room for one word where no second one is answered.
+  struct WordAnswer {
+    int result;
+    std::size_t count;  // of the words that are answered: 0 to 2
+    WordBuffer words;
+  };
+  // The same read, with as many words as the box has there that answers it: another program may
+  // make it another box at any moment.
+  WordAnswer ReadWords(DeviceHandle handle, std::uint32_t group, std::uint32_t item);
 
  private:
-  // Makes a call of the handle and writes down what came of it.
-  Entry Make(const Call& call, DeviceHandle handle);
+  // A call of the handle, and how many words an item has of the box that was asked.
+  struct Made : Entry {
+    std::size_t wordCount;
+  };
+  // Makes a call and writes down what came of it.
+  Made Make(const Call& call, DeviceHandle handle);
   void Answer(Entry& entry, DeviceHandle handle);
   void AskBox(Entry& entry, DeviceHandle handle);
   bool AskReplay(Entry& entry);

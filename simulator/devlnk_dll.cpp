@@ -97,11 +97,9 @@ DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_GET_BOX_PROPERTY(std::uint32_t han
                                                                std::uint32_t* out) {
   BenchedBox* box = Box();
   if (box == nullptr) return kFailure;
-  WordBuffer answer = {out[0], 0};
-  const int result = box->GetBoxProperty(handle, group, item, answer);
-  out[0] = answer[0];
-  if (result != kFailure && box->HasTwoWords(item)) out[1] = answer[1];
-  return result;
+  const BenchedBox::WordAnswer answer = box->ReadWords(handle, group, item);
+  std::copy_n(answer.words.begin(), answer.count, out);
+  return answer.result;
 }
 
 DEVLNK_EXPORT int PANELORA_DEVLNK_CALL DEVLNK_SET_BOX_PROPERTY(std::uint32_t handle,

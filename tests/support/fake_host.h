@@ -1,6 +1,7 @@
 // A host of the shared box for tests: its clocks stand until they are moved.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "simulator/box_control.h"
@@ -23,6 +24,7 @@ class FakeHost final : public simulator::BoxHost {
   void Sleep(std::uint32_t milliseconds) override {
     sleptLocked |= locked;
     now += milliseconds;
+    if (whileSleeping) whileSleeping();
   }
   std::uint32_t Process() const override { return 4711; }
 
@@ -31,6 +33,7 @@ class FakeHost final : public simulator::BoxHost {
   bool locked = false;
   bool sleptLocked = false;
   int locks = 0;
+  std::function<void()> whileSleeping;
 };
 
 // An untouched box in memory of its own.

@@ -105,6 +105,24 @@ TEST_F(BenchedBoxTest, LatencyPassesWithoutTheLock) {
   EXPECT_FALSE(host.locked);
 }
 
+// Whoever asked the box that had one word there may have room for no more.
+TEST_F(BenchedBoxTest, AnswersAsManyWordsAsTheBoxHasThatIsAsked) {
+  const auto countOf = [&](std::uint32_t item) {
+    return box.ReadWords(handle, kBoxGroup, item).count;
+  };
+  EXPECT_EQ(countOf(5), 2U);
+  EXPECT_EQ(countOf(7), 1U);
+  EXPECT_EQ(countOf(99), 0U);
+  Fault([](Faults& faults) { faults.latency = 30; });
+  std::uint8_t next = 13;
+  host.whileSleeping = [&] { control.Become({next, 0, 0, 0, 0}, 0x0126); };
+  EXPECT_EQ(countOf(7), 1U);
+  next = 26;
+  const BenchedBox::WordAnswer answer = box.ReadWords(handle, kBoxGroup, 7);
+  EXPECT_EQ(answer.result, kSuccess);
+  EXPECT_EQ(answer.count, 2U);
+}
+
 TEST_F(BenchedBoxTest, JournalKeepsTheLastCallsAndSaysHowManyAreGone) {
   for (std::size_t i = 0; i < Journal::kHeld + 10; ++i) ReadWord(5);
   const auto calls = control.CallsFrom(1);
