@@ -231,6 +231,7 @@ bool BoxControl::Store(const Address& at, std::span<const std::uint8_t> bytes) {
     Call write;
     switch (at.kind) {
       case Address::Kind::kBlock: {
+        if (!BoxModel::CanHave(at.number, at.sub)) return false;
         BlockBuffer sent{};
         const std::size_t count = std::min(bytes.size(), KeptBlock::kMost);
         std::copy_n(bytes.begin(), count, sent.begin());
@@ -303,7 +304,7 @@ std::optional<BoxControl::Calls> BoxControl::CallsFrom(std::uint64_t first) {
 std::vector<std::uint8_t> BytesAt(const BoxMemory& box, const Address& at) {
   switch (at.kind) {
     case Address::Kind::kBlock: {
-      if (at.sub >= BoxMemory::kSubs) return {};
+      if (!BoxModel::CanHave(at.number, at.sub)) return {};
       const KeptBlock& block = at.sub == kNoSub ? box.blocks[at.number] : box.labels[at.sub - 1U];
       return {block.begin(), block.end()};
     }

@@ -58,7 +58,7 @@ class BoxControl {
   // own scan. Nothing changes (false) when the type does not tell such a format.
   bool SetInput(const VideoFormat& format, bool isInterlaced);
   // Puts a value where it is kept, past every rule of the box, and into the journal as a write of
-  // its own. A word takes its first two words, little-endian.
+  // its own. A word takes its first two words, little-endian. False, too, where no box keeps one.
   bool Store(const Address& at, std::span<const std::uint8_t> bytes);
   // Everything that it keeps; no replay from then on.
   bool Load(const BoxMemory& box);

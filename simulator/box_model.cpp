@@ -66,10 +66,14 @@ void BoxModel::Load(const BoxMemory& kept) {
   SetBeingMade(false);
 }
 
+bool BoxModel::CanHave(std::uint8_t property, std::uint8_t sub) {
+  const bool isLabel = property == multiview::InputLabel(sub).number && sub < BoxMemory::kSubs;
+  return sub == kNoSub || isLabel;
+}
+
 KeptBlock& BoxModel::Block(std::uint8_t property, std::uint8_t sub) {
-  if (sub == kNoSub) return memory.blocks[property];
-  if (property == multiview::InputLabel(sub).number && sub < BoxMemory::kSubs) {
-    return memory.labels[sub - 1U];
+  if (CanHave(property, sub)) {
+    return sub == kNoSub ? memory.blocks[property] : memory.labels[sub - 1U];
   }
   noBlock.resize(0);
   return noBlock;

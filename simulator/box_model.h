@@ -53,6 +53,8 @@ class BoxModel final : public DeviceLink {
   // The box's memory: what reads answer. A block that the model does not have is empty and its
   // reads fail; one that no box can have is empty whatever is put there.
   KeptBlock& Block(std::uint8_t property, std::uint8_t sub = 0);
+  // Whether a box can have such a block.
+  static bool CanHave(std::uint8_t property, std::uint8_t sub);
   WordBuffer& Word(std::uint32_t item);  // has the item from now on
   ProcAmpBytes& Picture() { return memory.picture; }
   // The items of which a library fills two words; of the others one.

@@ -89,6 +89,11 @@ TEST_F(BoxControlTest, LabelsHaveSubNumbers) {
   EXPECT_TRUE(control.Store(Block(19, 60, 2), Bytes{'C', 'A', 'M'}));
   EXPECT_EQ(At(Block(19, 60, 2)), (Bytes{'C', 'A', 'M'}));
   EXPECT_NE(At(Block(19, 60, 1)), (Bytes{'C', 'A', 'M'}));
+  // What no box keeps is no write either.
+  EXPECT_FALSE(control.Store(Block(19, 60, 4), Bytes{1}));
+  EXPECT_FALSE(control.Store(Block(14, 2, 1), Bytes{1}));
+  EXPECT_EQ(At(Block(14, 2, 1)), Bytes{});
+  EXPECT_EQ(control.LookAt()->last, 1U);
 }
 
 TEST_F(BoxControlTest, InputsReceiveWhatTheModelTellsInItsOwnForm) {
