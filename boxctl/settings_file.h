@@ -15,7 +15,7 @@ struct KeptSetting {
   Bytes kept;
 };
 
-// The settings of a box in one moment.
+// The settings of a box, which was asked for one after the other.
 struct Snapshot {
   Identity identity;
   std::uint32_t firmware = 0;

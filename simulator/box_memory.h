@@ -14,14 +14,12 @@
 
 namespace panelora::simulator {
 
-// NOLINTBEGIN(readability-identifier-naming): called as those of any container.
 // The bytes of a block property; without any the box does not have it, and its reads fail.
 class KeptBlock {
  public:
   static constexpr std::size_t kMost = 255;  // a length is one byte
 
-  // Named like those of a vector.
-  // NOLINTBEGIN(readability-identifier-naming)
+  // NOLINTBEGIN(readability-identifier-naming): named like those of a vector
   KeptBlock& operator=(std::initializer_list<std::uint8_t> bytes) {
     assign(bytes.begin(), bytes.end());
     return *this;
@@ -70,7 +68,6 @@ class KeptBlock {
   std::uint8_t length;
   std::array<std::uint8_t, kMost + 1> held;
 };
-// NOLINTEND(readability-identifier-naming)
 
 struct KeptWord {
   bool held;  // the box has such an item

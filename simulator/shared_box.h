@@ -22,7 +22,8 @@ enum class By : std::uint8_t {
   kBox,     // nobody but the box
 };
 
-// How calls go wrong. A call that is meant by the first four members goes wrong as the rest says.
+// How calls go wrong. A call that is meant by the members before `answer` goes wrong as that says;
+// what stands behind `result` does not hang on them.
 struct Faults {
   enum class Answer : std::uint8_t {
     kFailure,  // result 0

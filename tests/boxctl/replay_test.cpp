@@ -1,5 +1,5 @@
-// A recorded session replays with the same texts on all pages: the panel at a box, and once more at
-// one that answers as the trace of the first says.
+// A replay has the same texts on all pages: the panel at a box, and once more at one that answers
+// as the trace of the first says.
 #include <map>
 #include <memory>
 #include <set>
@@ -33,9 +33,9 @@ std::ostream& operator<<(std::ostream& to, const Seen& seen) {
 }
 
 // A panel at the box of the desk, and a walk through all its pages, the same each time.
-class PanelSession {
+class PanelWalk {
  public:
-  PanelSession(TestHost& host, std::uint8_t type)
+  PanelWalk(TestHost& host, std::uint8_t type)
       : box(*host.desk, host, simulator::By::kPanel), admitted{type} {}
 
   std::vector<Seen> Walk() {
@@ -164,7 +164,7 @@ class Replayed : public BoxctlTest, public ::testing::WithParamInterface<Model> 
   }
 };
 
-TEST_P(Replayed, SessionsHaveTheSameTextsOnAllPages) {
+TEST_P(Replayed, HasTheSameTextsOnAllPages) {
   Control().Become({Type(), 0, 0, 0, 0}, 0x0126);
   Disturb();
   // Now and then a read fails, and the page has to do without.
@@ -172,7 +172,7 @@ TEST_P(Replayed, SessionsHaveTheSameTextsOnAllPages) {
     faults.every = 7;
     faults.reads = true;
   });
-  const std::vector<Seen> recorded = PanelSession(host, Type()).Walk();
+  const std::vector<Seen> recorded = PanelWalk(host, Type()).Walk();
   EXPECT_EQ(PagesOf(recorded), GetParam().pages);
   const std::uint64_t calls = host.desk->journal.last;
   Record(File("trace.txt"));
@@ -180,11 +180,11 @@ TEST_P(Replayed, SessionsHaveTheSameTextsOnAllPages) {
 
   // At a box as it left the factory, they read otherwise.
   Control().Become({Type(), 0, 0, 0, 0}, 0x0126);
-  EXPECT_NE(PanelSession(host, Type()).Walk(), recorded);
+  EXPECT_NE(PanelWalk(host, Type()).Walk(), recorded);
   const Ran replay = Run({"replay", File("trace.txt")});
   ASSERT_EQ(replay.code, 0) << replay.err;
   const std::uint64_t before = host.desk->journal.last;
-  const std::vector<Seen> replayed = PanelSession(host, Type()).Walk();
+  const std::vector<Seen> replayed = PanelWalk(host, Type()).Walk();
   ASSERT_EQ(replayed.size(), recorded.size());
   for (std::size_t i = 0; i < recorded.size(); ++i) EXPECT_EQ(replayed[i], recorded[i]) << i;
   // Call by call.
