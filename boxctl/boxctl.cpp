@@ -7,6 +7,7 @@
 #include <functional>
 #include <limits>
 
+#include "base/text.h"
 #include "boxctl/bench_commands.h"
 #include "boxctl/box_commands.h"
 #include "boxctl/call_commands.h"
@@ -31,7 +32,7 @@ constexpr char kOfAny[] = "Any box";
 constexpr char kOfTraces[] = "Traces";
 
 constexpr std::uint32_t kMostByte = 255;
-constexpr std::uint32_t kMostLatency = 500;  // ms
+constexpr std::uint32_t kMostLatency = simulator::Faults::kMostLatency;
 constexpr std::uint32_t kMostPeriod = 60000;
 constexpr double kMostSeconds = 86400;
 
@@ -226,7 +227,9 @@ class Program {
     other(failing.add_flag("--random", fail.random, "answers of random bytes"))->excludes(result);
     CLI::App& slow = Add("latency", "how long every call takes", "  boxctl latency 200",
                          kOfSimulated, [this](Session& session) { Latency(session, latency); });
-    slow.add_option("MS", latency, "0 to 500")->required()->check(CLI::Range(0U, kMostLatency));
+    slow.add_option("MS", latency, Format("0 to %u", kMostLatency))
+        ->required()
+        ->check(CLI::Range(0U, kMostLatency));
   }
 
   void AddFiles() {

@@ -7,6 +7,7 @@
 #include "boxctl/names.h"
 #include "boxctl/texts.h"
 #include "catalogue/describe.h"
+#include "trace/words.h"
 
 namespace panelora::boxctl {
 
@@ -33,16 +34,6 @@ const char* NameOf(By by) {
   return "?";
 }
 
-// "09:48:01.123", UTC.
-std::string TimeOfDay(std::uint64_t microseconds) {
-  const std::uint64_t all = microseconds / 1000;
-  const auto part = [&](std::uint64_t unit, std::uint64_t many) {
-    return static_cast<unsigned>(all / unit % many);
-  };
-  return Format("%02u:%02u:%02u.%03u", part(3600000, 24), part(60000, 60), part(1000, 60),
-                part(1, 1000));
-}
-
 std::string Words(const BoxControl::Look& look, const Entry& entry) {
   return Printable(Describe(look.box.identity, look.box.firmware, CallOf(entry)));
 }
@@ -50,7 +41,7 @@ std::string Words(const BoxControl::Look& look, const Entry& entry) {
 std::string LineOfCall(const BoxControl::Look& look, const Entry& entry) {
   const std::string number = std::to_string(entry.number);
   const std::string failed = entry.result == kSuccess ? "" : Format("  failed (%d)", entry.result);
-  return Format("%6s  %s  %-6s  %6u us  ", number.c_str(), TimeOfDay(entry.time).c_str(),
+  return Format("%6s  %s  %-6s  %6u us  ", number.c_str(), trace::TimeOfDay(entry.time).c_str(),
                 NameOf(entry.by), entry.duration) +
          Words(look, entry) + failed + "\n";
 }

@@ -8,15 +8,13 @@
 #include <utility>
 
 #include "base/text.h"
+#include "simulator/box_memory.h"
 
 namespace panelora::boxctl {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::uint32_t kMostFirmware = 0xFFFF;
-constexpr std::size_t kMostBlock = 255;
 
 // More than any file of boxctl has. What is deeper would be copied and freed on the stack, level by
 // level, and members are looked for one by one.
@@ -167,8 +165,10 @@ std::string Members::Text(const char* name) const {
 
 Bytes Members::Hex(const char* name) const {
   const std::optional<Bytes> bytes = BytesOfHex(Text(name));
-  if (bytes && bytes->size() <= kMostBlock) return *bytes;
-  throw Damage(Format("\"%s\" must be pairs of hexadecimal digits, of 255 bytes at most", name));
+  constexpr std::size_t kMost = simulator::KeptBlock::kMost;
+  if (bytes && bytes->size() <= kMost) return *bytes;
+  throw Damage(Format("\"%s\" must be pairs of hexadecimal digits, of %d bytes at most", name,
+                      static_cast<int>(kMost)));
 }
 
 std::uint32_t Members::Firmware(const char* name) const {

@@ -38,7 +38,7 @@ class Members {
   bool Flag(const char* name) const;
   bool Flag(const char* name, bool whenMissing) const;
   std::string Text(const char* name) const;
-  Bytes Hex(const char* name) const;  // at most 255 bytes
+  Bytes Hex(const char* name) const;  // no more than a block has
   std::uint32_t Firmware(const char* name) const;
   const Json& Array(const char* name) const;
   const Json& Object(const char* name) const;

@@ -10,8 +10,6 @@ namespace panelora::boxctl {
 
 namespace {
 
-constexpr std::uint32_t kMostFirmware = 0xFFFF;
-
 bool IsBlank(char letter) { return letter == ' ' || letter == '\t'; }
 
 char Small(char letter) {

@@ -20,6 +20,7 @@ std::optional<Bytes> BytesOfHex(std::string_view text);
 // A whole number from `least` to `most`, decimal or with 0x before it, and nothing else.
 std::optional<std::uint32_t> NumberOf(std::string_view text, std::uint32_t least,
                                       std::uint32_t most);
+inline constexpr std::uint32_t kMostFirmware = 0xFFFF;
 // A firmware version, as a number or as it is shown: 0x0112, 274 or 0.1.1.2.
 std::optional<std::uint32_t> FirmwareOfText(const std::string& text);
 

@@ -30,6 +30,7 @@ struct Faults {
     kResult,   // `result`, with the box's answer in the buffer
     kRandom,   // success with random bytes; writes are not told to the box
   };
+  static constexpr std::uint32_t kMostLatency = 500;  // ms
 
   std::uint32_t every;  // 0 = no call, 1 = each, n = each nth of those that are meant
   bool opens;
@@ -39,7 +40,7 @@ struct Faults {
   Address address;
   Answer answer;
   std::int32_t result;
-  std::uint32_t latency;   // ms that every call takes, 0 to 500
+  std::uint32_t latency;   // ms that every call takes, 0 to kMostLatency
   bool vanishOnWrite;      // the next write pulls the plug and fails
   bool fillsWhatWasAsked;  // block reads but the identity's are filled with 0xFF
   std::uint64_t cutUntil;  // ms of the host's clock until which the cable is cut; 0 = is not

@@ -8,7 +8,7 @@
 
 namespace panelora::trace {
 
-// "09:48:59.123", UTC.
+// Of microseconds since 1970: "09:48:59.123", UTC.
 std::string TimeOfDay(std::uint64_t time);
 
 // What a call asked or told, in one line of characters that any console shows; with its result
