@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace panelora {
@@ -50,6 +51,7 @@ struct ProcAmpBytes {
 
   bool operator==(const ProcAmpBytes&) const = default;
 };
+constexpr std::size_t kPictureBytes = sizeof(ProcAmpBytes);
 
 // One object per program. All calls come from the user-interface thread and are synchronous. Calls
 // are made with kNoBox too and must then fail without harm. Buffers keep what a failed call left in

@@ -10,7 +10,6 @@ namespace panelora::simulator {
 namespace {
 
 constexpr int kFailure = 0;
-constexpr std::size_t kPictureBytes = 4;
 
 bool IsWrite(Call::Operation operation) { return Call{.operation = operation}.IsWrite(); }
 

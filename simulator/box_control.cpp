@@ -17,21 +17,6 @@ constexpr std::uint8_t kBigProgressive = 0;
 constexpr std::uint8_t kLittleInterlaced = 0;
 constexpr std::uint8_t kLittleProgressive = 1;
 
-std::uint8_t* PictureValue(ProcAmpBytes& picture, std::uint32_t control) {
-  switch (control) {
-    case proc_amp::kBrightness:
-      return &picture.brightness;
-    case proc_amp::kContrast:
-      return &picture.contrast;
-    case proc_amp::kHue:
-      return &picture.hue;
-    case proc_amp::kSaturation:
-      return &picture.saturation;
-    default:
-      return nullptr;
-  }
-}
-
 void StoreWords(WordBuffer& words, std::span<const std::uint8_t> bytes) {
   words = {};
   for (std::size_t i = 0; i < std::min(bytes.size(), 2 * kWordBytes); ++i) {

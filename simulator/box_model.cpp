@@ -36,6 +36,21 @@ constexpr std::uint8_t kBrandOfMode9As5 = 8;
 
 }  // namespace
 
+std::uint8_t* PictureValue(ProcAmpBytes& picture, std::uint32_t control) {
+  switch (control) {
+    case proc_amp::kBrightness:
+      return &picture.brightness;
+    case proc_amp::kContrast:
+      return &picture.contrast;
+    case proc_amp::kHue:
+      return &picture.hue;
+    case proc_amp::kSaturation:
+      return &picture.saturation;
+    default:
+      return nullptr;
+  }
+}
+
 BoxModel::BoxModel(const Identity& theIdentity, std::uint32_t theFirmware, Clock theClock)
     : clock(std::move(theClock)), own(std::make_unique<BoxMemory>()), memory(*own) {
   memory.present = true;
@@ -298,24 +313,9 @@ int BoxModel::GetKiraboxProcAmp(DeviceHandle handle, ProcAmpBytes& out) {
   return kSuccess;
 }
 
-std::uint8_t* BoxModel::ProcAmpValue(std::uint32_t control) {
-  switch (control) {
-    case proc_amp::kBrightness:
-      return &memory.picture.brightness;
-    case proc_amp::kContrast:
-      return &memory.picture.contrast;
-    case proc_amp::kHue:
-      return &memory.picture.hue;
-    case proc_amp::kSaturation:
-      return &memory.picture.saturation;
-    default:
-      return nullptr;
-  }
-}
-
 int BoxModel::GetVideoProcAmp(DeviceHandle handle, std::uint32_t group, std::uint32_t control,
                               WordBuffer& out) {
-  const std::uint8_t* value = ProcAmpValue(control);
+  const std::uint8_t* value = PictureValue(memory.picture, control);
   if (!Answers(handle) || group != kBoxGroup || value == nullptr) return kFailure;
   out[0] = *value;
   return kSuccess;
@@ -324,7 +324,7 @@ int BoxModel::GetVideoProcAmp(DeviceHandle handle, std::uint32_t group, std::uin
 int BoxModel::SetVideoProcAmp(DeviceHandle handle, std::uint32_t group, std::uint32_t control,
                               std::uint32_t value) {
   if (!Answers(handle) || group != kBoxGroup) return kFailure;
-  std::uint8_t* stored = ProcAmpValue(control);
+  std::uint8_t* stored = PictureValue(memory.picture, control);
   if (stored != nullptr) *stored = static_cast<std::uint8_t>(value & 0xFF);
   return kSuccess;
 }

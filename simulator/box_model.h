@@ -17,6 +17,9 @@
 
 namespace panelora::simulator {
 
+// The value of a picture control; null where the control has none.
+std::uint8_t* PictureValue(ProcAmpBytes& picture, std::uint32_t control);
+
 class BoxModel final : public DeviceLink {
  public:
   // Milliseconds since any fixed moment.
@@ -91,7 +94,6 @@ class BoxModel final : public DeviceLink {
   void StoreChannelCode(std::uint8_t code);
   void ReportOutput(std::uint8_t property, std::uint8_t value);
   void RunCommand(std::uint32_t number);
-  std::uint8_t* ProcAmpValue(std::uint32_t control);
 
   Clock clock;
   std::unique_ptr<BoxMemory> own;  // where it is this object's alone

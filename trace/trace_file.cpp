@@ -17,7 +17,6 @@ namespace {
 constexpr std::uint64_t kMostCalls = 1'000'000'000'000'000;
 constexpr std::uint64_t kMostWord = std::numeric_limits<std::uint32_t>::max();
 constexpr std::uint64_t kMostByte = std::numeric_limits<std::uint8_t>::max();
-constexpr std::size_t kPictureBytes = 4;
 constexpr std::string_view kBeforeResult = " -> ";
 constexpr std::size_t kCheckLength = 11;  // " [12345678]"
 constexpr std::size_t kMostInHead = 2;    // identity and firmware

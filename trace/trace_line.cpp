@@ -8,7 +8,6 @@ namespace panelora::trace {
 
 namespace {
 
-constexpr std::size_t kPictureBytes = 4;
 constexpr std::uint64_t kMicrosecondsPerSecond = 1'000'000;
 // The last moment of the year 9999, which has four digits.
 constexpr std::uint64_t kLastTime = 253'402'300'800 * kMicrosecondsPerSecond - 1;
