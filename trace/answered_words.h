@@ -4,8 +4,8 @@
 #include <atomic>
 #include <cstdint>
 
-#include "catalogue/codecs.h"
 #include "catalogue/information.h"
+#include "trace/told_box.h"
 #include "trace/trace_line.h"
 
 namespace panelora::trace {
@@ -16,10 +16,9 @@ class AnsweredWords {
  public:
   constexpr AnsweredWords() = default;
 
-  // Takes the box's type from an answered identity block.
+  // Takes the box's type from an answered identity block, of which it is the first byte.
   void Hear(const Record& record) {
-    if (record.operation == Call::Operation::kGetBlock && record.result == kSuccess &&
-        record.number == kIdentityBlock.number && record.byteCount > 0) {
+    if (AsksIdentity(record) && record.result == kSuccess && record.byteCount > 0) {
       boxType.store(record.bytes[0], std::memory_order_relaxed);
     }
   }

@@ -15,8 +15,7 @@ class ToldRecords {
 
   void Hear(const Record& record) {
     if (record.result != kSuccess) return;
-    if (record.operation == Call::Operation::kGetBlock && record.number == kIdentityBlock.number &&
-        record.byteCount >= kIdentityBytes) {
+    if (AsksIdentity(record) && record.byteCount >= kIdentityBytes) {
       const bool isSame =
           hasIdentity && std::equal(identity.bytes.begin(), identity.bytes.begin() + kIdentityBytes,
                                     record.bytes.begin());
@@ -24,8 +23,7 @@ class ToldRecords {
       hasIdentity = true;
       identity = record;
     }
-    if (record.operation == Call::Operation::kGetWord && record.group == kBoxGroup && hasIdentity &&
-        record.number == information::FirmwareOf(identity.bytes[0]).number) {
+    if (hasIdentity && AsksFirmware(record, identity.bytes[0])) {
       hasFirmware = true;
       firmware = record;
     }

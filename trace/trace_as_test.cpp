@@ -64,10 +64,6 @@ std::size_t LengthOfSection(Calls calls) {
   return length;
 }
 
-bool AsksIdentity(const Call& call) {
-  return call.operation == Call::Operation::kGetBlock && call.number == kIdentityBlock.number;
-}
-
 // What the test gives the simulated box so that it tells what the trace's box told.
 class TestBox {
  public:
