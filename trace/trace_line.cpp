@@ -12,38 +12,7 @@ constexpr std::uint64_t kMicrosecondsPerSecond = 1'000'000;
 // The last moment of the year 9999, which has four digits.
 constexpr std::uint64_t kLastTime = 253'402'300'800 * kMicrosecondsPerSecond - 1;
 
-// How many bytes a call with bytes has.
-std::size_t BytesOf(const Call& call) {
-  switch (call.operation) {
-    case Call::Operation::kSetBlock:
-    case Call::Operation::kGetBlock:
-      return call.bytes.empty() ? 0 : call.length;
-    case Call::Operation::kGetPicture:
-      return call.bytes.empty() ? 0 : kPictureBytes;
-    default:
-      return 0;
-  }
-}
-
 }  // namespace
-
-Record RecordOf(const TracedCall& traced) {
-  const Call& call = traced.call;
-  Record record{};
-  record.time = traced.time;
-  record.duration = traced.duration;
-  record.group = call.group;
-  record.number = call.number;
-  record.result = call.result;
-  record.words = call.words;
-  record.operation = call.operation;
-  record.sub = call.sub;
-  record.length = call.length;
-  record.byteCount = static_cast<std::uint8_t>(BytesOf(call));
-  std::copy_n(call.bytes.begin(), std::min<std::size_t>(call.bytes.size(), record.byteCount),
-              record.bytes.begin());
-  return record;
-}
 
 void Line::Add(std::string_view part) {
   const std::size_t count = std::min(part.size(), kLongest - size);

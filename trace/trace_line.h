@@ -30,8 +30,6 @@ struct Record {
   std::array<std::uint8_t, 255> bytes;
 };
 
-Record RecordOf(const TracedCall& traced);
-
 // The check of what a line says: FNV-1a.
 constexpr std::uint32_t CheckOf(std::string_view text) {
   std::uint32_t check = 0x811C9DC5;

@@ -7,7 +7,7 @@
 #include <streambuf>
 
 #include "boxctl/boxctl.h"
-#include "trace/trace_line.h"
+#include "tests/trace/record_of.h"
 
 namespace panelora::boxctl {
 

@@ -11,7 +11,7 @@
 #include "res/dialog_templates.h"
 #include "tests/boxctl/boxctl_desk.h"
 #include "tests/support/desk.h"
-#include "trace/trace_line.h"
+#include "tests/trace/record_of.h"
 
 namespace panelora::boxctl {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "boxctl/json.h"
 #include "tests/boxctl/boxctl_desk.h"
-#include "trace/trace_line.h"
+#include "tests/trace/record_of.h"
 
 namespace panelora::boxctl {
 namespace {

@@ -8,7 +8,7 @@
 #include <random>
 #include <sstream>
 
-#include "trace/trace_line.h"
+#include "tests/trace/record_of.h"
 
 namespace panelora::trace {
 namespace {

@@ -9,6 +9,7 @@
 #include <string>
 #include <thread>
 
+#include "tests/trace/record_of.h"
 #include "trace/answered_words.h"
 
 namespace panelora::trace {
