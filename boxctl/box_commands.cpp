@@ -152,6 +152,7 @@ class Watcher {
       if (IsOver()) return;
       const Call answer = box->Ask(each.named.property.at);
       if (answer == each.answer) continue;
+      if (!answer.Succeeded() && !box->IsThere()) return;  // it is said that the box went
       const std::string before = TextOf(each.named, each.answer);
       const std::string now = TextOf(each.named, answer);
       each.answer = answer;

@@ -204,6 +204,20 @@ TEST_F(BoxctlTest, WatchPrintsWhatChanges) {
   EXPECT_EQ(host.sleeps, 5);
 }
 
+// However far a look has got, a box that goes is one change.
+TEST_F(BoxctlTest, WatchTellsABoxThatGoesWhileItIsAskedFromUntoldValues) {
+  int locksBefore = 0;
+  host.whenSleeping = [&](int sleep) {
+    if (sleep == 0) locksBefore = host.locks;
+    if (sleep == 2) host.desk->box.present = true;
+    host.stopped = sleep == 4;
+  };
+  host.whenLocking = [&](int lock) {  // the box is asked whether it is there, and then for a value
+    if (locksBefore != 0 && lock == locksBefore + 2) host.desk->box.present = false;
+  };
+  EXPECT_EQ(Run({"watch"}), (Ran{0, "Box: there -> gone\nBox: gone -> model 26\n", ""}));
+}
+
 TEST_F(BoxctlTest, WatchEndsWhenItIsStopped) {
   host.whenSleeping = [&](int sleep) {
     constexpr std::uint8_t kBytes[] = {7};
