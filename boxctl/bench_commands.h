@@ -1,5 +1,6 @@
 // The commands for the simulated box alone: its plug, its kind, its faults, all that it keeps.
-// With a library each of them is a Failure.
+// With a library each of them is a Failure, and so is a box that another program keeps: then
+// nothing of it has changed.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +12,9 @@
 namespace panelora::boxctl {
 
 void Plug(Session& session, bool plugged);
+// The cable comes back by itself; up to a day.
 void Cut(Session& session, double seconds);
+// The same box with its defaults; a replay ends.
 void Reset(Session& session);
 
 struct BecomeOptions {
@@ -22,9 +25,11 @@ struct BecomeOptions {
   bool inputDip = false;
   bool outputDip = false;
 };
+// Another box with its defaults; a replay ends.
 void Become(Session& session, const BecomeOptions& options);
 
-// "1920x1080i50", "1280x720p59.94" or "none".
+// What all inputs receive: "1920x1080i50", "1280x720p59.94" or "none". Exit::kDiffers for a signal
+// that the model can't tell.
 void Input(Session& session, const std::string& format);
 
 // Which calls go wrong, and how; without a kind all are meant. The bench's latency, cut, vanishing
@@ -41,10 +46,13 @@ struct FailOptions {
   bool vanish = false;                 // the next write pulls the plug
 };
 void Fail(Session& session, const FailOptions& options);
+// How long every call takes from now on, 0 to Faults::kMostLatency.
 void Latency(Session& session, std::uint32_t milliseconds);
 
-// All that the box keeps.
+// All that the box keeps, into a file that is replaced when it is there.
 void Dump(Session& session, const std::string& path);
+// From a file that Dump wrote: the box is that one, plugged in as that was, and a replay ends. One
+// that is damaged changes nothing: Exit::kBadInput.
 void Load(Session& session, const std::string& path);
 
 }  // namespace panelora::boxctl

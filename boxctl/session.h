@@ -30,6 +30,7 @@ class Session {
   AttachedBox Attach();
   // The simulated box beside its calls; a failure with a library, which may have a real box.
   simulator::BoxControl Control();
+  // What Control sees of it in one moment; a failure, too, while another program keeps the box.
   simulator::BoxControl::Look Look();
   bool IsSimulated() const { return library.empty(); }
 
