@@ -85,7 +85,7 @@ Typed<Faults> FaultsOf(const FaultForm& form) {
     if (!result) return {{}, "the result is a whole number, like 2 or -1"};
     faults.result = *result;
   }
-  faults.latency = std::min(form.latency, kMostLatency);
+  faults.latency = std::min(form.latency, Faults::kMostLatency);
   faults.vanishOnWrite = form.vanishes;
   faults.fillsWhatWasAsked = form.fills;
   return {faults};

@@ -27,8 +27,6 @@ struct FaultForm {
   bool operator==(const FaultForm&) const = default;
 };
 
-constexpr std::uint32_t kMostLatency = 500;  // ms
-
 // The faults that are chosen, with nothing counted yet and no cable cut; or what is wrong with a
 // number, and that no call is meant.
 Typed<simulator::Faults> FaultsOf(const FaultForm& form);

@@ -190,7 +190,8 @@ void BenchWindow::FillChoices() {
   Check(kCable, true);
   constexpr int kLine = 10;
   constexpr int kStep = 50;
-  SendMessageA(Control(kLatency), TBM_SETRANGE, TRUE, MAKELPARAM(0, kMostLatency));
+  SendMessageA(Control(kLatency), TBM_SETRANGE, TRUE,
+               MAKELPARAM(0, simulator::Faults::kMostLatency));
   SendMessageA(Control(kLatency), TBM_SETLINESIZE, 0, kLine);
   SendMessageA(Control(kLatency), TBM_SETPAGESIZE, 0, kStep);
   for (const Id id : {kBrand, kSubModel}) SendMessageA(Control(id), EM_SETLIMITTEXT, 3, 0);
