@@ -53,14 +53,39 @@ RECT WorkAreaOf(HWND window) {
 
 SIZE SizeOf(const RECT& place) { return {place.right - place.left, place.bottom - place.top}; }
 
+constexpr std::array<ACCEL, 4> kKeys = {{
+    {FVIRTKEY, VK_F5, control::kRefresh},
+    {FVIRTKEY | FCONTROL, 'F', control::kFind},
+    {FVIRTKEY | FCONTROL, 'S', control::kSave},
+    {FVIRTKEY | FCONTROL, 'P', control::kPause},
+}};
+
 HACCEL MakeKeys() {
-  std::array<ACCEL, 4> keys = {{
-      {FVIRTKEY, VK_F5, control::kRefresh},
-      {FVIRTKEY | FCONTROL, 'F', control::kFind},
-      {FVIRTKEY | FCONTROL, 'S', control::kSave},
-      {FVIRTKEY | FCONTROL, 'P', control::kPause},
-  }};
+  std::array<ACCEL, kKeys.size()> keys = kKeys;
   return CreateAcceleratorTableA(keys.data(), static_cast<int>(keys.size()));
+}
+
+bool IsKeyOfWindow(WPARAM key) {
+  const bool hasControl = GetKeyState(VK_CONTROL) < 0;
+  return std::any_of(kKeys.begin(), kKeys.end(), [&](const ACCEL& each) {
+    return each.key == key && ((each.fVirt & FCONTROL) != 0) == hasControl;
+  });
+}
+
+// A key that is held repeats itself, and what it commands is meant once: else the cable is pulled
+// and plugged in as often as the system repeats.
+bool IsHeldCommand(const MSG& message) {
+  if ((HIWORD(message.lParam) & KF_REPEAT) == 0) return false;
+  switch (message.message) {
+    case WM_KEYDOWN:
+      return message.wParam == VK_RETURN || IsKeyOfWindow(message.wParam);
+    case WM_SYSCHAR:
+      return true;
+    case WM_CHAR:  // where nothing can be typed, letters work without Alt
+      return (SendMessageA(message.hwnd, WM_GETDLGCODE, 0, 0) & DLGC_WANTCHARS) == 0;
+    default:
+      return false;
+  }
 }
 
 }  // namespace
@@ -124,6 +149,7 @@ int BenchWindow::Run() {
 bool BenchWindow::TakeKeyboard(const MSG& message) {
   MSG copy = message;
   if (window == nullptr) return false;
+  if (IsHeldCommand(message)) return true;
   return TranslateAcceleratorA(window, keys, &copy) != 0 || IsDialogMessageA(window, &copy) != 0;
 }
 

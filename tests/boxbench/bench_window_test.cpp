@@ -622,6 +622,20 @@ TEST_F(BenchTest, IsWorkedByTheKeyboardAlone) {
   awaitFocus("focus on the model", kType);
 }
 
+TEST_F(BenchTest, AKeyThatIsHeldCommandsOnce) {
+  constexpr LPARAM kAlt = LPARAM{KF_ALTDOWN} << 16;
+  constexpr LPARAM kHeld = LPARAM{KF_REPEAT} << 16;
+  StartBench();
+  const auto type = [this](LPARAM how) {
+    PostMessageA(bench->Window(), WM_SYSCHAR, 'a', 1 | kAlt | how);
+  };
+  type(0);
+  AwaitText(kTitle, "Type 26: the cable is out");
+  for (int i = 0; i < 5; ++i) type(kHeld);
+  type(0);
+  AwaitText(kTitle, "Type 26: connected");
+}
+
 TEST_F(BenchTest, EveryLetterLeadsToOneControl) {
   StartBench();
   for (const bool isPaused : {false, true}) {
