@@ -421,7 +421,7 @@ class OtherProcess {
     handle = process.hProcess;
   }
   ~OtherProcess() {
-    Kill();
+    if (!hasEnded) Kill();
     CloseHandle(handle);
   }
   OtherProcess(const OtherProcess&) = delete;
@@ -433,7 +433,8 @@ class OtherProcess {
   }
   // Its exit code, when it has ended by itself.
   DWORD Ended() {
-    EXPECT_EQ(WaitForSingleObject(handle, 60'000), WAIT_OBJECT_0);
+    hasEnded = WaitForSingleObject(handle, 60'000) == WAIT_OBJECT_0;
+    EXPECT_TRUE(hasEnded);
     DWORD code = STILL_ACTIVE;
     GetExitCodeProcess(handle, &code);
     return code;
@@ -441,7 +442,18 @@ class OtherProcess {
 
  private:
   HANDLE handle = nullptr;
+  bool hasEnded = false;  // by itself
 };
+
+// Of a process that has ended. Wine may tell that of a 32-bit one while its libraries still end,
+// and whoever ends it then ends them, too.
+Trace EndedTraceIn(const std::filesystem::path& file, std::size_t leastCalls) {
+  Until([&] {
+    const Trace trace = TraceIn(file);
+    return trace.calls.size() + trace.lost >= leastCalls;
+  });
+  return TraceIn(file);
+}
 
 TEST_F(TracedLibrary, LeavesATraceThatCanBeReadWhenItsProcessIsKilled) {
   PutOver(Simulated());
@@ -462,8 +474,8 @@ TEST_F(TracedLibrary, HasTheLastCallWhenItsProcessEnds) {
   PutOver(Fake("fake_only_opens"));
   for (int round = 0; round < 5; ++round) {
     EXPECT_EQ(OtherProcess(Tracing(), "1500").Ended(), 0U);
-    const Trace trace = TraceIn(File());
-    EXPECT_EQ(trace.calls.size(), 1500U);
+    const Trace trace = EndedTraceIn(File(), 1500);
+    ASSERT_EQ(trace.calls.size(), 1500U);
     EXPECT_EQ(trace.calls.back().call.number, 1000U + 1499);
   }
 }
@@ -473,7 +485,7 @@ TEST_F(TracedLibrary, LeavesTheTraceOfAnotherProcessAlone) {
   const OtherProcess process(Tracing(), "forever");
   EXPECT_TRUE(Until([&] { return BytesOf(File()).find("\n100 ") != std::string::npos; }));
   EXPECT_EQ(OtherProcess(Tracing(), "1500").Ended(), 0U);
-  EXPECT_EQ(TraceIn(temporary.Path() / "DEVLNK.trace.txt").calls.size(), 1500U);
+  EXPECT_EQ(EndedTraceIn(temporary.Path() / "DEVLNK.trace.txt", 1500).calls.size(), 1500U);
   EXPECT_GE(TraceIn(File()).calls.size(), 99U);
 }
 
@@ -482,7 +494,7 @@ TEST_F(TracedLibrary, LetsAProcessEndWhileOtherThreadsMakeCalls) {
   PutOver(Fake("fake_only_opens"));
   for (int round = 0; round < 20; ++round) {
     EXPECT_EQ(OtherProcess(Tracing(), "threads").Ended(), 0U);
-    const Trace trace = TraceIn(File());
+    const Trace trace = EndedTraceIn(File(), 1500);
     EXPECT_GE(trace.calls.size() + trace.lost, 1500U);
   }
 }
