@@ -248,7 +248,7 @@ Function SettleFolder
 FunctionEnd
 
 ; In the folder lie files of somebody else, which the installer might replace and the uninstaller remove.
-; What was installed there before is its own, and a DEVLNK.dll is no hindrance.
+; What was installed there before is its own, and a DEVLNK.dll is no hindrance, nor what tracing left beside it.
 !macro _IsForeign _a _b _t _f
   !insertmacro _LOGICLIB_TEMP
   Call IsForeign
@@ -269,8 +269,10 @@ Function IsForeign
     ${DoUntil} ${Errors}
       ${If} $2 != "."
       ${AndIf} $2 != ".."
-      ${AndIf} $2 != "DEVLNK.dll"
-        StrCpy $0 1
+        StrCpy $2 $2 7
+        ${If} $2 != "DEVLNK."
+          StrCpy $0 1
+        ${EndIf}
       ${EndIf}
       FindNext $1 $2
     ${Loop}
