@@ -147,7 +147,9 @@ void BenchProcess::Rescale(int dpi, RECT place) {
 
 // Wine starts the display's own tool like a program of its own, but tells nothing of its end.
 void BenchProcess::TypeKeys(const std::vector<std::string>& keys) {
-  // Those before may still hold one that would change what these mean.
+  // Those before may still hold one that would change what these mean. What a program has asked of
+  // the keys Wine tells it again for 50 ms.
+  Sleep(60);
   for (const int held : {VK_CONTROL, VK_MENU, VK_SHIFT}) {
     Await("key that is let go", [held] { return GetAsyncKeyState(held) >= 0; });
   }
@@ -304,7 +306,12 @@ std::string BenchTest::SavedLog() {
 }
 
 void BenchTest::AwaitText(control::Id id, const std::string& text) {
-  Await(text.c_str(), [&] { return bench->Text(id) == text; });
+  std::string seen;
+  try {
+    Await(text.c_str(), [&] { return (seen = bench->Text(id)) == text; });
+  } catch (const std::runtime_error& error) {
+    throw std::runtime_error(std::string(error.what()) + ", but " + seen);
+  }
 }
 
 }  // namespace panelora::boxbench::testing
