@@ -311,7 +311,7 @@ void PanelProcess::Command(int dialog, int control) {
 
 void PanelProcess::PostKey(HWND window, WPARAM key) {
   Post(window, WM_KEYDOWN, key, 1);
-  Post(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+  PostMessageA(window, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));  // the press may close it
 }
 
 // Wine starts the display's own tool like a program of its own, but tells nothing of it afterwards
